@@ -1,0 +1,112 @@
+#include "base/file_io.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+
+namespace ruvo {
+namespace fs = std::filesystem;
+
+namespace {
+// Closes a descriptor on every way out.
+struct Descriptor {
+  int fd;
+  ~Descriptor() {
+    if (fd >= 0) ::close(fd);
+  }
+};
+}  // namespace
+
+std::optional<std::vector<std::uint8_t>> readWholeFile(const fs::path& path, std::int64_t limit) {
+  // Not blocking, so that a named pipe in place of a file can not hang the program.
+  const Descriptor file{::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)};
+  struct stat info {};
+  if (file.fd < 0 || ::fstat(file.fd, &info) != 0 || !S_ISREG(info.st_mode) || info.st_size > limit) return std::nullopt;
+  std::vector<std::uint8_t> bytes(static_cast<std::size_t>(info.st_size));
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t got = ::read(file.fd, bytes.data() + done, bytes.size() - done);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return std::nullopt;
+    if (got == 0) break;  // The file became shorter while it was read.
+    done += static_cast<std::size_t>(got);
+  }
+  bytes.resize(done);
+  return bytes;
+}
+
+FileReplacement::FileReplacement(fs::path target) : target_(std::move(target)) {
+  // A link is followed, so that saving through it changes the file and not the link.
+  std::error_code error;
+  if (fs::is_symlink(target_, error)) {
+    const fs::path real = fs::weakly_canonical(target_, error);
+    if (!error) target_ = real;
+  }
+  std::string pattern = (target_.parent_path() / ".ruvo-XXXXXX").string();
+  descriptor_ = ::mkostemp(pattern.data(), O_CLOEXEC);
+  if (descriptor_ < 0) {
+    fail("create");
+    return;
+  }
+  temporary_ = pattern;
+  ok_ = true;
+  struct stat old {};
+  if (::stat(target_.c_str(), &old) == 0) {
+    ok_ = ::fchmod(descriptor_, old.st_mode & 07777) == 0 || errno == EPERM;
+  } else {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    ::fchmod(descriptor_, 0666 & ~mask);
+  }
+}
+
+FileReplacement::~FileReplacement() {
+  if (descriptor_ >= 0) ::close(descriptor_);
+  if (!committed_ && !temporary_.empty()) ::unlink(temporary_.c_str());
+}
+
+void FileReplacement::fail(const char* step) {
+  if (reason_.empty()) reason_ = std::string(step) + ": " + std::strerror(errno);
+  ok_ = false;
+}
+
+bool FileReplacement::write(std::span<const std::uint8_t> bytes) {
+  while (ok_ && !bytes.empty()) {
+    const ssize_t put = ::write(descriptor_, bytes.data(), bytes.size());
+    if (put < 0 && errno == EINTR) continue;
+    if (put < 0) {
+      fail("write");
+    } else {
+      bytes = bytes.subspan(static_cast<std::size_t>(put));
+    }
+  }
+  return ok_;
+}
+
+bool FileReplacement::commit() {
+  if (!ok_) return false;
+  const int descriptor = descriptor_;
+  descriptor_ = -1;
+  if (::close(descriptor) != 0) {
+    fail("close");
+  } else if (::rename(temporary_.c_str(), target_.c_str()) != 0) {
+    fail("rename");
+  } else {
+    committed_ = true;
+  }
+  return committed_;
+}
+
+bool replaceFile(const fs::path& target, std::span<const std::uint8_t> bytes, std::string* reason) {
+  FileReplacement file(target);
+  file.write(bytes);
+  const bool done = file.commit();
+  if (!done && reason) *reason = file.reason();
+  return done;
+}
+
+}  // namespace ruvo

@@ -1,0 +1,118 @@
+// The painting control: shows its DIB at a whole magnification inside a scrolled view, turns the mouse into drawing by
+// CanvasOp, and tells its host what happened by signals. The host never draws. All display arithmetic is in device pixels.
+//
+// This class is the window side only (events in, pixels out, child controls); state, layout, tools and drawing live in
+// CanvasCore, which knows no window.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "canvas/engine/canvas_settings.h"
+#include "image/clsDIB.h"
+
+class QScrollBar;
+
+namespace ruvo {
+
+class CanvasCore;
+
+class ucCanvas : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ucCanvas(QWidget* parent = nullptr);
+  ~ucCanvas() override;
+
+  // The picture at real size, 32 bits. Hosts may remake it; then call CanvasResize.
+  clsDIB& DIB();
+  const clsDIB& DIB() const;
+  // What custom tools use: loaded brush, pattern and stamp with their masks.
+  clsDIB& DIBCustomBrush();
+  clsDIB& DIBCustomBrushMask();
+  clsDIB& DIBCustomPattern();
+  clsDIB& DIBStamp();
+  clsDIB& DIBStampMask();
+  bool CustomBrushPresent() const;
+  bool CustomPatternPresent() const;
+  bool StampPresent() const;
+
+  // Properties whose write only stores.
+  CanvasSettings& settings();
+  const CanvasSettings& settings() const;
+
+  // Properties whose write acts at once.
+  int CanvasOp() const;
+  void setCanvasOp(int op);  // 0 paint to 18 none
+  int CanvasScreenMode() const;
+  void setCanvasScreenMode(int mode);  // 0 viewer, else editor
+  int PolygonDrawMethod() const;
+  void setPolygonDrawMethod(int method);
+  void setCanvasBackColor(const QColor& color);
+  bool SuspendCanvasResizeByEdgeDragging() const;
+  void setSuspendCanvasResizeByEdgeDragging(bool suspend);
+  void setToShowPixelRGB(bool show);
+
+  bool PolygonInProgress() const;
+  bool BezierInProgress() const;
+  // A region marquee exists / a paste floats / text is being placed. False until the region tools are built.
+  bool RegionMoveReady() const;
+  bool PasteOn() const;
+  bool PasteOnText() const;
+  // Ends what floats into the DIB; true when something did.
+  bool commitFloating();
+  // Takes the floating picture away without a trace.
+  void dropFloating();
+  void BezierAbort();  // ends an open Bezier curve without drawing
+
+  // Members.
+  void CanvasResize();
+  void CanvasPicPaint();
+  void CanvasCleanse();
+  void GetScrollValues(int& x, int& y) const;
+  void SetScrollValues(int x, int y, bool repaint = true, bool syncBars = true);
+  void GetScrollMaxInfo(int& x, int& y) const;
+  void GetScrollBarVisibilityInfo(bool& horizontal, bool& vertical) const;
+  bool HasScrollBarVisible() const;
+  void GetCurrentGrossImageSize(int& width, int& height) const;
+  void GetPicdispStartPos(int& left, int& top) const;
+  void GetVisibleStartInfo(int& x, int& y) const;
+  void GetVisibleInfo(int& x1, int& y1, int& x2, int& y2) const;
+  void ShowLoadingMsg();
+  void RemoveLoadingMsg();
+  void AdjustRegionDispPosition_After_FormMax();
+  void updateGlass();  // redraws the magnifying glass if it is out
+
+ Q_SIGNALS:
+  void doLoadFileByDragDrop(const QString& path);
+  void NotifyScroll();
+  void NotifyClickData(int button, ruvo::Colour colour, int x, int y);  // button 1 left, 2 right
+  void NotifyRightClickOnPastedText();
+  void NotifyRegionMoved();
+  // A drawing has just landed in DIB; in spite of the name it comes after the change.
+  void NotifyToPrepareUndo();
+  void NotifyDragResize(bool sizeChanged);
+  void NotifyDragResizeProforma(int width, int height);
+  void NotifyCancelGlassOp();
+  void NotifyRegionStatus();
+  void NotifyPolygonCrop();
+  void NotifyBezierStatus();
+  void NotifyCanvasMouseClick();
+  void NotifyCanvasMouseMove();
+  void MonitorXYdata(int x, int y);
+  void NoStamp();
+  void DispPointOfClick(int x, int y, ruvo::Colour colour);
+  void DispMeasureRectangle(int x1, int y1, int width, int height);
+  void DispMeasureLine(int x1, int y1, int x2, int y2, double angle);
+  void DispMeasureArc(int x1, int y1, int x2, int y2, int cx, int cy, double radius);
+  void DispMeasureOval(int x, int y, double measure, int width, int height);
+  void DispMeasureClear();
+  void DIBProgress(int percent);
+  void DIBProgressEnd();
+
+ private:
+  struct Private;
+  std::unique_ptr<Private> d_;
+};
+
+}  // namespace ruvo

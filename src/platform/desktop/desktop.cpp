@@ -1,0 +1,126 @@
+#include "platform/desktop/desktop.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QColorDialog>
+#include <QDesktopServices>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QUrl>
+
+#include "base/program_title.h"
+
+namespace ruvo::desktop {
+namespace {
+
+// "Name (*.a;*.b)|*.a;*.b|..." as a list of Qt's "Name (*.a *.b)". Extensions match in any case.
+QStringList qtFilters(const QString& classic) {
+  const QStringList parts = classic.split('|');
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    QStringList patterns;
+    for (const QString& pattern : parts[i + 1].split(';', Qt::SkipEmptyParts)) {
+      patterns << pattern.trimmed();
+      if (pattern != pattern.toUpper()) patterns << pattern.trimmed().toUpper();
+    }
+    QString name = parts[i].section('(', 0, 0).trimmed();
+    if (name.isEmpty()) name = parts[i + 1].simplified().replace(';', ' ');
+    filters << name + " (" + patterns.join(' ') + ')';
+  }
+  return filters;
+}
+
+QMessageBox::Icon qtIcon(Icon icon) {
+  switch (icon) {
+    case Icon::Information: return QMessageBox::Information;
+    case Icon::Exclamation: return QMessageBox::Warning;
+    case Icon::Critical: return QMessageBox::Critical;
+    case Icon::Question: return QMessageBox::Question;
+    case Icon::None: break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+class QtDesktop : public Desktop {
+ public:
+  Answer message(QWidget* parent, const QString& text, Icon icon, Buttons buttons) override {
+    QMessageBox box(qtIcon(icon), kProgramTitle, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    // Above the splash, which stays on top of ordinary windows.
+    box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    box.setStandardButtons(buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes);
+    if (buttons == Buttons::YesNo) box.setEscapeButton(QMessageBox::No);
+    const int pressed = box.exec();
+    if (buttons == Buttons::Ok) return Answer::Ok;
+    return pressed == QMessageBox::Yes ? Answer::Yes : Answer::No;
+  }
+
+  QString openFile(QWidget* parent, const QString& title, const QString& folder, const QString& filter) override {
+    return QFileDialog::getOpenFileName(parent, title, folder, qtFilters(filter).join(";;"));
+  }
+
+  QString saveFile(QWidget* parent, const QString& title, const QString& proposed, const QString& filter,
+                   const QString& defaultExtension) override {
+    QFileDialog dialog(parent, title, QFileInfo(proposed).path());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(qtFilters(filter));
+    dialog.setDefaultSuffix(defaultExtension);
+    dialog.selectFile(QFileInfo(proposed).fileName());
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+  }
+
+  QString pickFolder(QWidget* parent, const QString& title, const QString& folder) override {
+    return QFileDialog::getExistingDirectory(parent, title, folder);
+  }
+
+  std::optional<QColor> pickColor(QWidget* parent, const QColor& current) override {
+    const QColor picked = QColorDialog::getColor(current, parent);
+    return picked.isValid() ? std::optional(picked) : std::nullopt;
+  }
+
+  bool clipboardHasPicture() override {
+    const QMimeData* data = QApplication::clipboard()->mimeData();
+    return data && data->hasImage();
+  }
+
+  std::int64_t freeRamKb() override {
+    QFile file("/proc/meminfo");
+    if (!file.open(QIODevice::ReadOnly)) return INT64_MAX;
+    static const QRegularExpression pattern("MemAvailable:\\s*(\\d+) kB");
+    const auto match = pattern.match(QString::fromLatin1(file.readAll()));
+    return match.hasMatch() ? match.captured(1).toLongLong() : INT64_MAX;
+  }
+
+  int screenBitsPerPixel() override {
+    const QScreen* screen = QApplication::primaryScreen();
+    const int depth = screen ? screen->depth() : 32;
+    return depth >= 24 ? 32 : depth;
+  }
+
+  bool open(const QString& fileOrAddress) override {
+    return QDesktopServices::openUrl(QUrl::fromUserInput(fileOrAddress));
+  }
+};
+
+Desktop* installed = nullptr;
+
+}  // namespace
+
+Desktop& desktop() {
+  static QtDesktop real;
+  return installed ? *installed : real;
+}
+
+Desktop* setDesktop(Desktop* replacement) {
+  Desktop* before = installed;
+  installed = replacement;
+  return before;
+}
+
+}  // namespace ruvo::desktop
