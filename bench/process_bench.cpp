@@ -1,0 +1,112 @@
+// Figures of the whole program as a process: start to shown window against an empty Qt MDI window, in turn and as a ratio
+// of medians, and the memory that stays resident with a 24-megapixel picture open.
+//
+//   process_bench BIN_FOLDER
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "image/clsDIB.h"
+
+namespace {
+using Clock = std::chrono::steady_clock;
+
+pid_t start(const std::vector<std::string>& command) {
+  const pid_t child = ::fork();
+  if (child != 0) return child;
+  const int sink = ::open("/dev/null", O_WRONLY);
+  ::dup2(sink, 1);
+  ::dup2(sink, 2);
+  std::vector<char*> arguments;
+  for (const auto& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
+  arguments.push_back(nullptr);
+  ::execv(arguments[0], arguments.data());
+  ::_exit(127);
+}
+
+double secondsOf(const std::vector<std::string>& command) {
+  const auto begin = Clock::now();
+  const pid_t child = start(command);
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+    std::fprintf(stderr, "%s failed\n", command[0].c_str());
+    std::exit(1);
+  }
+  return std::chrono::duration<double>(Clock::now() - begin).count();
+}
+
+double median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  return values[values.size() / 2];
+}
+
+double residentMegabytes(pid_t process) {
+  std::ifstream statm("/proc/" + std::to_string(process) + "/statm");
+  long total = 0, resident = 0;
+  statm >> total >> resident;
+  return static_cast<double>(resident) * static_cast<double>(::sysconf(_SC_PAGESIZE)) / 1e6;
+}
+
+// Resident size once it has stayed the same for a second.
+double settledMegabytes(const std::vector<std::string>& command) {
+  const pid_t child = start(command);
+  double last = -1;
+  int same = 0;
+  for (int i = 0; i < 300 && same < 10; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    const double now = residentMegabytes(child);
+    same = i > 20 && now == last ? same + 1 : 0;
+    last = now;
+  }
+  ::kill(child, SIGKILL);
+  ::waitpid(child, nullptr, 0);
+  return last;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: process_bench BIN_FOLDER\n");
+    return 2;
+  }
+  const std::string folder = argv[1];
+  std::string pattern = (std::filesystem::temp_directory_path() / "ruvo-bench-XXXXXX").string();
+  const std::filesystem::path scratch = ::mkdtemp(pattern.data());
+  ::setenv("RUVO_PROGRAM_FOLDER", scratch.c_str(), 1);
+  ::setenv("HOME", scratch.c_str(), 1);
+  ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
+
+  std::vector<double> ours, peer;
+  for (int i = 0; i < 16; ++i) {
+    const double a = secondsOf({folder + "/ruvopaint", "--exit-when-shown"});
+    const double b = secondsOf({folder + "/empty_mdi"});
+    if (i == 0) continue;  // warms the caches
+    ours.push_back(a);
+    peer.push_back(b);
+  }
+  std::printf("start to shown window:   ours %6.1f ms   empty Qt MDI window %6.1f ms   ratio %.2f\n", median(ours) * 1e3,
+              median(peer) * 1e3, median(ours) / median(peer));
+
+  ruvo::clsDIB picture;
+  picture.CreateBlankDIB(6000, 4000, 32, ruvo::rgb(90, 140, 200));
+  const auto file = scratch / "24-megapixels.bmp";
+  picture.Save_DIB_To_File(file, picture);
+  picture.ClearUp();
+  const double pixels = 6000.0 * 4000 * 4 / 1e6;
+  const double resident = settledMegabytes({folder + "/ruvopaint", "--no-splash", file.string()});
+  std::printf("resident, 24 megapixels: %.0f MB for %.0f MB of pixels   ratio %.2f\n", resident, pixels, resident / pixels);
+  std::filesystem::remove_all(scratch);
+  return 0;
+}
