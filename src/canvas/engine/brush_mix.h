@@ -1,0 +1,53 @@
+// How drawing tools write a pixel: covering or mixing, and what becomes of byte 3.
+#pragma once
+
+#include <array>
+
+#include "base/colour.h"
+#include "base/rounding.h"
+#include "image/clsDIB.h"
+
+namespace ruvo::brush {
+
+// Share of the new colour. f and g are 32-bit floats; products and sum are made in double and rounded once.
+struct Share {
+  float f = 1;
+  float g = 0;
+
+  Share() = default;
+  explicit Share(int percent) : f(static_cast<float>(percent / 100.0)), g(1.0f - f) {}
+  std::uint8_t of(int over, int below) const {
+    return clampToByte(roundToInt(static_cast<double>(f) * over + static_cast<double>(g) * below));
+  }
+};
+
+// Byte 3 of every pixel that a tool writes.
+inline std::uint8_t writtenAlpha(const clsDIB& picture) {
+  return picture.DIBhasAlpha() ? 255 : 0;
+}
+
+// The colour that a person sees for a pixel with alpha: over white, in whole percents.
+Pixel32 overWhite(Pixel32 pixel);
+inline Pixel32 seen(const clsDIB& picture, Pixel32 pixel) {
+  return picture.DIBhasAlpha() ? overWhite(pixel) : pixel;
+}
+
+// One colour laid over any pixel at a fixed percent, by table.
+class ColourMix {
+ public:
+  ColourMix() = default;
+  // percent is taken within 0 to 100.
+  ColourMix(Colour colour, int percent, std::uint8_t alpha);
+  bool covers() const { return covers_; }
+  Pixel32 ink() const { return ink_; }
+  Pixel32 over(Pixel32 below) const { return {blue_[below.blue], green_[below.green], red_[below.red], ink_.alpha}; }
+
+ private:
+  Pixel32 ink_;
+  bool covers_ = true;
+  std::array<std::uint8_t, 256> blue_{};
+  std::array<std::uint8_t, 256> green_{};
+  std::array<std::uint8_t, 256> red_{};
+};
+
+}  // namespace ruvo::brush
