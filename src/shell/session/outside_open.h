@@ -1,0 +1,51 @@
+// Files that come from outside: named on the command line, or handed over by a second start. They wait in a queue until
+// the program is ready for them.
+#pragma once
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace ruvo {
+
+// A path argument as it is handed on: without double quotes, absolute. One of 4 characters or less stays as it is,
+// since it is not opened (and would be if it grew).
+std::string outsidePathFromArgument(std::string_view argument, const std::filesystem::path& currentFolder);
+
+// The file that a text from outside asks to open: quotes removed, at least 5 characters, existing, of an openable kind.
+// Nothing otherwise; nobody is told.
+std::optional<std::filesystem::path> fileFromOutside(std::string_view text);
+
+// What opening needs of the main window.
+struct OutsideHost {
+  std::function<bool()> busy;  // a modal dialog is up or a command runs: everything waits
+  std::function<void()> unloadToolWindows;
+  std::function<bool()> anyDocumentOpen;
+  std::function<bool()> sdiOnly;
+  std::function<void(const std::filesystem::path&)> openInNewWindow;
+  // Asks first when there are changes.
+  std::function<void(const std::filesystem::path&)> openInActiveDocument;
+};
+
+class OutsideOpener {
+ public:
+  explicit OutsideOpener(OutsideHost host) : host_(std::move(host)) {}
+
+  // Every text acts, equal to the one before or not. An empty one is dropped.
+  void push(std::string text);
+  bool waiting() const { return !queue_.empty(); }
+  // Opens what waits, in order, until the host is busy. Safe to call from within an opening.
+  void run();
+
+ private:
+  void open(const std::string& text);
+
+  OutsideHost host_;
+  std::deque<std::string> queue_;
+  bool running_ = false;
+};
+
+}  // namespace ruvo
