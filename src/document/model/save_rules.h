@@ -1,11 +1,8 @@
-// The Save As commands: their formats, proposed names and refusals, and the writing of a picture in each of them.
+// The Save As commands: their formats, proposed names and refusals.
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <string_view>
-
-#include "image/clsDIB.h"
 
 namespace ruvo {
 
@@ -37,17 +34,5 @@ std::string proposedName(const std::string& recordName, std::string_view extensi
 inline constexpr const char* kSaveFailed = "Failed to save this file.";
 inline constexpr const char* kFileReadOnly = "File is read only.";
 inline constexpr const char* kPngNeedsImaging = "GDIplus.dll not found.  Please select to save with Options Panel.";
-
-// A copy of a picture at another size, resampled by the imaging service when that is usable. False for lack of memory.
-bool resizedCopy(const clsDIB& picture, int width, int height, clsDIB& copy);
-// A copy with its alpha composed over white, as it is shown.
-bool flattenedCopy(const clsDIB& picture, clsDIB& copy);
-
-// Reduces a picture in place to at most 256 colours with diffusion; one that has no more stays as it is. Alpha is first
-// composed over white.
-bool reduceTo256(clsDIB& picture);
-
-// Writes the file whole or not at all. Never changes `picture`. `bits` receives the depth written.
-bool writePicture(const clsDIB& picture, const SaveItem& item, const std::filesystem::path& file, int& bits);
 
 }  // namespace ruvo
