@@ -57,6 +57,11 @@ void CanvasCore::setToShowPixelRGB(bool show) {
   if (!show) window_.setToolTip("");
 }
 
+void CanvasCore::setPolygonDrawMethod(int method) {
+  polygonDrawMethod_ = method;
+  if (toolInProgress(kPolygonOp)) tool()->abort(*this);
+}
+
 bool CanvasCore::toolInProgress(int op) const { return op_ == op && tool() && tool()->inProgress(); }
 
 // --- Layout and painting ---------------------------------------------------------------------------------------------------
@@ -79,6 +84,11 @@ void CanvasCore::layoutView() {
   view_.layout(in);
   edgeDrag_.place(view_.picDisp, client_, scale_);
   renderer_.pictureChanged();
+}
+
+Size CanvasCore::grossSize() const {
+  if (settings.FitInView) return view_.displaySize();
+  return {bitmaps.DIB.DIBWidth() * settings.Magnify, bitmaps.DIB.DIBHeight() * settings.Magnify};
 }
 
 void CanvasCore::CanvasResize() {
@@ -179,6 +189,16 @@ void CanvasCore::resetStroke() {
 void CanvasCore::finishStroke() {
   if (tool()) tool()->abort(*this);
   heldButton_ = MouseButton::None;
+}
+
+bool CanvasCore::commitFloating() {
+  finishStroke();
+  // The float is composed into DIB all the while, so letting it land is letting it go.
+  const bool floated = floats();
+  bitmaps.DIBsnap.ClearUp();
+  bitmaps.DIBregion.ClearUp();
+  bitmaps.DIBmask.ClearUp();
+  return floated;
 }
 
 void CanvasCore::dropStroke() { resetStroke(); }

@@ -14,6 +14,10 @@ namespace ruvo {
 
 struct ToolRow;
 
+// Tools that the canvas itself must know.
+inline constexpr int kPolygonOp = 3;
+inline constexpr int kBezierOp = 6;
+inline constexpr int kGlassOp = 17;
 inline constexpr int kScrollOp = 18;  // no tool: scroll mode
 
 class CanvasCore final : private ToolContext {
@@ -40,7 +44,11 @@ class CanvasCore final : private ToolContext {
   bool SuspendCanvasResizeByEdgeDragging() const { return edgesSuspended_; }
   void setSuspendCanvasResizeByEdgeDragging(bool suspend);
   void setToShowPixelRGB(bool show);
+  int PolygonDrawMethod() const { return polygonDrawMethod_; }
+  void setPolygonDrawMethod(int method);  // ends a polygon being built
   bool toolInProgress(int op) const;
+  // Pixels float above the picture.
+  bool floats() const { return !bitmaps.DIBregion.empty(); }
 
   // --- Members ---------------------------------------------------------------------------------------------------------
   // Size of the control, thickness of its bars (width of the vertical, height of the horizontal one), and how many times
@@ -50,6 +58,9 @@ class CanvasCore final : private ToolContext {
   void CanvasPicPaint();
   void CanvasCleanse();
   void SetScrollValues(int x, int y, bool repaint, bool syncBars);
+  Size grossSize() const;  // by the present settings
+  // Lets what floats land in DIB; true when something did. A stroke under way ends first, with its own event.
+  bool commitFloating();
   // Ends the stroke under way as if the button had been let go.
   void finishStroke();
   // Forgets the stroke under way; what it has painted stays for the host to take back.
@@ -110,6 +121,7 @@ class CanvasCore final : private ToolContext {
   int scale_ = 1;
   int op_ = kScrollOp;
   int screenMode_ = 0;
+  int polygonDrawMethod_ = 0;
   bool edgesSuspended_ = false;
   bool showPixelRgb_ = false;
   bool backgroundPressed_ = false;

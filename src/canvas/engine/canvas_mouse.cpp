@@ -74,7 +74,7 @@ void CanvasCore::mouseLeave() {
 void CanvasCore::leavePicture() {
   wipeXYlines();
   if (showPixelRgb_ && row().pixelReadout) window_.setToolTip("");
-  if (op_ != 17) window_.setCursor(CursorWord::Arrow);
+  if (op_ != kGlassOp) window_.setCursor(CursorWord::Arrow);
   if (op_ == kScrollOp && settings.ToNotifyCanvasMouseMove && scalars.MouseOver) events.NotifyCanvasMouseMove();
   scalars.MouseOver = false;
 }
