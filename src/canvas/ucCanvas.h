@@ -19,6 +19,8 @@ class ucCanvas : public QWidget {
   Q_OBJECT
 
  public:
+  struct Private;  // shared with the child controls
+
   explicit ucCanvas(QWidget* parent = nullptr);
   ~ucCanvas() override;
 
@@ -120,7 +122,6 @@ class ucCanvas : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
-  struct Private;
   std::unique_ptr<Private> d_;
 };
 
