@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "base/colour.h"
@@ -27,8 +28,9 @@ class clsPalDither;
 class clsDIB {
  public:
   clsDIB() = default;
-  clsDIB(clsDIB&&) noexcept = default;
-  clsDIB& operator=(clsDIB&&) noexcept = default;
+  // The one moved from is empty afterwards.
+  clsDIB(clsDIB&& other) noexcept;
+  clsDIB& operator=(clsDIB&& other) noexcept;
 
   // --- What the surface is -------------------------------------------------------------------------------------------
   bool empty() const { return surface_.empty(); }
@@ -58,12 +60,13 @@ class clsDIB {
   // keep the depth asked for. False leaves the instance empty.
   bool CreateBlankDIB(int Width, int Height, int Bpp, Colour BackColor, bool BottomUp = false, bool Force32 = false);
   // From a loaded bitmap; false for a null picture or a metafile that was not drawn yet. Force32Bit true gives 32 bits,
-  // false the picture's own depth with its table. Alpha is not taken.
+  // false the picture's own depth with its table. Byte 3 of a 32-bit bitmap is copied; DIBhasAlpha stays false.
   bool CreateDIBFromPic(const imaging::Picture& Picture, bool Force32Bit);
   // Takes over a loaded surface with no copy (a loader's result that becomes a picture).
   void adopt(raster::Surface&& surface, bool hasAlpha);
   // Reads a BMP file at its own depth (16-bit files as 24). 32-bit files set DIBhasAlpha when any alpha byte is not
-  // zero. FlipVertical turns a picture without alpha upside down. False for anything that is not a whole BMP.
+  // zero. FlipVertical turns a picture without alpha upside down. False, leaving the instance empty, for anything that is
+  // not a whole BMP (imaging::readBmpFile also gives what there is of a truncated one).
   bool CreateDIBFromFile(const std::filesystem::path& FileName, bool FlipVertical = false);
   // Reads .bmp, .gif, .jpg, .jpeg through the platform's picture loader into Bpp 24 or 32 (anything else is 32);
   // Straight false turns the picture upside down.
@@ -72,7 +75,8 @@ class clsDIB {
   // any other mask byte makes the pixel FF FF FF FF. The arrays hold width x height elements.
   static void Post_Icon_Arrays_To_DIB(clsDIB& Dib, std::span<const Colour> ColourArray,
                                       std::span<const std::uint8_t> MaskArray, std::span<const std::uint8_t> AlphaArray);
-  // A blank Dst of Src's size and depth with its table and bits.
+  // A Dst of Src's size and depth with its table, its bits as they lie in memory and its DIBhasAlpha. False for an empty
+  // Src, with Dst as it was.
   static bool CloneDIB(const clsDIB& Src, clsDIB& Dst, Colour BackColor, bool BottomUp);
   // Back to empty; the memory is released at once.
   void ClearUp();
@@ -156,12 +160,14 @@ class clsDIB {
   // --- Files -----------------------------------------------------------------------------------------------------------
   // Writes a BMP: 32 bits when this object is a 32-bit one with alpha, else 24. The size field of the file header leaves
   // the 14 bytes of that header out; readers of older versions expect it so. The file is replaced whole; false, with the
-  // old file as it was, when it can not be written.
-  bool Save_DIB_To_File(const std::filesystem::path& FileName, const clsDIB& Dib) const;
-  // Writes a BMP at Bpp 1, 4, 8 (rows from Dither, table from Pal) or 24 (rows from Dib).
+  // old file as it was, when it can not be written; `reason` then says why in the system's words.
+  bool Save_DIB_To_File(const std::filesystem::path& FileName, const clsDIB& Dib, std::string* reason = nullptr) const;
+  // Writes a BMP at Bpp 1, 4, 8 (rows from Dither, which must be of Dib's size and that depth, table from Pal) or 24 (rows
+  // from Dib). Here the size field counts every byte.
   static bool Save_DIB_To_File_Paletted(const std::filesystem::path& FileName, const clsDIB& Dib, const clsPal& Pal,
-                                        const clsPalDither& Dither, int Bpp);
-  // Src reduced to at most 256 colours as an 8-bit Dst, by way of "tmpGIFPal.bmp" in `tempFolder`.
+                                        const clsPalDither& Dither, int Bpp, std::string* reason = nullptr);
+  // Src reduced to at most 256 colours as an 8-bit Dst, by way of "tmpGIFPal.bmp" in `tempFolder`. A picture that has no
+  // more keeps its colours exactly; otherwise Src too becomes the dithered picture. Pal and Dither hold table and rows.
   static bool ConvertDIB_To_DIB8BPP(clsDIB& Src, clsDIB& Dst, clsPal& Pal, clsPalDither& Dither,
                                     const std::filesystem::path& tempFolder);
 

@@ -1,0 +1,28 @@
+#include <algorithm>
+
+#include "image/clsPal.h"
+#include "image/octree.h"
+#include "image/row_reader.h"
+
+namespace ruvo {
+
+void clsPal::CreateOptimal(const clsDIB& Dib, int Colours, int Depth) {
+  ClearUp();
+  if (Dib.empty()) return;
+  Octree tree(std::clamp(Colours, 1, kMostEntries), std::clamp(Depth, 2, 8));
+  RowReader reader(Dib.surface());
+  const int lastRow = Dib.DIBHeight() - 1;
+  for (int y = 0; y <= lastRow; ++y) {
+    const Pixel32* row = reader.pixels(y);
+    for (int x = 0; x < Dib.DIBWidth(); ++x) tree.add(row[x].colour());
+    if (cPAL_Progress) cPAL_Progress(lastRow == 0 ? 100 : static_cast<int>(100LL * y / lastRow));
+  }
+  if (cPAL_ProgressEnd) cPAL_ProgressEnd();
+  for (const Colour c : tree.leafColours()) {
+    if (maxCount_ < kMostEntries) append(c);
+  }
+  rebuildMatch();
+  if (cPAL_ProgressEnd) cPAL_ProgressEnd();
+}
+
+}  // namespace ruvo
