@@ -11,8 +11,6 @@
 #include "canvas/engine/canvas_settings.h"
 #include "image/clsDIB.h"
 
-class QScrollBar;
-
 namespace ruvo {
 
 class CanvasCore;
@@ -21,6 +19,8 @@ class ucCanvas : public QWidget {
   Q_OBJECT
 
  public:
+  struct Private;  // shared with the child controls
+
   explicit ucCanvas(QWidget* parent = nullptr);
   ~ucCanvas() override;
 
@@ -52,6 +52,10 @@ class ucCanvas : public QWidget {
   bool SuspendCanvasResizeByEdgeDragging() const;
   void setSuspendCanvasResizeByEdgeDragging(bool suspend);
   void setToShowPixelRGB(bool show);
+  // A tool or the hand holds the mouse button; hosts let commands wait until it is let go.
+  bool held() const;
+  // Ends the stroke under way as if the button had been let go; NotifyToPrepareUndo comes before the return.
+  void finishStroke();
 
   bool PolygonInProgress() const;
   bool BezierInProgress() const;
@@ -109,9 +113,15 @@ class ucCanvas : public QWidget {
   void DispMeasureClear();
   void DIBProgress(int percent);
   void DIBProgressEnd();
+  // Ctrl and the wheel: steps above zero ask for a larger picture.
+  void zoomRequested(int steps);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
-  struct Private;
   std::unique_ptr<Private> d_;
 };
 

@@ -1,0 +1,132 @@
+// The canvas without its window: pictures, settings, layout, the tool in use, and what the mouse does to them. The window
+// side hands in events in device pixels of the control, paints by render(), and passes the events on to the host.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string_view>
+
+#include "canvas/engine/canvas_tool.h"
+#include "canvas/engine/edge_drag.h"
+#include "canvas/engine/view_render.h"
+
+namespace ruvo {
+
+struct ToolRow;
+
+// Tools that the canvas itself must know.
+inline constexpr int kPolygonOp = 3;
+inline constexpr int kBezierOp = 6;
+inline constexpr int kGlassOp = 17;
+inline constexpr int kScrollOp = 18;  // no tool: scroll mode
+
+class CanvasCore final : private ToolContext {
+ public:
+  CanvasCore(CanvasEvents& events, CanvasWindow& window);
+  ~CanvasCore() override;
+  CanvasCore(const CanvasCore&) = delete;
+
+  using ToolContext::bitmaps;
+  using ToolContext::settings;
+  const ViewGeometry& view() const override { return view_; }
+  bool blank() const { return bitmaps.DIB.empty(); }
+  bool Busy() const { return scalars.Busy; }
+  // A tool or the hand holds the mouse button.
+  bool held() const { return heldButton_ != MouseButton::None; }
+  // Random dots from a test's source; null gives the engines' own back.
+  void setRandomSource(RandomSource* source) { random_ = source; }
+
+  // --- Properties whose write acts -------------------------------------------------------------------------------------
+  int CanvasOp() const { return op_; }
+  void setCanvasOp(int op);  // 0 to 18, else nothing
+  int CanvasScreenMode() const { return screenMode_; }
+  void setCanvasScreenMode(int mode);
+  bool SuspendCanvasResizeByEdgeDragging() const { return edgesSuspended_; }
+  void setSuspendCanvasResizeByEdgeDragging(bool suspend);
+  void setToShowPixelRGB(bool show);
+  int PolygonDrawMethod() const { return polygonDrawMethod_; }
+  void setPolygonDrawMethod(int method);  // ends a polygon being built
+  bool toolInProgress(int op) const;
+  // Pixels float above the picture.
+  bool floats() const { return !bitmaps.DIBregion.empty(); }
+
+  // --- Members ---------------------------------------------------------------------------------------------------------
+  // Size of the control, thickness of its bars (width of the vertical, height of the horizontal one), and how many times
+  // as large as on an ordinary screen handles are.
+  void setClient(Size client, Size bars, int scale = 1);
+  void CanvasResize();
+  void CanvasPicPaint();
+  void CanvasCleanse();
+  void SetScrollValues(int x, int y, bool repaint, bool syncBars);
+  Size grossSize() const;  // by the present settings
+  // Lets what floats land in DIB; true when something did. A stroke under way ends first, with its own event.
+  bool commitFloating();
+  // Ends the stroke under way as if the button had been let go.
+  void finishStroke();
+  // Forgets the stroke under way; what it has painted stays for the host to take back.
+  void dropStroke();
+
+  // --- Mouse, in control pixels ----------------------------------------------------------------------------------------
+  void mousePress(Point at, MouseButton button, KeyModifiers keys);
+  void mouseMove(Point at, KeyModifiers keys);
+  void mouseRelease(Point at, MouseButton button, KeyModifiers keys);
+  void mouseLeave();  // the pointer left the control
+
+  // --- Resizing the canvas by its edges ----------------------------------------------------------------------------------
+  bool edgeHandlesShown() const;
+  const EdgeDrag& edgeDrag() const { return edgeDrag_; }
+  void edgePress(CanvasEdge edge, Point at);
+  void edgeMove(Point at);
+  void edgeRelease();
+
+  // --- Painting and files --------------------------------------------------------------------------------------------------
+  // Renders `area` of the display with what is drawn over the picture. See ViewRenderer::render.
+  void render(const Rect& area, RenderTarget target);
+  // A dropped file's name has one of the extensions of FileExtAllowed.
+  bool dropAllowed(std::string_view fileName) const;
+
+ private:
+  // ToolContext
+  void changed(const Rect& imageRect) override;
+  void scrollTo(int x, int y) override;
+  void setCursor(CursorWord word) override { window_.setCursor(word); }
+  std::optional<Colour> seenColour(Point image) const override;
+  void setWorking(bool working) override;
+  RandomSource* random() override { return random_; }
+
+  const ToolRow& row() const;
+  CanvasTool* tool() const { return tools_[static_cast<std::size_t>(op_)].get(); }
+  ToolPoint toolPoint(Point display, MouseButton button, KeyModifiers keys) const;
+  Point toDisplay(Point control) const { return {control.x - view_.picDisp.left, control.y - view_.picDisp.top}; }
+  void layoutView();
+  void resetStroke();
+  void repaintAll();
+  void repaintDisplay(const Rect& display);
+  bool smooth() const { return screenMode_ <= 0; }
+  void chooseCursor(Point display);
+  void showXYlines(Point display);
+  void wipeXYlines();
+  void showPixel(Point image);
+  void leavePicture();
+  bool takeNewSize(Size size, Point oldAt);
+
+  CanvasWindow& window_;
+  ViewGeometry view_;
+  ViewRenderer renderer_;
+  EdgeDrag edgeDrag_;
+  std::array<std::unique_ptr<CanvasTool>, kScrollOp + 1> tools_;
+  RandomSource* random_ = nullptr;
+  Size client_;
+  Size bars_;
+  int scale_ = 1;
+  int op_ = kScrollOp;
+  int screenMode_ = 0;
+  int polygonDrawMethod_ = 0;
+  bool edgesSuspended_ = false;
+  bool showPixelRgb_ = false;
+  bool backgroundPressed_ = false;
+  MouseButton heldButton_ = MouseButton::None;  // whose press was taken; a release acts only for it
+  Point xyLines_;
+};
+
+}  // namespace ruvo

@@ -1,0 +1,93 @@
+// The interface between the canvas and its tools. A tool sees the picture, the view arithmetic and the settings through
+// its context, and never a window.
+#pragma once
+
+#include <optional>
+
+#include "base/random_source.h"
+#include "canvas/engine/canvas_events.h"
+#include "canvas/engine/canvas_settings.h"
+#include "canvas/engine/view_geometry.h"
+#include "image/clsDIB.h"
+
+namespace ruvo {
+
+// The working pictures, all 32 bits. DIB is the picture itself: every committed change lands there.
+struct CanvasBitmaps {
+  clsDIB DIB;
+  clsDIB DIBsnap;    // the picture before a figure of several clicks
+  clsDIB DIBregion;  // floating pixels; empty again after any use as scratch
+  clsDIB DIBmask;
+  clsDIB DIBCustomBrush, DIBCustomBrushMask;
+  clsDIB DIBCustomPattern;
+  clsDIB DIBStamp, DIBStampMask;
+};
+
+// What the tools share while they work.
+struct CanvasScalars {
+  int CurX = 0, CurY = 0;  // the stroke's current image point
+  bool StrokeDown = false, EraseDown = false, HandDown = false;  // the button is held for that family of tools
+  bool Busy = false;       // the canvas changes its own bars, or a tool works: scroll and resize requests do nothing
+  bool MouseOver = false;  // the pointer is on the picture
+  bool XYlinesShown = false;
+};
+
+enum class MouseButton { None, Left, Right };
+
+struct KeyModifiers {
+  bool shift = false;
+  bool ctrl = false;
+  bool alt = false;
+};
+
+// A mouse event as a tool sees it.
+struct ToolPoint {
+  Point display;
+  Point image;  // outside the picture when the pointer is
+  MouseButton button = MouseButton::None;
+  KeyModifiers keys;
+};
+
+// What the tools share with the canvas, and what they may ask of it.
+class ToolContext {
+ public:
+  explicit ToolContext(CanvasEvents& e) : events(e) {}
+  virtual ~ToolContext() = default;
+
+  CanvasBitmaps bitmaps;
+  CanvasSettings settings;
+  CanvasScalars scalars;
+  CanvasEvents& events;
+
+  virtual const ViewGeometry& view() const = 0;
+  // Pixels of DIB changed: the part of the view that shows them is painted again.
+  virtual void changed(const Rect& imageRect) = 0;
+  // Moves the view with bars and NotifyScroll.
+  virtual void scrollTo(int x, int y) = 0;
+  virtual void setCursor(CursorWord word) = 0;
+  // The colour that is seen at an image pixel (over white where the picture is see-through); none outside.
+  virtual std::optional<Colour> seenColour(Point image) const = 0;
+  // Busy and the hourglass, for work over the whole picture.
+  virtual void setWorking(bool working) = 0;
+  // Source of random dots; null means that the engines use their own.
+  virtual RandomSource* random() = 0;
+};
+
+class CanvasTool {
+ public:
+  virtual ~CanvasTool() = default;
+  virtual void press(ToolContext&, const ToolPoint&) {}
+  // While the button is held, and always while inProgress().
+  virtual void move(ToolContext&, const ToolPoint&) {}
+  virtual void release(ToolContext&, const ToolPoint&) {}
+  // The tool is left, or the view changes under a figure in progress. A stroke under way ends as if released.
+  virtual void abort(ToolContext&) {}
+  // The picture is about to go: forget what is under way and touch nothing.
+  virtual void drop() {}
+  // A figure of several clicks has begun.
+  virtual bool inProgress() const { return false; }
+  // The pointer at a display point, when the table's word is not enough.
+  virtual CursorWord cursor(const ToolContext&, Point /*display*/, CursorWord tableWord) const { return tableWord; }
+};
+
+}  // namespace ruvo

@@ -1,0 +1,33 @@
+// The tools by their number. One row says what a tool is for the canvas; tools without a maker can be chosen and show
+// their pointer, and the mouse does nothing with them.
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include "canvas/engine/canvas_tool.h"
+
+namespace ruvo {
+
+struct ToolRow {
+  int op;
+  CursorWord cursor;
+  bool rightPress;    // a right button press reaches it
+  bool rightRelease;  // it acts when the right button is let go
+  bool crossHair;     // cross hair lines follow the pointer while no button is held
+  bool pixelReadout;  // the tool tip shows the colour under the pointer
+  std::unique_ptr<CanvasTool> (*make)();
+};
+
+const std::array<ToolRow, 19>& toolTable();
+
+std::unique_ptr<CanvasTool> makePaintTool();
+std::unique_ptr<CanvasTool> makeEraseTool();
+std::unique_ptr<CanvasTool> makeFillTool();
+std::unique_ptr<CanvasTool> makeReplaceTool();
+std::unique_ptr<CanvasTool> makeStampTool();
+std::unique_ptr<CanvasTool> makeSprayTool();
+std::unique_ptr<CanvasTool> makeColorPickerTool();
+std::unique_ptr<CanvasTool> makeScrollTool();
+
+}  // namespace ruvo

@@ -1,0 +1,68 @@
+// The inside of ucCanvas: its child controls, and the two ways between them and the core.
+#pragma once
+
+#include <QScrollBar>
+#include <QWidget>
+#include <array>
+
+#include "canvas/engine/canvas_core.h"
+#include "canvas/ucCanvas.h"
+#include "canvas/ucCanvas_View.h"
+
+namespace ruvo {
+
+struct ucCanvas::Private final : CanvasEvents, CanvasWindow {
+  explicit Private(ucCanvas& canvas);
+
+  // --- Device pixels ---------------------------------------------------------------------------------------------------
+  // Control points for the core, counted from the device pixel at which the control begins.
+  Point toDevice(QPointF logical) const;
+  Size deviceClient() const;
+  // The logical rectangle that holds device pixels.
+  QRect toLogical(const Rect& device) const;
+  void takeClient();  // hands size and bars to the core
+
+  // --- CanvasEvents: each becomes the signal of its name -------------------------------------------------------------------
+  void NotifyScroll() override { Q_EMIT q.NotifyScroll(); }
+  void NotifyClickData(int button, Colour colour, int x, int y) override { Q_EMIT q.NotifyClickData(button, colour, x, y); }
+  void NotifyToPrepareUndo() override { Q_EMIT q.NotifyToPrepareUndo(); }
+  void NotifyDragResize(bool sizeChanged) override { Q_EMIT q.NotifyDragResize(sizeChanged); }
+  void NotifyDragResizeProforma(int width, int height) override { Q_EMIT q.NotifyDragResizeProforma(width, height); }
+  void NotifyCanvasMouseClick() override { Q_EMIT q.NotifyCanvasMouseClick(); }
+  void NotifyCanvasMouseMove() override { Q_EMIT q.NotifyCanvasMouseMove(); }
+  void MonitorXYdata(int x, int y) override { Q_EMIT q.MonitorXYdata(x, y); }
+  void NoStamp() override { Q_EMIT q.NoStamp(); }
+  void DispPointOfClick(int x, int y, Colour colour) override { Q_EMIT q.DispPointOfClick(x, y, colour); }
+  void DispMeasureClear() override { Q_EMIT q.DispMeasureClear(); }
+  void DIBProgress(int percent) override { Q_EMIT q.DIBProgress(percent); }
+  void DIBProgressEnd() override { Q_EMIT q.DIBProgressEnd(); }
+
+  // --- CanvasWindow ---------------------------------------------------------------------------------------------------------
+  void repaint(const Rect& control) override;
+  void arrange() override;
+  void setCursor(CursorWord word) override;
+  void setToolTip(const std::string& text) override;
+  void setWaiting(bool waiting) override;
+  void hideLoadingMsg() override;
+
+  void arrangeBar(QScrollBar& bar, bool shown, const QRect& place, int max, int value, int length);
+  void arrangeEdges();
+  void scrolledByBar();
+  int barThickness() const;
+  QColor surround() const;
+
+  ucCanvas& q;
+  CanvasCore core{*this, *this};
+  CanvasView* picDisp;
+  QScrollBar* HsbDisp;
+  QScrollBar* VsbDisp;
+  QWidget* picJunction;
+  std::array<QWidget*, 4> picDrag;
+  QWidget* picDragHorizontal;
+  QWidget* picDragVertical;
+  QWidget* picLoadingMsg;
+  QColor backColor;  // not valid: the theme's workspace colour
+  CursorWord cursorShown = CursorWord::Arrow;
+};
+
+}  // namespace ruvo

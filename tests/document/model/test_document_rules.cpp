@@ -1,0 +1,137 @@
+#include <gmock/gmock.h>
+
+#include "base/file_io.h"
+#include "base/limits.h"
+#include "document/model/inquiry_texts.h"
+#include "document/model/new_size_rules.h"
+#include "document/model/open_rules.h"
+#include "document/model/save_rules.h"
+#include "document/model/status_texts.h"
+#include "support/temp_folder.h"
+
+namespace ruvo {
+namespace {
+
+struct OpenCase {
+  const char* name;
+  OpenFault fault;
+  OpenRoute route;
+};
+
+TEST(OpenRules, TheExtensionDecidesTheRoute) {
+  const test::TempFolder folder;
+  const OpenCase cases[] = {
+      {"a.bmp", OpenFault::None, OpenRoute::PlatformLoader},
+      {"a.b.JPEG", OpenFault::None, OpenRoute::PlatformLoader},
+      {"a.jpe", OpenFault::None, OpenRoute::PlatformLoader},
+      {"a.Gif", OpenFault::None, OpenRoute::PlatformLoader},
+      {"a.png", OpenFault::None, OpenRoute::ImagingService},
+      {"a.tiff", OpenFault::None, OpenRoute::ImagingService},
+      {"a.pcx", OpenFault::NotAllowed, OpenRoute::NotBuilt},
+      {"a.txt", OpenFault::NotAllowed, OpenRoute::NotBuilt},
+      {"a.t", OpenFault::NoExtension, OpenRoute::NotBuilt},
+      {"a.ps", OpenFault::NoExtension, OpenRoute::NotBuilt},
+      {"a.jpeg2", OpenFault::NoExtension, OpenRoute::NotBuilt},
+      {"bmp", OpenFault::NoExtension, OpenRoute::NotBuilt},
+  };
+  for (const OpenCase& c : cases) {
+    const std::string path = (folder / c.name).string();
+    ASSERT_TRUE(replaceFile(path, std::vector<std::uint8_t>{1, 2, 3}));
+    const OpenPlan plan = planOpen(path);
+    EXPECT_EQ(plan.fault, c.fault) << c.name;
+    EXPECT_EQ(plan.route, c.route) << c.name;
+    EXPECT_EQ(plan.fileSize, 3) << c.name;
+  }
+  std::filesystem::create_directories(folder / "v1.bmp");
+  EXPECT_EQ(planOpen((folder / "v1.bmp").string()).fault, OpenFault::NotFound) << "a folder is no file";
+  std::filesystem::create_directories(folder / "x.bmp2" / "y");
+  ASSERT_TRUE(replaceFile(folder / "x.bmp2" / "name", std::vector<std::uint8_t>{1}));
+  EXPECT_EQ(planOpen((folder / "x.bmp2" / "name").string()).fault, OpenFault::NoExtension) << "the dot is the folder's";
+}
+
+TEST(OpenRules, SizesAtTheLimits) {
+  EXPECT_EQ(sizeFault(0, 5), OpenFault::NoImage);
+  EXPECT_EQ(sizeFault(5, -1), OpenFault::NoImage);
+  EXPECT_EQ(sizeFault(5000, 5000), OpenFault::None);
+  EXPECT_EQ(sizeFault(5001, 5000), OpenFault::TooLarge);
+  EXPECT_EQ(sizeFault(32760, 1), OpenFault::None);
+  EXPECT_EQ(sizeFault(32761, 1), OpenFault::TooLarge);
+  imaging::LoadResult refused;
+  refused.error = imaging::LoadError::TooLarge;
+  EXPECT_EQ(loadFault(refused), OpenFault::NoImage);
+  refused.width = refused.height = 40000;
+  EXPECT_EQ(loadFault(refused), OpenFault::TooLarge);
+  refused.error = imaging::LoadError::Broken;
+  EXPECT_EQ(loadFault(refused), OpenFault::LoadFailed);
+}
+
+TEST(OpenRules, WordsOfTheRefusals) {
+  EXPECT_EQ(openFaultText(OpenFault::NotFound, "/p.bmp"), "/p.bmp\nFile not found");
+  EXPECT_EQ(openFaultText(OpenFault::NoExtension, "/p"), "File does not have file extension/file format unknown.\n/p");
+  EXPECT_EQ(openFaultText(OpenFault::NotAllowed, "/p.txt"), "File format not allowed for\n/p.txt");
+  EXPECT_EQ(openFaultText(OpenFault::LoadFailed, "/p.bmp"), "/p.bmp\nFailed to load this file.");
+  EXPECT_EQ(openFaultText(OpenFault::NoImage, "/p"), "Failed to retrieve incoming image");
+  EXPECT_EQ(openFaultText(OpenFault::TooLarge, "/p"), "Incoming image exceeds max size allowed.");
+  EXPECT_THAT(openFilter(),
+              testing::StartsWith("(bmp/gif/jpg/jpeg/wmf/emf/png/tif/tiff/tga/pcx/ico/cur)|*.bmp;*.gif;*.jpg"));
+  EXPECT_THAT(openFilter(), testing::EndsWith("|TIFF (*.tif;*.tiff)|*.tif;*.tiff"));
+}
+
+TEST(NewSizeRules, RefusalsAndTheQuestion) {
+  EXPECT_FALSE(newSizeRefusal(5000, 5000, SizeField::Width));
+  EXPECT_EQ(newSizeRefusal(5001, 5000, SizeField::Width),
+            "Value entered in width will result in W x H exceeding the threshhold.");
+  EXPECT_EQ(newSizeRefusal(5000, 5001, SizeField::Height),
+            "Value entered in height will result in W x H exceeding the threshhold.");
+  EXPECT_FALSE(newSizeRefusal(32760, 1, SizeField::Width));
+  EXPECT_EQ(newSizeRefusal(32761, 1, SizeField::Width), kSideTooLarge);
+  EXPECT_TRUE(newSizeRefusal(0, 10, SizeField::Width));
+  EXPECT_FALSE(newSizeIsLarge(3000, 1000));
+  EXPECT_TRUE(newSizeIsLarge(3001, 1000));
+  EXPECT_EQ(thresholdText(), "Width x height exceeds the threshhold set (25,000,000 pixels)");
+}
+
+TEST(SaveRules, ProposedNamesAndItems) {
+  EXPECT_EQ(proposedName("/a.b/photo.one.jpeg", "bmp", "/home"), "/a.b/photo.one.bmp");
+  EXPECT_EQ(proposedName("Untitled:1", "png", "/home"), "/home/Untitled_1.png");
+  EXPECT_EQ(proposedName("/a/none", "tif", "/home"), "/a/none.tif");
+  EXPECT_EQ(saveItemOf("mnuFileSaveJPGSub", 3)->quality, 85);
+  EXPECT_EQ(saveItemOf("mnuFileSaveBMPSub", 1), nullptr);
+  EXPECT_EQ(saveItemForType("jpeg").quality, 95);
+  EXPECT_EQ(saveItemForType("TIFF").format, SaveFormat::Tiff);
+  EXPECT_EQ(saveItemForType("GIF").format, SaveFormat::Bmp) << "a type with no writer is kept without loss";
+}
+
+TEST(StatusTexts, AsThePanelsShowThem) {
+  EXPECT_EQ(sizeText(640, 480), "640 x 480");
+  EXPECT_EQ(clickText(3, 4, rgb(1, 2, 3)), "Click:  [3, 4]   RGB(1, 2, 3)");
+  EXPECT_EQ(rectangleText(1, 2, 30, 40), "Start [1, 2]   W=30 H=40");
+  EXPECT_EQ(lineText(0, 0, 3, 4, 53.13), "[0,0]  [3,4]   L=5   A=53.1");
+  EXPECT_EQ(arcText(1, 2, 3, 4, 5, 6, 7.4), "[1,2]  [3,4]  C=[5,6]  R=7");
+  EXPECT_EQ(ovalText(1, 2, 9.6, 20, 19), "[1, 2]  Radius 10   w=20  h=19");
+}
+
+TEST(InquiryTexts, GeneralProperties) {
+  PictureFacts facts{{30, 20}, 8, true, "2026-01-02 03:04", "No"};
+  const std::string untitled = generalPropertiesText(untitledRecord("Untitled_2", 30, 20), facts);
+  EXPECT_THAT(untitled,
+              testing::StartsWith("UNTITLED\n(Not directly from existing file)\n\nFile Size:  N/A\nFile Date:  N/A"));
+  FileRecord record;
+  record.name = "/photo.jpg";
+  record.type = "JPG";
+  record.fileSize = 1234567;
+  record.originalWidth = 60;
+  record.originalHeight = 40;
+  record.bitsPerPixel = 24;
+  EXPECT_EQ(generalPropertiesText(record, facts),
+            "/photo.jpg\n\nFile Size:  1,234,567  bytes\nFile Date:  2026-01-02 03:04\n"
+            "Original Image Size:  60 x 40  pixels      \nCurrent Actual Size:  30 x 20  pixels\n"
+            "Original image color depth:  True-color\nCurrent color depth:    8 BPP   256-color\n"
+            "(JPG/JPEG)  From digital camera:   No\nChange made:  Yes");
+  EXPECT_EQ(currentScreenText({30, 20}, {1, 2}, {10, 11}, {300, 200}),
+            "CURRENT SCREEN\n\nPicture size:   30 x 20\nCurrent display starts at:   [ 1,  2 ]\n"
+            "Size displayed:   w = 10   h = 11\nWindow size:   w = 300   h = 200 (excl caption)");
+}
+
+}  // namespace
+}  // namespace ruvo
