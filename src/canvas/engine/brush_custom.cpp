@@ -24,7 +24,9 @@ Rect overlay(clsDIB& target, const clsDIB& picture, const clsDIB& mask, Point at
   return area;
 }
 
-std::uint8_t byteOf(int value) { return static_cast<std::uint8_t>(value); }
+std::uint8_t byteOf(int value) {
+  return static_cast<std::uint8_t>(value);
+}
 
 }  // namespace
 
@@ -44,8 +46,8 @@ Rect CustomBrushStroke::mixIn(Point corner) {
   const Share share(std::max(manner_.percent, 0));
   return overlay(target_, brush_, mask_, corner, [&, alpha](Pixel32& to, Pixel32 from, Pixel32 cover) {
     // The brush on white paper; what stays white there, paper or paint, is not mixed in.
-    const Pixel32 onWhite{byteOf(cover.blue | from.blue), byteOf(cover.green | from.green), byteOf(cover.red | from.red),
-                          0};
+    const Pixel32 onWhite{byteOf(cover.blue | from.blue), byteOf(cover.green | from.green),
+                          byteOf(cover.red | from.red), 0};
     if (onWhite.colour() == kWhite) return;
     const Pixel32 below = seen(target_, to);
     to = {share.of(onWhite.blue, below.blue), share.of(onWhite.green, below.green), share.of(onWhite.red, below.red),

@@ -23,12 +23,18 @@ namespace {
 constexpr Rect pictureRect(int x, int y, int uFrom, int uEnd, int vFrom, int vEnd) {
   return {x + uFrom, y - vEnd + 1, x + uEnd, y - vFrom + 1};
 }
-constexpr Rect squareAround(int x, int y, int r) { return pictureRect(x, y, -r, r, -r, r); }
-constexpr bool inDisc(int u, int v, int radius) { return u * u + v * v <= radius * radius - 1; }
+constexpr Rect squareAround(int x, int y, int r) {
+  return pictureRect(x, y, -r, r, -r, r);
+}
+constexpr bool inDisc(int u, int v, int radius) {
+  return u * u + v * v <= radius * radius - 1;
+}
 
 // Points far outside could overflow the sums below; no dab there can reach a picture.
 constexpr int kFarthest = 1 << 20;
-constexpr bool withinReach(int x, int y) { return std::abs(x) < kFarthest && std::abs(y) < kFarthest; }
+constexpr bool withinReach(int x, int y) {
+  return std::abs(x) < kFarthest && std::abs(y) < kFarthest;
+}
 
 }  // namespace
 

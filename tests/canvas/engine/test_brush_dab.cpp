@@ -1,0 +1,159 @@
+#include "canvas/engine/brush_dab.h"
+
+#include "support/pictures.h"
+
+namespace ruvo::brush {
+namespace {
+
+using test::dibOf;
+using test::Rows;
+using test::rowsOf;
+
+constexpr Colour kRed = rgb(255, 0, 0);
+
+// 's' stands for the soft edge: on white, red keeps its full red and part of the white's blue and green.
+Rows inkRows(const clsDIB& dib) {
+  Rows rows;
+  for (int y = 0; y < dib.DIBHeight(); ++y) {
+    const auto* row = reinterpret_cast<const Pixel32*>(dib.surface().pictureRow(y));
+    std::string text;
+    for (int x = 0; x < dib.DIBWidth(); ++x) {
+      text += row[x].colour() == kWhite ? '.' : row[x].colour() == kRed ? '#' : 's';
+    }
+    rows.push_back(text);
+  }
+  return rows;
+}
+
+clsDIB blank(int width, int height) {
+  return dibOf(Rows(height, std::string(width, '.')));
+}
+
+// Every dot of a spray falls (or none, below the thresholds).
+struct EveryTime : RandomSource {
+  explicit EveryTime(double v) : value(v) {}
+  void reseed() override { ++seeds; }
+  double next() override { return value; }
+  double value;
+  int seeds = 0;
+};
+
+Rows dabbed(int width, int height, Point at, int size, int style, int percent = 100) {
+  clsDIB dib = blank(width, height);
+  EveryTime random(0.9);
+  BrushStroke stroke;
+  stroke.setRandomSource(&random);
+  stroke.BrushStrokeBegin(dib, kRed);
+  stroke.BrushDab(at.x, at.y, size, percent, style);
+  return inkRows(dib);
+}
+
+TEST(BrushDab, metricsFollowTheSize) {
+  struct Row {
+    int size, ext, a, hs, bar;
+  };
+  for (const Row& r : {Row{1, 1, 2, 1, 4}, Row{2, 1, 4, 2, 6}, Row{3, 2, 6, 3, 8}, Row{8, 3, 12, 6, 14},
+                       Row{12, 4, 16, 8, 18}, Row{16, 5, 22, 11, 24}, Row{20, 6, 26, 13, 28}}) {
+    const DabMetrics m = DabMetrics::of(r.size);
+    EXPECT_EQ((std::vector{m.ext, m.a, m.hs, m.bar}), (std::vector{r.ext, r.a, r.hs, r.bar})) << "size " << r.size;
+  }
+}
+
+TEST(BrushDab, roundShapes) {
+  EXPECT_PICTURE(dabbed(3, 3, {1, 1}, 1, 2), {"...", ".#.", "..."});
+  EXPECT_PICTURE(dabbed(7, 7, {3, 3}, 3, 1),
+                 {".......", ".#####.", ".#####.", ".#####.", ".#####.", ".#####.", "......."});
+  EXPECT_PICTURE(dabbed(7, 7, {3, 3}, 3, 2),
+                 {".......", ".s###s.", ".#####.", ".#####.", ".#####.", ".s###s.", "......."});
+  EXPECT_PICTURE(dabbed(9, 9, {4, 4}, 3, 3), {".........", "..#####..", ".#######.", ".#######.", ".#######.",
+                                              ".#######.", ".#######.", "..#####..", "........."});
+  EXPECT_PICTURE(dabbed(13, 13, {6, 6}, 10, 2),
+                 {"...sssssss...", "..ss#####ss..", ".ss#######ss.", "ss#########ss", "s###########s", "s###########s",
+                  "s###########s", "s###########s", "s###########s", "ss#########ss", ".ss#######ss.", "..ss#####ss..",
+                  "...sssssss..."});
+}
+
+TEST(BrushDab, softEdgeOnlyAtFullCover) {
+  clsDIB dib = blank(7, 7);
+  BrushStroke stroke;
+  stroke.BrushStrokeBegin(dib, kBlack);
+  stroke.BrushDab(3, 3, 3, 100, 2);
+  // The corner lies at sqrt(8) of radius 3: byte(100 x (3 - 2.828) / 0.6 x 2.55) = 73 of 255 black on white.
+  const auto corner = reinterpret_cast<const Pixel32*>(dib.surface().pictureRow(1))[1];
+  EXPECT_EQ(corner.colour(), rgb(182, 182, 182));
+
+  EXPECT_PICTURE(dabbed(7, 7, {3, 3}, 3, 2, 50),
+                 {".......", ".sssss.", ".sssss.", ".sssss.", ".sssss.", ".sssss.", "......."});
+  clsDIB even = blank(7, 7);
+  stroke.BrushStrokeBegin(even, kBlack);
+  stroke.BrushDab(3, 3, 3, 50, 2);
+  EXPECT_PICTURE(rowsOf(even, {{'.', kWhite}, {'h', rgb(128, 128, 128)}}),
+                 {".......", ".hhhhh.", ".hhhhh.", ".hhhhh.", ".hhhhh.", ".hhhhh.", "......."});
+}
+
+TEST(BrushDab, slantsAndBars) {
+  EXPECT_PICTURE(dabbed(11, 10, {8, 3}, 1, 4),
+                 {"...........", ".##........", "..##.......", "...##......", "....##.....", ".....##....",
+                  "......##...", ".......##..", "........##.", "..........."});
+  // The lean starts at the lowest row inside: along the bottom edge the bar begins under the point anew.
+  EXPECT_PICTURE(dabbed(11, 5, {8, 3}, 1, 4),
+                 {"...........", ".....##....", "......##...", ".......##..", "........##."});
+  EXPECT_PICTURE(dabbed(11, 10, {2, 3}, 1, 5),
+                 {"...........", ".......##..", "......##...", ".....##....", "....##.....", "...##......",
+                  "..##.......", ".##........", "##.........", "..........."});
+  EXPECT_PICTURE(dabbed(4, 11, {1, 4}, 1, 6),
+                 {"....", "....", "##..", "##..", "##..", "##..", "##..", "##..", "##..", "##..", "...."});
+  EXPECT_PICTURE(dabbed(11, 4, {5, 1}, 1, 7), {"...........", "########...", "########...", "..........."});
+}
+
+TEST(BrushDab, paintsTheInnerPartAtEveryEdge) {
+  EXPECT_PICTURE(dabbed(6, 6, {0, 0}, 3, 1), {"###...", "###...", "###...", "......", "......", "......"});
+  EXPECT_PICTURE(dabbed(6, 6, {5, 0}, 3, 1), {"...###", "...###", "...###", "......", "......", "......"});
+  EXPECT_PICTURE(dabbed(6, 6, {0, 5}, 3, 1), {"......", "......", "......", "###...", "###...", "###..."});
+  EXPECT_PICTURE(dabbed(6, 6, {5, 5}, 3, 1), {"......", "......", "......", "...###", "...###", "...###"});
+  EXPECT_PICTURE(dabbed(3, 3, {2, 2}, 1, 1), {"...", "...", "..#"});
+  for (int style = 1; style <= 7; ++style) {
+    EXPECT_EQ(dabbed(4, 4, {60, 2}, 10, style), inkRows(blank(4, 4))) << "style " << style;
+    EXPECT_EQ(dabbed(4, 4, {2, -2000000000}, 10, style), inkRows(blank(4, 4))) << "style " << style;
+  }
+}
+
+TEST(BrushDab, sprayBrushDropsWhatIsNotAboveItsThreshold) {
+  clsDIB dib = blank(5, 5);
+  EveryTime random(0.7);
+  BrushStroke stroke;
+  stroke.setRandomSource(&random);
+  stroke.BrushStrokeBegin(dib, kRed);
+  stroke.BrushDab(2, 2, 3, 100, 3);
+  stroke.BrushDab(2, 2, 3, 100, 3);
+  EXPECT_EQ(inkRows(dib), inkRows(blank(5, 5)));
+  EXPECT_EQ(random.seeds, 2);
+}
+
+TEST(BrushDab, tellsWhatItChangedAndNoMore) {
+  clsDIB dib = blank(30, 30);
+  BrushStroke stroke;
+  EXPECT_TRUE(stroke.BrushDab(5, 5, 3, 100, 2).empty()) << "no stroke was begun";
+  stroke.BrushStrokeBegin(dib, kRed);
+  EXPECT_EQ(stroke.BrushDab(10, 10, 3, 100, 2), (Rect{7, 8, 13, 14}));
+  EXPECT_EQ(stroke.BrushDab(0, 29, 3, 100, 1), (Rect{0, 27, 3, 30}));
+  EXPECT_TRUE(stroke.BrushDab(-9, 5, 3, 100, 2).empty());
+  EXPECT_TRUE(stroke.BrushDab(9, 5, 3, 100, 8).empty());
+}
+
+TEST(BrushDab, writtenPixelsBecomeOpaqueAndTheOthersKeepTheirAlpha) {
+  clsDIB dib = blank(3, 1);
+  auto* row = reinterpret_cast<Pixel32*>(dib.surface().pictureRow(0));
+  row[0] = {10, 20, 30, 0};
+  row[1] = {0, 0, 0, 0};
+  dib.setDIBhasAlpha(true);
+  BrushStroke stroke;
+  stroke.BrushStrokeBegin(dib, kBlack);
+  stroke.BrushDab(1, 0, 1, 50, 2);
+  EXPECT_EQ(row[0], (Pixel32{10, 20, 30, 0}));
+  // A person saw white there, so half black over it is grey.
+  EXPECT_EQ(row[1], (Pixel32{128, 128, 128, 255}));
+}
+
+}  // namespace
+}  // namespace ruvo::brush

@@ -1,0 +1,114 @@
+#include "canvas/engine/brush_dab.h"
+#include "canvas/engine/stroke_start.h"
+#include "support/pictures.h"
+
+namespace ruvo::brush {
+namespace {
+
+using test::dibOf;
+using test::Rows;
+using test::rowsOf;
+
+const test::Ink kGreys = {{'.', kWhite}, {'#', kBlack}, {'h', rgb(128, 128, 128)}, {'q', rgb(64, 64, 64)}};
+
+struct Always : RandomSource {
+  void reseed() override {}
+  double next() override { return 0.9; }
+};
+
+TEST(BrushStroke, translucentStrokeStaysEvenHoweverOftenItCrossesItself) {
+  clsDIB dib = dibOf(Rows(7, ".........."));
+  BrushStroke stroke;
+  stroke.BrushStrokeBegin(dib, kBlack);
+  stroke.BrushDab(2, 3, 3, 50, 2);
+  stroke.walk({2, 3}, {7, 3}, 3, 50, 2);
+  stroke.walk({7, 3}, {2, 3}, 3, 50, 2);
+  const Rows even = {"..........", "hhhhhhhhhh", "hhhhhhhhhh", "hhhhhhhhhh", "hhhhhhhhhh", "hhhhhhhhhh", ".........."};
+  EXPECT_EQ(rowsOf(dib, kGreys), even);
+
+  // A new stroke starts from what is there now.
+  stroke.BrushStrokeBegin(dib, kBlack);
+  stroke.BrushDab(0, 0, 1, 50, 2);
+  stroke.BrushDab(5, 3, 1, 50, 2);
+  stroke.BrushStrokeEnd();
+  EXPECT_EQ(rowsOf(dib, kGreys)[0], "h.........");
+  EXPECT_EQ(rowsOf(dib, kGreys)[3], "hhhhhqhhhh");
+}
+
+TEST(BrushStroke, burstsBuildUp) {
+  clsDIB dib = dibOf({"..."});
+  Always random;
+  BrushStroke stroke;
+  stroke.setRandomSource(&random);
+  stroke.BrushStrokeBegin(dib, kBlack);
+  EXPECT_EQ(stroke.SprayBurst(1, 0, 1, 50, 0), (Rect{0, 0, 3, 1}));
+  EXPECT_PICTURE(rowsOf(dib, kGreys), {"hhh"});
+  stroke.SprayBurst(1, 0, 1, 50, 2);
+  EXPECT_PICTURE(rowsOf(dib, kGreys), {"qqq"});
+}
+
+TEST(BrushStroke, densityIsAThresholdOnBothNumbers) {
+  struct Alternating : RandomSource {
+    void reseed() override {}
+    double next() override { return (++count % 2) ? first : second; }
+    double first = 0, second = 0;
+    int count = 0;
+  };
+  const auto sprayed = [](double first, double second, int density) {
+    clsDIB dib = dibOf({"."});
+    Alternating random;
+    random.first = first;
+    random.second = second;
+    BrushStroke stroke;
+    stroke.setRandomSource(&random);
+    stroke.BrushStrokeBegin(dib, kBlack);
+    stroke.SprayBurst(0, 0, 1, 100, density);
+    return rowsOf(dib)[0] == "#";
+  };
+  EXPECT_FALSE(sprayed(0.8, 0.8, 0));
+  EXPECT_TRUE(sprayed(0.81, 0.81, 0));
+  EXPECT_FALSE(sprayed(0.61, 0.6, 1));
+  EXPECT_TRUE(sprayed(0.61, 0.61, 1));
+  EXPECT_FALSE(sprayed(0.4, 0.9, 2));
+  EXPECT_TRUE(sprayed(0.41, 0.41, 2));
+}
+
+TEST(BrushStroke, walksDabsAtEachWholeDistance) {
+  const auto walked = [](Point from, Point to) {
+    clsDIB dib = dibOf(Rows(5, "......."));
+    BrushStroke stroke;
+    stroke.BrushStrokeBegin(dib, kBlack);
+    stroke.walk(from, to, 1, 100, 2);
+    return rowsOf(dib);
+  };
+  EXPECT_PICTURE(walked({1, 1}, {1, 1}), {".......", ".......", ".......", ".......", "......."});
+  EXPECT_PICTURE(walked({1, 1}, {5, 1}), {".......", "..####.", ".......", ".......", "......."});
+  // Columns and rows are cut toward the start.
+  EXPECT_PICTURE(walked({5, 3}, {1, 2}), {".......", ".......", ".#.....", "..###..", "......."});
+  EXPECT_PICTURE(walked({0, 0}, {1, 1}), {".......", ".#.....", ".......", ".......", "......."});
+}
+
+TEST(StrokeStart, keepsOnlyTheTilesThatWereTouchedAsTheyWereFirst) {
+  raster::Surface picture;
+  ASSERT_TRUE(picture.create(3000, 2000, 32));
+  StrokeStart start(picture);
+  const Rect area{60, 1990, 70, 2000};
+  start.keep(area);
+  reinterpret_cast<Pixel32*>(picture.pictureRow(1995))[63] = Pixel32::plain(kWhite);
+  start.keep(area);
+  EXPECT_LE(start.keptPixels(), 2u * 64 * 64);
+
+  std::vector<Pixel32> pixels;
+  start.read(area, pixels);
+  ASSERT_EQ(pixels.size(), 100u);
+  EXPECT_EQ(pixels[5 * 10 + 3].colour(), kBlack);
+
+  reinterpret_cast<Pixel32*>(picture.pictureRow(0))[2999] = Pixel32::plain(rgb(1, 2, 3));
+  const Rect corner{2998, 0, 3000, 2};
+  start.keep(corner);
+  start.read(corner, pixels);
+  EXPECT_EQ(pixels[1].colour(), rgb(1, 2, 3));
+}
+
+}  // namespace
+}  // namespace ruvo::brush
