@@ -1,0 +1,220 @@
+#include "platform/imaging/sample_files.h"
+
+#include <cstdio>  // jpeglib.h needs FILE
+
+#include <gif_lib.h>
+#include <jpeglib.h>
+#include <png.h>
+#include <tiffio.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <sstream>
+
+#include "platform/imaging/tiff_file.h"
+
+namespace ruvo::test {
+
+Bytes makeJpeg(const JpegFile& file, const SampleOf& sample) {
+  jpeg_compress_struct info{};
+  jpeg_error_mgr errors{};
+  info.err = jpeg_std_error(&errors);
+  jpeg_create_compress(&info);
+  unsigned char* bytes = nullptr;
+  unsigned long count = 0;
+  jpeg_mem_dest(&info, &bytes, &count);
+  info.image_width = static_cast<JDIMENSION>(file.width);
+  info.image_height = static_cast<JDIMENSION>(file.height);
+  info.input_components = file.channels;
+  info.in_color_space = file.channels == 1 ? JCS_GRAYSCALE : file.channels == 3 ? JCS_RGB : JCS_CMYK;
+  jpeg_set_defaults(&info);
+  jpeg_set_quality(&info, 100, TRUE);
+  if (file.progressive) jpeg_simple_progression(&info);
+  info.arith_code = file.arithmetic;
+  info.write_Adobe_marker = file.adobeMarker;
+  info.restart_in_rows = file.restart;
+  jpeg_start_compress(&info, TRUE);
+  Bytes row(static_cast<std::size_t>(file.width * file.channels));
+  for (int y = 0; y < file.height; ++y) {
+    for (int i = 0; i < file.width * file.channels; ++i) {
+      row[i] = static_cast<std::uint8_t>(sample(i / file.channels, y, i % file.channels));
+    }
+    JSAMPROW start = row.data();
+    jpeg_write_scanlines(&info, &start, 1);
+  }
+  jpeg_finish_compress(&info);
+  jpeg_destroy_compress(&info);
+  Bytes all(bytes, bytes + count);
+  std::free(bytes);
+  return all;
+}
+
+Bytes makePng(const PngFile& file, const SampleOf& sample) {
+  Bytes all;
+  png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
+  png_infop info = png_create_info_struct(png);
+  png_set_write_fn(
+      png, &all,
+      [](png_structp p, png_bytep bytes, std::size_t n) {
+        auto& out = *static_cast<Bytes*>(png_get_io_ptr(p));
+        out.insert(out.end(), bytes, bytes + n);
+      },
+      nullptr);
+  png_set_IHDR(png, info, static_cast<png_uint_32>(file.width), static_cast<png_uint_32>(file.height), file.depth,
+               file.colourType, file.interlaced, 0, 0);
+  png_set_gAMA(png, info, 1.0);
+  std::vector<png_color> table;
+  for (const Colour c : file.table) table.push_back({redOf(c), greenOf(c), blueOf(c)});
+  if (!table.empty()) png_set_PLTE(png, info, table.data(), static_cast<int>(table.size()));
+  if (file.transparent >= 0) {
+    Bytes alphas(static_cast<std::size_t>(file.transparent + 1), 255);
+    alphas.back() = 0;
+    png_color_16 key{};
+    key.gray = key.red = key.green = key.blue = static_cast<png_uint_16>(file.transparent);
+    png_set_tRNS(png, info, alphas.data(), static_cast<int>(alphas.size()), &key);
+  }
+  const int channels = png_get_channels(png, info);
+  png_write_info(png, info);
+  png_set_packing(png);
+  if (file.depth == 16) png_set_swap(png);
+  std::vector<std::vector<std::uint16_t>> wide(static_cast<std::size_t>(file.height));
+  std::vector<Bytes> narrow(static_cast<std::size_t>(file.height));
+  std::vector<png_bytep> rows;
+  for (int y = 0; y < file.height; ++y) {
+    for (int i = 0; i < file.width * channels; ++i) {
+      const int v = sample(i / channels, y, i % channels);
+      wide[y].push_back(static_cast<std::uint16_t>(v));
+      narrow[y].push_back(static_cast<std::uint8_t>(v));
+    }
+    rows.push_back(file.depth == 16 ? reinterpret_cast<png_bytep>(wide[y].data()) : narrow[y].data());
+  }
+  png_write_image(png, rows.data());
+  png_write_end(png, nullptr);
+  png_destroy_write_struct(&png, &info);
+  return all;
+}
+
+namespace {
+
+// One block of samples as the library takes them: whole bytes in machine order, others from the high bit down.
+Bytes packBlock(const TiffFile& file, int left, int top, int width, int height, int plane, const SampleOf& sample) {
+  Bytes all;
+  const int channels = file.planes ? 1 : file.samples;
+  for (int y = top; y < top + height; ++y) {
+    std::uint32_t held = 0;
+    int heldBits = 0;
+    for (int i = 0; i < width * channels; ++i) {
+      const int x = left + i / channels;
+      const int v = x < file.width && y < file.height ? sample(x, y, file.planes ? plane : i % channels) : 0;
+      if (file.bits >= 8 && file.bits % 8 == 0) {
+        auto raw = static_cast<std::uint32_t>(v);
+        if (file.isFloat) {
+          const float f = static_cast<float>(v) / 255.0f;
+          std::memcpy(&raw, &f, 4);
+        }
+        for (int b = 0; b < file.bits; b += 8) all.push_back(static_cast<std::uint8_t>(raw >> b));
+        continue;
+      }
+      held = held << file.bits | static_cast<std::uint32_t>(v);
+      for (heldBits += file.bits; heldBits >= 8; heldBits -= 8) all.push_back(static_cast<std::uint8_t>(held >> (heldBits - 8)));
+    }
+    if (heldBits > 0) all.push_back(static_cast<std::uint8_t>(held << (8 - heldBits)));
+  }
+  return all;
+}
+
+void setTiffFields(TIFF* tiff, const TiffFile& file) {
+  TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, file.width);
+  TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, file.height);
+  TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, file.bits);
+  TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, file.samples);
+  TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, file.photometric);
+  TIFFSetField(tiff, TIFFTAG_COMPRESSION, file.compression);
+  TIFFSetField(tiff, TIFFTAG_ORIENTATION, file.orientation);
+  TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, file.planes ? PLANARCONFIG_SEPARATE : PLANARCONFIG_CONTIG);
+  if (file.isFloat) TIFFSetField(tiff, TIFFTAG_SAMPLEFORMAT, SAMPLEFORMAT_IEEEFP);
+  if (file.extra >= 0) {
+    const auto extra = static_cast<std::uint16_t>(file.extra);
+    TIFFSetField(tiff, TIFFTAG_EXTRASAMPLES, 1, &extra);
+  }
+  if (!file.table.empty()) {
+    std::vector<std::uint16_t> channel[3];
+    for (const Colour c : file.table) {
+      for (int i = 0; i < 3; ++i) channel[i].push_back(static_cast<std::uint16_t>((c >> (8 * i) & 255) * 257));
+    }
+    TIFFSetField(tiff, TIFFTAG_COLORMAP, channel[0].data(), channel[1].data(), channel[2].data());
+  }
+  if (file.tile > 0) {
+    TIFFSetField(tiff, TIFFTAG_TILEWIDTH, file.tile);
+    TIFFSetField(tiff, TIFFTAG_TILELENGTH, file.tile);
+  } else {
+    TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, file.rowsPerStrip);
+  }
+}
+
+}  // namespace
+
+Bytes makeTiff(const TiffFile& file, const SampleOf& sample) {
+  imaging::TiffOutput output;
+  {
+    const imaging::TiffHandle tiff = imaging::createTiff(output);
+    setTiffFields(tiff.get(), file);
+    for (int plane = 0; plane < (file.planes ? file.samples : 1); ++plane) {
+      const int stepY = file.tile > 0 ? file.tile : file.rowsPerStrip;
+      const int stepX = file.tile > 0 ? file.tile : file.width;
+      for (int y = 0; y < file.height; y += stepY) {
+        for (int x = 0; x < file.width; x += stepX) {
+          const int height = file.tile > 0 ? stepY : std::min(stepY, file.height - y);
+          Bytes block = packBlock(file, x, y, stepX, height, plane, sample);
+          const auto at = static_cast<std::uint16_t>(plane);
+          const auto size = static_cast<tmsize_t>(block.size());
+          if (file.tile > 0) {
+            TIFFWriteEncodedTile(tiff.get(), TIFFComputeTile(tiff.get(), x, y, 0, at), block.data(), size);
+          } else {
+            TIFFWriteEncodedStrip(tiff.get(), TIFFComputeStrip(tiff.get(), y, at), block.data(), size);
+          }
+        }
+      }
+    }
+    TIFFWriteDirectory(tiff.get());
+  }
+  return output.bytes;
+}
+
+Bytes makeGif(const GifFile& file, const SampleOf& index) {
+  Bytes all;
+  GifFileType* gif = EGifOpen(
+      &all,
+      [](GifFileType* g, const GifByteType* bytes, int n) {
+        auto& out = *static_cast<Bytes*>(g->UserData);
+        out.insert(out.end(), bytes, bytes + n);
+        return n;
+      },
+      nullptr);
+  EGifSetGifVersion(gif, true);
+  ColorMapObject* map = GifMakeMapObject(static_cast<int>(file.table.size()), nullptr);
+  for (std::size_t i = 0; i < file.table.size(); ++i) {
+    map->Colors[i] = {redOf(file.table[i]), greenOf(file.table[i]), blueOf(file.table[i])};
+  }
+  EGifPutScreenDesc(gif, file.screenWidth, file.screenHeight, 8, file.background, map);
+  for (const GifFrame& frame : file.frames) {
+    const GraphicsControlBlock control{DISPOSE_DO_NOT, false, 10, frame.transparent};
+    GifByteType block[4];
+    EGifGCBToExtension(&control, block);
+    EGifPutExtension(gif, GRAPHICS_EXT_FUNC_CODE, 4, block);
+    EGifPutImageDesc(gif, frame.left, frame.top, frame.width, frame.height, frame.interlaced, nullptr);
+    constexpr int kStart[] = {0, 4, 2, 1}, kStep[] = {8, 8, 4, 2};
+    for (int pass = 0; pass < (frame.interlaced ? 4 : 1); ++pass) {
+      for (int y = frame.interlaced ? kStart[pass] : 0; y < frame.height; y += frame.interlaced ? kStep[pass] : 1) {
+        Bytes line;
+        for (int x = 0; x < frame.width; ++x) line.push_back(static_cast<std::uint8_t>(index(x, y, 0)));
+        EGifPutLine(gif, line.data(), frame.width);
+      }
+    }
+  }
+  EGifCloseFile(gif, nullptr);
+  GifFreeMapObject(map);
+  return all;
+}
+
+}  // namespace ruvo::test

@@ -1,0 +1,74 @@
+// Small files made by the format libraries themselves, so that the decoders are checked against writers that are not ours.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/colour.h"
+
+namespace ruvo::test {
+
+using Bytes = std::vector<std::uint8_t>;
+
+// Samples of a pixel at x, y in the order of the file, each 0 to the highest value of its depth.
+using SampleOf = std::function<int(int x, int y, int channel)>;
+
+struct JpegFile {
+  int width = 16;
+  int height = 16;
+  int channels = 3;  // 1 grey, 3 RGB, 4 CMYK
+  bool progressive = false;
+  bool arithmetic = false;
+  bool adobeMarker = false;
+  int restart = 0;  // in MCU rows
+};
+Bytes makeJpeg(const JpegFile& file, const SampleOf& sample);
+
+struct PngFile {
+  int width = 4;
+  int height = 4;
+  int depth = 8;
+  int colourType = 2;
+  bool interlaced = false;
+  int transparent = -1;      // index or grey value in a tRNS chunk
+  std::vector<Colour> table;  // of colour type 3
+};
+Bytes makePng(const PngFile& file, const SampleOf& sample);
+
+struct TiffFile {
+  int width = 5;
+  int height = 3;
+  int bits = 8;
+  int samples = 3;
+  int photometric = 2;  // RGB
+  int compression = 1;  // none
+  int orientation = 1;
+  int extra = -1;  // ExtraSamples
+  bool planes = false;
+  bool isFloat = false;
+  int tile = 0;  // side, or 0 for strips
+  int rowsPerStrip = 2;
+  std::vector<Colour> table;
+};
+Bytes makeTiff(const TiffFile& file, const SampleOf& sample);
+
+struct GifFrame {
+  int left = 0;
+  int top = 0;
+  int width = 2;
+  int height = 2;
+  int transparent = -1;
+  bool interlaced = false;
+};
+struct GifFile {
+  int screenWidth = 4;
+  int screenHeight = 3;
+  int background = 0;
+  std::vector<Colour> table;  // 2, 4, ... entries
+  std::vector<GifFrame> frames;
+};
+Bytes makeGif(const GifFile& file, const SampleOf& index);
+
+}  // namespace ruvo::test
