@@ -30,17 +30,23 @@ constexpr std::array kMimeTable = {
 
 const MimeRow* mimeRow(std::string_view type) {
   if (!imaging::imagingUsable()) return nullptr;
-  const auto* found = std::find_if(kMimeTable.begin(), kMimeTable.end(), [&](const MimeRow& row) { return row.type == type; });
+  const auto* found =
+      std::find_if(kMimeTable.begin(), kMimeTable.end(), [&](const MimeRow& row) { return row.type == type; });
   return found == kMimeTable.end() ? nullptr : found;
 }
 
 bool encode(const clsDIB& dib, const std::filesystem::path& path, int format, int parameter) {
   switch (format) {
-    case kEncodeGif: return imaging::saveGif(dib.surface(), path);
-    case kEncodeJpeg: return imaging::saveJpeg(dib.surface(), path, parameter);
-    case kEncodePng: return imaging::savePng(dib.surface(), path, dib.DIBhasAlpha());
-    case kEncodeTiff: return imaging::saveTiff(dib.surface(), path, parameter, dib.DIBhasAlpha());
-    default: return false;
+    case kEncodeGif:
+      return imaging::saveGif(dib.surface(), path);
+    case kEncodeJpeg:
+      return imaging::saveJpeg(dib.surface(), path, parameter);
+    case kEncodePng:
+      return imaging::savePng(dib.surface(), path, dib.DIBhasAlpha());
+    case kEncodeTiff:
+      return imaging::saveTiff(dib.surface(), path, parameter, dib.DIBhasAlpha());
+    default:
+      return false;
   }
 }
 
@@ -67,7 +73,7 @@ bool IsFormatLoadable(const std::filesystem::path& FileName, std::string_view Mi
   const MimeRow* row = mimeRow(MimeType);
   if (!row) return false;
   try {
-    imaging::FileSource source(FileName);
+    imaging::FileBytes source(FileName);
     std::array<std::uint8_t, 8> first{};
     const std::size_t got = source.isOpen() ? source.readAt(0, first) : 0;
     if (imaging::kindOf(std::span(first).first(got)) != row->kind) return false;
@@ -80,9 +86,13 @@ bool IsFormatLoadable(const std::filesystem::path& FileName, std::string_view Mi
 }
 
 // The service reads and writes the same four.
-bool hasEncoder(std::string_view MimeType) { return mimeRow(MimeType) != nullptr; }
+bool hasEncoder(std::string_view MimeType) {
+  return mimeRow(MimeType) != nullptr;
+}
 
-bool hasDecoder(std::string_view MimeType) { return mimeRow(MimeType) != nullptr; }
+bool hasDecoder(std::string_view MimeType) {
+  return mimeRow(MimeType) != nullptr;
+}
 
 bool ResizeDIBQuality(clsDIB& Dib, int NewWidth, int NewHeight, bool HighQuality) {
   if (!imaging::imagingUsable() || Dib.empty() || !pictureSizeAllowed(NewWidth, NewHeight)) return false;

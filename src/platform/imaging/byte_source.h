@@ -1,11 +1,13 @@
-// Where a decoder takes its bytes from: a file that is read in pieces (never mapped, so that a file that shrinks while it
-// is read can not end the program) or bytes that are already in memory.
+// Where a decoder takes its bytes from: a file that is read in pieces (never mapped, so that a file that shrinks while
+// it is read can not end the program) or bytes that are already in memory.
 #pragma once
 
 #include <cstdint>
 #include <filesystem>
 #include <span>
 #include <vector>
+
+#include "base/file_source.h"
 
 namespace ruvo::imaging {
 
@@ -28,21 +30,17 @@ class MemorySource final : public ByteSource {
   std::span<const std::uint8_t> bytes_;
 };
 
-class FileSource final : public ByteSource {
+class FileBytes final : public ByteSource {
  public:
-  explicit FileSource(const std::filesystem::path& path);
-  ~FileSource() override;
-  FileSource(const FileSource&) = delete;
-  FileSource& operator=(const FileSource&) = delete;
-
-  // A regular file that could be opened.
-  bool isOpen() const { return descriptor_ >= 0; }
-  std::uint64_t size() const override { return size_; }
-  std::size_t readAt(std::uint64_t offset, std::span<std::uint8_t> target) override;
+  explicit FileBytes(const std::filesystem::path& path) : file_(path) {}
+  bool isOpen() const { return file_.isOpen(); }
+  std::uint64_t size() const override { return file_.size(); }
+  std::size_t readAt(std::uint64_t offset, std::span<std::uint8_t> target) override {
+    return file_.readAt(offset, target);
+  }
 
  private:
-  int descriptor_ = -1;
-  std::uint64_t size_ = 0;
+  FileSource file_;
 };
 
 // Reads a source from its start to its end through a buffer, for libraries that ask for a few bytes at a time.

@@ -11,11 +11,13 @@ namespace ruvo::imaging {
 // JPEG: three components, chroma halved both ways (4:2:0). Quality is clamped to 1 to 100.
 bool saveJpeg(const raster::Surface& surface, const std::filesystem::path& path, int quality);
 
-// PNG: 32 bits with straight alpha for a 32-bit surface with alpha, else 24; a surface with a table keeps depth and table.
+// PNG: 32 bits with straight alpha for a 32-bit surface with alpha, else 24; a surface with a table keeps depth and
+// table.
 bool savePng(const raster::Surface& surface, const std::filesystem::path& path, bool hasAlpha);
 
-// TIFF, LZW. Depth 1 (black and white), 4, 8 (with a table), 24 or 32 (straight alpha; opaque when the surface has none).
-// With a table: the picture's own colours when the depth holds them all, else a fixed table with error diffusion.
+// TIFF, LZW. Depth 1 (black and white), 4, 8 (with a table), 24 or 32 (straight alpha; opaque when the surface has
+// none). With a table: the picture's own colours when the depth holds them all, else a fixed table with error
+// diffusion.
 bool saveTiff(const raster::Surface& surface, const std::filesystem::path& path, int depth, bool hasAlpha);
 
 // GIF: surfaces of 8 bits or fewer with their table; deeper ones are refused.

@@ -7,19 +7,29 @@ ServiceFaults currentFaults;
 bool started = false;
 }  // namespace
 
-void setServiceFaults(const ServiceFaults& faults) { currentFaults = faults; }
+void setServiceFaults(const ServiceFaults& faults) {
+  currentFaults = faults;
+}
 
-bool imagingFound() { return !currentFaults.notFound; }
+bool imagingFound() {
+  return !currentFaults.notFound;
+}
 
 bool startImagingService() {
   started = imagingFound() && !currentFaults.failsToStart;
   return started;
 }
 
-void stopImagingService() { started = false; }
+void stopImagingService() {
+  started = false;
+}
 
-bool imagingUsable() { return started; }
+bool imagingUsable() {
+  return started;
+}
 
-bool zlibPresent() { return !currentFaults.noZlib; }
+bool zlibPresent() {
+  return !currentFaults.noZlib;
+}
 
 }  // namespace ruvo::imaging

@@ -35,10 +35,16 @@ struct Decoder {
   ~Decoder() { jpeg_destroy_decompress(&info); }
 };
 
-Decoder& decoderOf(j_common_ptr info) { return *static_cast<Decoder*>(info->client_data); }
-Decoder& decoderOf(j_decompress_ptr info) { return *static_cast<Decoder*>(info->client_data); }
+Decoder& decoderOf(j_common_ptr info) {
+  return *static_cast<Decoder*>(info->client_data);
+}
+Decoder& decoderOf(j_decompress_ptr info) {
+  return *static_cast<Decoder*>(info->client_data);
+}
 
-void onError(j_common_ptr info) { std::longjmp(decoderOf(info).giveUp, 1); }
+void onError(j_common_ptr info) {
+  std::longjmp(decoderOf(info).giveUp, 1);
+}
 void ignoreMessage(j_common_ptr) {}
 void countWarning(j_common_ptr info, int level) {
   if (level < 0) ++info->err->num_warnings;
@@ -98,7 +104,8 @@ void convertInks(const JSAMPLE* inks, Pixel32* out, int width, bool storedAsLigh
   const int flip = storedAsLight ? 0 : 255;
   for (int x = 0; x < width; ++x, inks += 4) {
     const int key = inks[3] ^ flip;
-    out[x] = {multiplyBytes(inks[2] ^ flip, key), multiplyBytes(inks[1] ^ flip, key), multiplyBytes(inks[0] ^ flip, key), 0};
+    out[x] = {multiplyBytes(inks[2] ^ flip, key), multiplyBytes(inks[1] ^ flip, key),
+              multiplyBytes(inks[0] ^ flip, key), 0};
   }
 }
 
@@ -145,10 +152,15 @@ bool readHeader(Decoder& decoder) {
   switch (info.jpeg_color_space) {
     case JCS_GRAYSCALE:
     case JCS_RGB:
-    case JCS_YCbCr: info.out_color_space = JCS_EXT_BGRX; return true;
+    case JCS_YCbCr:
+      info.out_color_space = JCS_EXT_BGRX;
+      return true;
     case JCS_CMYK:
-    case JCS_YCCK: info.out_color_space = JCS_CMYK; return true;
-    default: return false;
+    case JCS_YCCK:
+      info.out_color_space = JCS_CMYK;
+      return true;
+    default:
+      return false;
   }
 }
 

@@ -28,10 +28,16 @@ struct Encoder {
   ~Encoder() { jpeg_destroy_compress(&info); }
 };
 
-Encoder& encoderOf(j_common_ptr info) { return *static_cast<Encoder*>(info->client_data); }
-Encoder& encoderOf(j_compress_ptr info) { return *static_cast<Encoder*>(info->client_data); }
+Encoder& encoderOf(j_common_ptr info) {
+  return *static_cast<Encoder*>(info->client_data);
+}
+Encoder& encoderOf(j_compress_ptr info) {
+  return *static_cast<Encoder*>(info->client_data);
+}
 
-void onError(j_common_ptr info) { std::longjmp(encoderOf(info).giveUp, 1); }
+void onError(j_common_ptr info) {
+  std::longjmp(encoderOf(info).giveUp, 1);
+}
 void ignoreMessage(j_common_ptr) {}
 
 void startOutput(j_compress_ptr info) {

@@ -11,8 +11,8 @@ bool turnUpright(raster::Surface& surface, int orientation) {
   if (!seen.create(sideways ? storedHeight : storedWidth, sideways ? storedWidth : storedHeight, 32, surface.order())) {
     return false;
   }
-  // The stored row 0 is the seen bottom in 3 and 4, the right side in 6 and 7; the stored column 0 is the seen right side
-  // in 2 and 3, the bottom in 7 and 8.
+  // The stored row 0 is the seen bottom in 3 and 4, the right side in 6 and 7; the stored column 0 is the seen right
+  // side in 2 and 3, the bottom in 7 and 8.
   const bool rowsBackwards = orientation == 3 || orientation == 4 || orientation == 6 || orientation == 7;
   const bool columnsBackwards = orientation == 2 || orientation == 3 || orientation == 7 || orientation == 8;
   for (int y = 0; y < seen.height(); ++y) {

@@ -25,7 +25,7 @@ struct LoadResult {
 LoadResult LoadPicture(const std::filesystem::path& path);
 
 // The imaging service's loader: PNG and TIFF (and whatever LoadPicture takes), 32-bit surfaces with straight alpha in
-// byte 3 where the file has alpha. Needs imagingUsable().
+// byte 3 where the file has alpha. Without imagingUsable() everything is NotThisFormat.
 LoadResult LoadImageThroughGDIPlus(const std::filesystem::path& path);
 
 }  // namespace ruvo::imaging

@@ -19,11 +19,15 @@ struct Decoder {
   bool alpha = false;
   LoadResult result;
 
-  Decoder(ByteSource& source, std::int64_t limit) : reader(source), maxPixels(limit) { result.error = LoadError::Broken; }
+  Decoder(ByteSource& source, std::int64_t limit) : reader(source), maxPixels(limit) {
+    result.error = LoadError::Broken;
+  }
   ~Decoder() { png_destroy_read_struct(&png, &info, nullptr); }
 };
 
-[[noreturn]] void onError(png_structp png, png_const_charp) { png_longjmp(png, 1); }
+[[noreturn]] void onError(png_structp png, png_const_charp) {
+  png_longjmp(png, 1);
+}
 void ignoreWarning(png_structp, png_const_charp) {}
 void readBytes(png_structp png, png_bytep target, std::size_t count) {
   auto& reader = *static_cast<SequentialReader*>(png_get_io_ptr(png));

@@ -22,7 +22,9 @@ struct Encoder {
   ~Encoder() { png_destroy_write_struct(&png, &info); }
 };
 
-[[noreturn]] void onError(png_structp png, png_const_charp) { png_longjmp(png, 1); }
+[[noreturn]] void onError(png_structp png, png_const_charp) {
+  png_longjmp(png, 1);
+}
 void ignoreWarning(png_structp, png_const_charp) {}
 void writeBytes(png_structp png, png_bytep bytes, std::size_t count) {
   if (!static_cast<FileReplacement*>(png_get_io_ptr(png))->write({bytes, count})) png_error(png, "not written");

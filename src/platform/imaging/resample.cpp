@@ -169,9 +169,11 @@ class RowStore {
 void copyPicked(const std::uint8_t* from, std::uint8_t* to, int depth, const std::vector<int>& columns) {
   const int width = static_cast<int>(columns.size());
   if (depth == 32) {
-    for (int x = 0; x < width; ++x) reinterpret_cast<Pixel32*>(to)[x] = reinterpret_cast<const Pixel32*>(from)[columns[x]];
+    for (int x = 0; x < width; ++x)
+      reinterpret_cast<Pixel32*>(to)[x] = reinterpret_cast<const Pixel32*>(from)[columns[x]];
   } else if (depth == 24) {
-    for (int x = 0; x < width; ++x) std::copy_n(from + 3 * static_cast<std::ptrdiff_t>(columns[x]), 3, to + 3 * static_cast<std::ptrdiff_t>(x));
+    for (int x = 0; x < width; ++x)
+      std::copy_n(from + 3 * static_cast<std::ptrdiff_t>(columns[x]), 3, to + 3 * static_cast<std::ptrdiff_t>(x));
   } else {
     for (int x = 0; x < width; ++x) placeIndex(to, x, depth, indexAt(from, columns[x], depth));
   }

@@ -1,5 +1,5 @@
-// Quality resizing of whole surfaces. Source and target have the same depth, the target its size and (at 8 bits or fewer)
-// its table; every target pixel is written. Pixel centres lie at half.
+// Quality resizing of whole surfaces. Source and target have the same depth, the target its size and (at 8 bits or
+// fewer) its table; every target pixel is written. Pixel centres lie at half.
 #pragma once
 
 #include "platform/raster/surface.h"
@@ -9,10 +9,10 @@ namespace ruvo::imaging {
 // Target pixel i takes source pixel floor((i + 0.5) x source / target).
 void resampleNearest(const raster::Surface& source, raster::Surface& target);
 
-// Cubic convolution (Catmull-Rom), widened by the ratio when it shrinks, so that every source pixel counts. Weights that
-// fall outside the picture are shared out among those inside: edges do not fade. With alpha colours are weighed by it and
-// come out straight; without, byte 3 of 32-bit pixels becomes zero. Surfaces with a table take the entry nearest to the
-// filtered colour.
+// Cubic convolution (Catmull-Rom), widened by the ratio when it shrinks, so that every source pixel counts. Weights
+// that fall outside the picture are shared out among those inside: edges do not fade. With alpha colours are weighed by
+// it and come out straight; without, byte 3 of 32-bit pixels becomes zero. Surfaces with a table take the entry nearest
+// to the filtered colour.
 void resampleBicubic(const raster::Surface& source, raster::Surface& target, bool hasAlpha);
 
 }  // namespace ruvo::imaging

@@ -17,9 +17,11 @@ Table fixedTable(int depth) {
   if (depth == 1) return {raster::TableEntry::of(kBlack), raster::TableEntry::of(kWhite)};
   Table table;
   if (depth == 4) {
-    for (int i = 0; i < 8; ++i) table.push_back(raster::TableEntry::of(rgb((i & 1) * 128, (i >> 1 & 1) * 128, (i >> 2) * 128)));
+    for (int i = 0; i < 8; ++i)
+      table.push_back(raster::TableEntry::of(rgb((i & 1) * 128, (i >> 1 & 1) * 128, (i >> 2) * 128)));
     table.push_back(raster::TableEntry::of(rgb(192, 192, 192)));
-    for (int i = 1; i < 8; ++i) table.push_back(raster::TableEntry::of(rgb((i & 1) * 255, (i >> 1 & 1) * 255, (i >> 2) * 255)));
+    for (int i = 1; i < 8; ++i)
+      table.push_back(raster::TableEntry::of(rgb((i & 1) * 255, (i >> 1 & 1) * 255, (i >> 2) * 255)));
     return table;
   }
   for (int i = 0; i < 216; ++i) table.push_back(raster::TableEntry::of(rgb(i / 36 * 51, i / 6 % 6 * 51, i % 6 * 51)));
@@ -74,7 +76,8 @@ void placeDiffused(const raster::Surface& surface, raster::Surface& reduced) {
     std::fill(below.begin(), below.end(), 0);
     for (int x = 0; x < width; ++x) {
       const std::size_t at = static_cast<std::size_t>(x + 1) * 3;
-      const int wanted[3] = {std::clamp(row[x].blue + here[at] / 16, 0, 255), std::clamp(row[x].green + here[at + 1] / 16, 0, 255),
+      const int wanted[3] = {std::clamp(row[x].blue + here[at] / 16, 0, 255),
+                             std::clamp(row[x].green + here[at + 1] / 16, 0, 255),
                              std::clamp(row[x].red + here[at + 2] / 16, 0, 255)};
       const int index = lookup.nearest(Pixel32::plain(rgb(wanted[2], wanted[1], wanted[0])));
       placeIndex(out, x, reduced.depth(), index);

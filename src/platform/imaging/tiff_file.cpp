@@ -5,7 +5,9 @@
 namespace ruvo::imaging {
 namespace {
 
-int saysNothing(TIFF*, void*, const char*, const char*, va_list) { return 1; }
+int saysNothing(TIFF*, void*, const char*, const char*, va_list) {
+  return 1;
+}
 
 bool movePosition(std::uint64_t& position, std::uint64_t size, toff_t offset, int whence) {
   const std::uint64_t base = whence == SEEK_CUR ? position : whence == SEEK_END ? size : 0;
@@ -23,12 +25,16 @@ tmsize_t readInput(thandle_t handle, void* target, tmsize_t count) {
   input.position += got;
   return static_cast<tmsize_t>(got);
 }
-tmsize_t refuseWrite(thandle_t, void*, tmsize_t) { return -1; }
+tmsize_t refuseWrite(thandle_t, void*, tmsize_t) {
+  return -1;
+}
 toff_t seekInput(thandle_t handle, toff_t offset, int whence) {
   auto& input = *static_cast<TiffInput*>(handle);
   return movePosition(input.position, input.source.size(), offset, whence) ? input.position : static_cast<toff_t>(-1);
 }
-toff_t inputSize(thandle_t handle) { return static_cast<TiffInput*>(handle)->source.size(); }
+toff_t inputSize(thandle_t handle) {
+  return static_cast<TiffInput*>(handle)->source.size();
+}
 
 tmsize_t readOutput(thandle_t handle, void* target, tmsize_t count) {
   auto& output = *static_cast<TiffOutput*>(handle);
@@ -52,10 +58,16 @@ toff_t seekOutput(thandle_t handle, toff_t offset, int whence) {
   auto& output = *static_cast<TiffOutput*>(handle);
   return movePosition(output.position, output.bytes.size(), offset, whence) ? output.position : static_cast<toff_t>(-1);
 }
-toff_t outputSize(thandle_t handle) { return static_cast<TiffOutput*>(handle)->bytes.size(); }
+toff_t outputSize(thandle_t handle) {
+  return static_cast<TiffOutput*>(handle)->bytes.size();
+}
 
-int keepOpen(thandle_t) { return 0; }
-int noMap(thandle_t, void**, toff_t*) { return 0; }
+int keepOpen(thandle_t) {
+  return 0;
+}
+int noMap(thandle_t, void**, toff_t*) {
+  return 0;
+}
 void noUnmap(thandle_t, void*, toff_t) {}
 
 TiffHandle openWith(const char* mode, thandle_t handle, TIFFReadWriteProc read, TIFFReadWriteProc write,
@@ -72,7 +84,9 @@ TiffHandle openWith(const char* mode, thandle_t handle, TIFFReadWriteProc read, 
 
 }  // namespace
 
-TiffHandle openTiff(TiffInput& input) { return openWith("rm", &input, readInput, refuseWrite, seekInput, inputSize); }
+TiffHandle openTiff(TiffInput& input) {
+  return openWith("rm", &input, readInput, refuseWrite, seekInput, inputSize);
+}
 TiffHandle createTiff(TiffOutput& output) {
   return openWith("wm", &output, readOutput, writeOutput, seekOutput, outputSize);
 }

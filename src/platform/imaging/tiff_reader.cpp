@@ -67,7 +67,9 @@ std::vector<Pixel32> readTable(TIFF* tiff, int bits) {
   const int count = 1 << bits;
   bool wide = false;
   for (int i = 0; i < count; ++i) wide = wide || red[i] > 255 || green[i] > 255 || blue[i] > 255;
-  const auto byteOf = [&](int value) { return static_cast<std::uint8_t>(wide ? (value * 255 + 32767) / 65535 : value); };
+  const auto byteOf = [&](int value) {
+    return static_cast<std::uint8_t>(wide ? (value * 255 + 32767) / 65535 : value);
+  };
   for (int i = 0; i < count; ++i) table[i] = {byteOf(blue[i]), byteOf(green[i]), byteOf(red[i]), 0};
   return table;
 }
@@ -75,19 +77,37 @@ std::vector<Pixel32> readTable(TIFF* tiff, int bits) {
 // How to unpack the page here; false when it is a matter for the library's conversion or not readable.
 bool pixelFormatOf(TIFF* tiff, const Page& page, TiffPixelFormat& format) {
   switch (page.photometric) {
-    case PHOTOMETRIC_MINISWHITE: format.colours = TiffColours::WhiteIsZero; break;
-    case PHOTOMETRIC_MINISBLACK: format.colours = TiffColours::BlackIsZero; break;
-    case PHOTOMETRIC_RGB: format.colours = TiffColours::Rgb; break;
-    case PHOTOMETRIC_PALETTE: format.colours = TiffColours::Palette; break;
-    case PHOTOMETRIC_SEPARATED: format.colours = TiffColours::Inks; break;
-    default: return false;
+    case PHOTOMETRIC_MINISWHITE:
+      format.colours = TiffColours::WhiteIsZero;
+      break;
+    case PHOTOMETRIC_MINISBLACK:
+      format.colours = TiffColours::BlackIsZero;
+      break;
+    case PHOTOMETRIC_RGB:
+      format.colours = TiffColours::Rgb;
+      break;
+    case PHOTOMETRIC_PALETTE:
+      format.colours = TiffColours::Palette;
+      break;
+    case PHOTOMETRIC_SEPARATED:
+      format.colours = TiffColours::Inks;
+      break;
+    default:
+      return false;
   }
   switch (page.sampleFormat) {
-    case SAMPLEFORMAT_INT: format.kind = SampleKind::Signed; break;
-    case SAMPLEFORMAT_IEEEFP: format.kind = SampleKind::Float; break;
+    case SAMPLEFORMAT_INT:
+      format.kind = SampleKind::Signed;
+      break;
+    case SAMPLEFORMAT_IEEEFP:
+      format.kind = SampleKind::Float;
+      break;
     case SAMPLEFORMAT_UINT:
-    case SAMPLEFORMAT_VOID: format.kind = SampleKind::Unsigned; break;
-    default: return false;
+    case SAMPLEFORMAT_VOID:
+      format.kind = SampleKind::Unsigned;
+      break;
+    default:
+      return false;
   }
   const bool wholeFloat = page.bits == 32 || page.bits == 64;
   if (format.kind == SampleKind::Float ? !wholeFloat : page.bits < 1 || page.bits > 32) return false;
@@ -161,7 +181,8 @@ struct Grid {
 
 bool gridOf(TIFF* tiff, const Page& page, Grid& grid) {
   if (page.tiled) {
-    if (!TIFFGetField(tiff, TIFFTAG_TILEWIDTH, &grid.blockWidth) || !TIFFGetField(tiff, TIFFTAG_TILELENGTH, &grid.blockHeight)) {
+    if (!TIFFGetField(tiff, TIFFTAG_TILEWIDTH, &grid.blockWidth) ||
+        !TIFFGetField(tiff, TIFFTAG_TILELENGTH, &grid.blockHeight)) {
       return false;
     }
     grid.rowBytes = static_cast<std::int64_t>(TIFFTileRowSize64(tiff));
@@ -181,8 +202,9 @@ bool readBlock(TIFF* tiff, const Page& page, std::uint32_t x, std::uint32_t y, i
                std::uint8_t* target) {
   const auto plane = static_cast<std::uint16_t>(sample);
   const tmsize_t got =
-      page.tiled ? TIFFReadEncodedTile(tiff, TIFFComputeTile(tiff, x, y, 0, plane), target, static_cast<tmsize_t>(bytes))
-                 : TIFFReadEncodedStrip(tiff, TIFFComputeStrip(tiff, y, plane), target, static_cast<tmsize_t>(bytes));
+      page.tiled
+          ? TIFFReadEncodedTile(tiff, TIFFComputeTile(tiff, x, y, 0, plane), target, static_cast<tmsize_t>(bytes))
+          : TIFFReadEncodedStrip(tiff, TIFFComputeStrip(tiff, y, plane), target, static_cast<tmsize_t>(bytes));
   return got >= bytes;
 }
 
@@ -227,7 +249,8 @@ bool readConverted(TIFF* tiff, const Page& page, raster::Surface& surface) {
   if (!TIFFRGBAImageBegin(&image, tiff, 1, reason)) return false;
   image.orientation = ORIENTATION_TOPLEFT;
   image.req_orientation = ORIENTATION_BOTLEFT;
-  const bool done = TIFFRGBAImageGet(&image, reinterpret_cast<std::uint32_t*>(surface.bits()), page.width, page.height) != 0;
+  const bool done =
+      TIFFRGBAImageGet(&image, reinterpret_cast<std::uint32_t*>(surface.bits()), page.width, page.height) != 0;
   TIFFRGBAImageEnd(&image);
   if (!done) return false;
   for (int y = 0; y < surface.height(); ++y) {

@@ -20,15 +20,18 @@ std::uint8_t floatToByte(const std::uint8_t* at) {
 std::uint8_t wholeBytesSample(const TiffPixelFormat& format, const std::uint8_t* at) {
   const int flip = format.kind == SampleKind::Signed ? 0x80 : 0;
   switch (format.bits) {
-    case 8: return static_cast<std::uint8_t>(at[0] ^ flip);
+    case 8:
+      return static_cast<std::uint8_t>(at[0] ^ flip);
     case 16: {
       std::uint16_t v = 0;
       std::memcpy(&v, at, 2);
       v = static_cast<std::uint16_t>(v ^ flip << 8);
       return static_cast<std::uint8_t>((v * 255u + 32767u) / 65535u);
     }
-    case 24: return static_cast<std::uint8_t>(at[2] ^ flip);
-    case 64: return floatToByte<double>(at);
+    case 24:
+      return static_cast<std::uint8_t>(at[2] ^ flip);
+    case 64:
+      return floatToByte<double>(at);
     default: {
       if (format.kind == SampleKind::Float) return floatToByte<float>(at);
       std::uint32_t v = 0;
@@ -91,10 +94,18 @@ void unpackSamples(const TiffPixelFormat& format, const std::uint8_t* row, int c
 
 void samplesToPixels(const TiffPixelFormat& format, const std::uint8_t* samples, int step, Pixel32* out, int width) {
   switch (format.colours) {
-    case TiffColours::WhiteIsZero: greyToPixels(samples, step, 255, out, width); break;
-    case TiffColours::BlackIsZero: greyToPixels(samples, step, 0, out, width); break;
-    case TiffColours::Rgb: rgbToPixels(samples, step, out, width); break;
-    case TiffColours::Inks: inksToPixels(samples, step, format.colourSamples == 4, out, width); break;
+    case TiffColours::WhiteIsZero:
+      greyToPixels(samples, step, 255, out, width);
+      break;
+    case TiffColours::BlackIsZero:
+      greyToPixels(samples, step, 0, out, width);
+      break;
+    case TiffColours::Rgb:
+      rgbToPixels(samples, step, out, width);
+      break;
+    case TiffColours::Inks:
+      inksToPixels(samples, step, format.colourSamples == 4, out, width);
+      break;
     case TiffColours::Palette:
       for (int x = 0; x < width; ++x) out[x] = format.table[samples[static_cast<std::ptrdiff_t>(x) * step]];
       break;

@@ -116,7 +116,8 @@ Bytes packBlock(const TiffFile& file, int left, int top, int width, int height, 
         continue;
       }
       held = held << file.bits | static_cast<std::uint32_t>(v);
-      for (heldBits += file.bits; heldBits >= 8; heldBits -= 8) all.push_back(static_cast<std::uint8_t>(held >> (heldBits - 8)));
+      for (heldBits += file.bits; heldBits >= 8; heldBits -= 8)
+        all.push_back(static_cast<std::uint8_t>(held >> (heldBits - 8)));
     }
     if (heldBits > 0) all.push_back(static_cast<std::uint8_t>(held << (8 - heldBits)));
   }

@@ -1,4 +1,5 @@
-// Small files made by the format libraries themselves, so that the decoders are checked against writers that are not ours.
+// Small files made by the format libraries themselves, so that the decoders are checked against writers that are not
+// ours.
 #pragma once
 
 #include <cstdint>
@@ -32,7 +33,7 @@ struct PngFile {
   int depth = 8;
   int colourType = 2;
   bool interlaced = false;
-  int transparent = -1;      // index or grey value in a tRNS chunk
+  int transparent = -1;       // index or grey value in a tRNS chunk
   std::vector<Colour> table;  // of colour type 3
 };
 Bytes makePng(const PngFile& file, const SampleOf& sample);
