@@ -1,6 +1,7 @@
 #include "canvas/engine/brush_custom.h"
 
 #include "canvas/engine/brush_mix.h"
+#include "image/pixel_mix.h"
 
 namespace ruvo::brush {
 
@@ -43,15 +44,15 @@ Rect layMasked(clsDIB& target, const clsDIB& picture, const clsDIB& mask, Point 
 
 Rect CustomBrushStroke::mixIn(Point corner) {
   const std::uint8_t alpha = writtenAlpha(target_);
-  const Share share(std::max(manner_.percent, 0));
+  const Mixer mixer(std::max(manner_.percent, 0));
   return overlay(target_, brush_, mask_, corner, [&, alpha](Pixel32& to, Pixel32 from, Pixel32 cover) {
     // The brush on white paper; what stays white there, paper or paint, is not mixed in.
     const Pixel32 onWhite{byteOf(cover.blue | from.blue), byteOf(cover.green | from.green),
                           byteOf(cover.red | from.red), 0};
     if (onWhite.colour() == kWhite) return;
-    const Pixel32 below = seen(target_, to);
-    to = {share.of(onWhite.blue, below.blue), share.of(onWhite.green, below.green), share.of(onWhite.red, below.red),
-          alpha};
+    to = seen(target_, to);
+    mixer.mix(to, onWhite);
+    to.alpha = alpha;
   });
 }
 

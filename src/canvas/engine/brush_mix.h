@@ -4,29 +4,16 @@
 #include <array>
 
 #include "base/colour.h"
-#include "base/rounding.h"
 #include "image/clsDIB.h"
 
 namespace ruvo::brush {
-
-// Share of the new colour. f and g are 32-bit floats; products and sum are made in double and rounded once.
-struct Share {
-  float f = 1;
-  float g = 0;
-
-  Share() = default;
-  explicit Share(int percent) : f(static_cast<float>(percent / 100.0)), g(1.0f - f) {}
-  std::uint8_t of(int over, int below) const {
-    return clampToByte(roundToInt(static_cast<double>(f) * over + static_cast<double>(g) * below));
-  }
-};
 
 // Byte 3 of every pixel that a tool writes.
 inline std::uint8_t writtenAlpha(const clsDIB& picture) {
   return picture.DIBhasAlpha() ? 255 : 0;
 }
 
-// The colour that a person sees for a pixel with alpha: over white, in whole percents.
+// What a person sees of a pixel with alpha: over white, opaque.
 Pixel32 overWhite(Pixel32 pixel);
 inline Pixel32 seen(const clsDIB& picture, Pixel32 pixel) {
   return picture.DIBhasAlpha() ? overWhite(pixel) : pixel;
