@@ -15,8 +15,6 @@ inline constexpr const char* kTextDepthReminder =
     "(To stop this reminder, uncheck Options submenu)";
 inline constexpr const char* kTextUnsavedChanges =
     "Changes to one or more files have not been saved yet.\nProceed to close all windows?";
-inline constexpr const char* kTextNoSystemFolder = "Unknown windows system directory, cannot proceed";
-inline constexpr const char* kTextNoPlatformFolder = "Unknown windows directory, cannot proceed";
 
 // A history item whose file is gone.
 std::string historyFileMissingText(std::string_view path);
