@@ -1,0 +1,7 @@
+#include "fuzz_entry.h"
+#include "platform/imaging/bmp_reader.h"
+
+RUVO_FUZZ_ENTRY(bmp, data) {
+  const ruvo::imaging::BmpResult result = ruvo::imaging::readBmp(data);
+  if (result && (result.surface.empty() || result.surface.width() != result.width)) __builtin_trap();
+}
