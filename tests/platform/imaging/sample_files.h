@@ -33,8 +33,8 @@ struct PngFile {
   int depth = 8;
   int colourType = 2;
   bool interlaced = false;
-  int transparent = -1;       // index or grey value in a tRNS chunk
-  std::vector<Colour> table;  // of colour type 3
+  int transparent = -1;            // index or grey value in a tRNS chunk
+  std::vector<Colour> table = {};  // of colour type 3
 };
 Bytes makePng(const PngFile& file, const SampleOf& sample);
 
@@ -51,7 +51,7 @@ struct TiffFile {
   bool isFloat = false;
   int tile = 0;  // side, or 0 for strips
   int rowsPerStrip = 2;
-  std::vector<Colour> table;
+  std::vector<Colour> table = {};
 };
 Bytes makeTiff(const TiffFile& file, const SampleOf& sample);
 
@@ -67,8 +67,8 @@ struct GifFile {
   int screenWidth = 4;
   int screenHeight = 3;
   int background = 0;
-  std::vector<Colour> table;  // 2, 4, ... entries
-  std::vector<GifFrame> frames;
+  std::vector<Colour> table = {};  // 2, 4, ... entries
+  std::vector<GifFrame> frames = {};
 };
 Bytes makeGif(const GifFile& file, const SampleOf& index);
 

@@ -1,0 +1,111 @@
+#include "image/basGDIProc.h"
+
+#include <gtest/gtest.h>
+
+#include "base/file_io.h"
+#include "platform/imaging/imaging_service.h"
+#include "platform/imaging/picture_loader.h"
+#include "support/pictures.h"
+#include "support/temp_folder.h"
+
+namespace ruvo {
+namespace {
+
+class GDIProc : public testing::Test {
+ protected:
+  void SetUp() override { imaging::startImagingService(); }
+  void TearDown() override { imaging::startImagingService(); }
+
+  clsDIB noisy() {
+    clsDIB dib;
+    dib.CreateBlankDIB(64, 48, 32, kWhite);
+    for (int i = 0; i < 64 * 48; ++i) dib.DIBBitsPtr()[4 * i + i % 3] = static_cast<std::uint8_t>(i * i >> 3);
+    return dib;
+  }
+  test::TempFolder folder_;
+};
+
+TEST_F(GDIProc, EncodersAreChosenByNumber) {
+  const clsDIB dib = noisy();
+  clsDIB indexed;
+  indexed.CreateBlankDIB(5, 4, 8, kWhite);
+  EXPECT_TRUE(SaveDIBWithEncoder(indexed, folder_ / "1", kEncodeGif));
+  EXPECT_TRUE(SaveDIBWithEncoder(dib, folder_ / "2", kEncodeJpeg, 85));
+  EXPECT_TRUE(SaveDIBWithEncoder(dib, folder_ / "3", kEncodePng));
+  EXPECT_TRUE(SaveTIFFWithDepth(dib, folder_ / "4", 24));
+  const std::string_view mimes[] = {kMimeGif, kMimeJpeg, kMimePng, kMimeTiff};
+  for (int file = 1; file <= 4; ++file) {
+    const auto path = folder_ / std::to_string(file);
+    EXPECT_TRUE(imaging::LoadImageThroughGDIPlus(path)) << file;
+    for (int mime = 1; mime <= 4; ++mime) EXPECT_EQ(IsFormatLoadable(path, mimes[mime - 1]), mime == file);
+  }
+  for (const int format : {-1, 0, 5}) EXPECT_FALSE(SaveDIBWithEncoder(dib, folder_ / "none", format, 85));
+  EXPECT_FALSE(SaveDIBWithEncoder(dib, folder_ / "none", kEncodeGif));  // needs 8 bits
+  EXPECT_EQ(folder_.names().size(), 4u);
+  replaceFile(folder_ / "bad.jpg", std::vector<std::uint8_t>{0xFF, 0xD8, 0xFF, 0xD9});
+  EXPECT_FALSE(IsFormatLoadable(folder_ / "bad.jpg", kMimeJpeg));
+  EXPECT_TRUE(hasEncoder(kMimePng) && hasDecoder(kMimeGif));
+  EXPECT_FALSE(hasEncoder("image/bmp") || hasDecoder("image/webp"));
+}
+
+TEST_F(GDIProc, QualityHasAFloorOnlyInItsOwnOperation) {
+  const clsDIB dib = noisy();
+  const auto sizeAt = [&](auto&& save, int quality) {
+    EXPECT_TRUE(save(quality));
+    return std::filesystem::file_size(folder_ / "q.jpg");
+  };
+  const auto floored = [&](int q) { return SaveJPEGWithQuality(dib, folder_ / "q.jpg", q); };
+  const auto exact = [&](int q) { return SaveDIBWithEncoder(dib, folder_ / "q.jpg", kEncodeJpeg, q); };
+  EXPECT_EQ(sizeAt(floored, 50), sizeAt(exact, 70));
+  EXPECT_EQ(sizeAt(floored, 300), sizeAt(exact, 100));
+  EXPECT_LT(sizeAt(exact, 50), sizeAt(exact, 55));
+  EXPECT_LT(sizeAt(exact, 55), sizeAt(exact, 70));
+}
+
+TEST_F(GDIProc, NothingHappensWithoutTheService) {
+  clsDIB dib = noisy();
+  ASSERT_TRUE(SaveDIBWithEncoder(dib, folder_ / "a.png", kEncodePng));
+  imaging::stopImagingService();
+  for (const int format : {1, 2, 3, 4}) EXPECT_FALSE(SaveDIBWithEncoder(dib, folder_ / "new", format, 24));
+  EXPECT_FALSE(SaveJPEGWithQuality(dib, folder_ / "new", 90));
+  EXPECT_FALSE(IsFormatLoadable(folder_ / "a.png", kMimePng));
+  EXPECT_FALSE(hasEncoder(kMimePng) || hasDecoder(kMimePng));
+  EXPECT_FALSE(ResizeDIBQuality(dib, 10, 10, true));
+  EXPECT_EQ(dib.DIBWidth(), 64);
+  EXPECT_EQ(folder_.names(), std::vector<std::string>{"a.png"});
+}
+
+TEST_F(GDIProc, ResizingKeepsDepthAlphaTableAndRowOrder) {
+  for (const int depth : {1, 4, 8, 24, 32}) {
+    for (const bool quality : {false, true}) {
+      clsDIB dib;
+      ASSERT_TRUE(dib.CreateBlankDIB(6, 4, depth, kWhite, depth == 8));
+      dib.setDIBhasAlpha(depth == 32);
+      if (depth == 8) dib.surface().pictureRow(0)[0] = 1;
+      ASSERT_TRUE(ResizeDIBQuality(dib, 12, 8, quality));
+      EXPECT_EQ(dib.size(), (Size{12, 8}));
+      EXPECT_EQ(dib.DIBbpp(), depth);
+      EXPECT_EQ(dib.DIBhasAlpha(), depth == 32);
+      EXPECT_EQ(dib.BottomUp(), depth == 8);
+      EXPECT_EQ(dib.DIBBackColor(), kWhite);
+      if (depth <= 8) {
+        EXPECT_EQ(dib.surface().table()[1].colour(), kWhite);
+      }
+      if (depth == 8) {
+        EXPECT_EQ(dib.surface().pictureRow(0)[0], 1);
+      }
+    }
+  }
+  clsDIB dib = test::dibOf({"#.", ".#"});
+  ASSERT_TRUE(ResizeDIBQuality(dib, 4, 4, false));
+  EXPECT_PICTURE(test::rowsOf(dib), {"##..", "##..", "..##", "..##"});
+  for (const auto& [width, height] : {std::pair{0, 5}, {5, -1}, {32761, 1}, {5001, 5000}}) {
+    EXPECT_FALSE(ResizeDIBQuality(dib, width, height, true));
+  }
+  EXPECT_EQ(dib.size(), (Size{4, 4}));
+  clsDIB empty;
+  EXPECT_FALSE(ResizeDIBQuality(empty, 5, 5, true));
+}
+
+}  // namespace
+}  // namespace ruvo

@@ -1,0 +1,255 @@
+// Each decoder against files that the format's own library wrote.
+#include <gtest/gtest.h>
+
+#include "platform/imaging/codecs.h"
+#include "platform/imaging/sample_files.h"
+
+namespace ruvo::imaging {
+namespace {
+
+using test::Bytes;
+using Reader = LoadResult (*)(ByteSource&, std::int64_t);
+
+LoadResult read(Reader reader, const Bytes& bytes) {
+  MemorySource source(bytes);
+  return reader(source, kMaxPicturePixels);
+}
+
+Pixel32 pixelAt(const LoadResult& result, int x, int y) {
+  if (!result.picture.bitmap) return {1, 2, 3, 4};
+  return reinterpret_cast<const Pixel32*>(result.picture.bitmap->pictureRow(y))[x];
+}
+
+// Largest difference of a channel over the picture.
+int farthest(const LoadResult& result, const std::function<Pixel32(int, int)>& wanted) {
+  if (!result) return 999;
+  int most = 0;
+  for (int y = 0; y < result.height; ++y) {
+    for (int x = 0; x < result.width; ++x) {
+      const Pixel32 got = pixelAt(result, x, y), want = wanted(x, y);
+      for (const int d : {got.blue - want.blue, got.green - want.green, got.red - want.red, got.alpha - want.alpha}) {
+        most = std::max(most, std::abs(d));
+      }
+    }
+  }
+  return most;
+}
+
+// Smooth in both directions, so that lossy files come close.
+int smooth(int x, int y, int channel) {
+  return 20 + 60 * channel + 3 * x + 2 * y;
+}
+Pixel32 smoothPixel(int x, int y) {
+  return Pixel32::plain(rgb(smooth(x, y, 0), smooth(x, y, 1), smooth(x, y, 2)));
+}
+
+TEST(JpegReader, EveryKindOfFileGivesItsColours) {
+  for (const test::JpegFile& file : {test::JpegFile{.width = 23, .height = 19},
+                                     {.width = 23, .height = 19, .progressive = true},
+                                     {.arithmetic = true},
+                                     {.width = 17, .restart = 1}}) {
+    const LoadResult result = read(readJpeg, test::makeJpeg(file, smooth));
+    EXPECT_EQ(result.width, file.width);
+    EXPECT_EQ(result.fileDepth, 24);
+    EXPECT_LE(farthest(result, smoothPixel), 6) << file.progressive << file.arithmetic << file.restart;
+  }
+  const LoadResult grey = read(readJpeg, test::makeJpeg({.channels = 1}, smooth));
+  EXPECT_EQ(grey.fileDepth, 8);
+  EXPECT_LE(
+      farthest(grey,
+               [](int x, int y) { return Pixel32::plain(rgb(smooth(x, y, 0), smooth(x, y, 0), smooth(x, y, 0))); }),
+      2);
+}
+
+TEST(JpegReader, FourInksAreLightInAdobesFilesAndInkInOthers) {
+  // Cyan 100, magenta 150, yellow 200 of the light pass; a quarter is held back by black.
+  const auto light = [](int, int, int channel) { return channel == 3 ? 191 : 100 + 50 * channel; };
+  const auto ink = [&](int x, int y, int channel) { return 255 - light(x, y, channel); };
+  const auto wanted = [](int, int) { return Pixel32::plain(rgb(75, 112, 150)); };
+  EXPECT_LE(farthest(read(readJpeg, test::makeJpeg({.channels = 4, .adobeMarker = true}, light)), wanted), 2);
+  EXPECT_LE(farthest(read(readJpeg, test::makeJpeg({.channels = 4}, ink)), wanted), 2);
+}
+
+TEST(JpegReader, CutPhotoShowsItsTop) {
+  Bytes bytes = test::makeJpeg({.width = 64, .height = 256}, smooth);
+  bytes.resize(bytes.size() / 2);
+  const LoadResult result = read(readJpeg, bytes);
+  ASSERT_TRUE(result);
+  EXPECT_EQ(result.height, 256);
+  EXPECT_NEAR(pixelAt(result, 30, 40).red, smooth(30, 40, 0), 6);
+  EXPECT_NE(pixelAt(result, 30, 250), smoothPixel(30, 250));
+}
+
+TEST(PngReader, EveryColourTypeAndDepth) {
+  const auto small = [](int x, int y, int channel) { return (x + 2 * y + channel) & 1; };
+  for (const int depth : {1, 2, 4, 8, 16}) {
+    const int step = depth == 16 ? 65535 : 255 / (255 / ((1 << depth) - 1));
+    const LoadResult grey =
+        read(readPng, test::makePng({.width = 11, .depth = depth, .colourType = 0, .interlaced = depth == 4},
+                                    [&](int x, int y, int c) { return small(x, y, c) * step; }));
+    EXPECT_EQ(farthest(grey, [&](int x, int y) { return Pixel32::plain(small(x, y, 0) ? kWhite : kBlack); }), 0)
+        << depth;
+    EXPECT_EQ(grey.fileDepth, depth);
+  }
+  const std::vector<Colour> table = {rgb(1, 2, 3), rgb(200, 100, 50)};
+  for (const int depth : {1, 8}) {
+    const LoadResult indexed = read(readPng, test::makePng({.depth = depth, .colourType = 3, .table = table}, small));
+    EXPECT_FALSE(indexed.picture.hasAlpha);
+    EXPECT_EQ(farthest(indexed, [&](int x, int y) { return Pixel32::plain(table[small(x, y, 0)]); }), 0) << depth;
+  }
+  EXPECT_EQ(farthest(read(readPng, test::makePng({.width = 9, .interlaced = true}, smooth)), smoothPixel), 0);
+}
+
+TEST(PngReader, AlphaComesOutStraight) {
+  const auto sample = [](int x, int y, int channel) { return channel == 3 ? 16 * x + y : smooth(x, y, channel); };
+  const auto wanted = [&](int x, int y) {
+    Pixel32 p = smoothPixel(x, y);
+    p.alpha = static_cast<std::uint8_t>(sample(x, y, 3));
+    return p;
+  };
+  const LoadResult full = read(readPng, test::makePng({.colourType = 6}, sample));
+  EXPECT_TRUE(full.picture.hasAlpha);
+  EXPECT_EQ(farthest(full, wanted), 0);
+  const LoadResult wide = read(readPng, test::makePng({.depth = 16, .colourType = 6},
+                                                      [&](int x, int y, int c) { return 257 * sample(x, y, c); }));
+  EXPECT_EQ(farthest(wide, wanted), 0);
+  const LoadResult keyed =
+      read(readPng, test::makePng({.colourType = 3, .transparent = 1, .table = {kWhite, rgb(9, 8, 7)}},
+                                  [](int x, int, int) { return x & 1; }));
+  EXPECT_TRUE(keyed.picture.hasAlpha);
+  EXPECT_EQ(pixelAt(keyed, 0, 0), Pixel32::opaque(kWhite));
+  EXPECT_EQ(pixelAt(keyed, 1, 0), (Pixel32{7, 8, 9, 0}));
+}
+
+TEST(PngReader, CutAndDamagedFilesAreRefused) {
+  Bytes bytes =
+      test::makePng({.width = 40, .height = 40}, [](int x, int y, int c) { return (x * y * 7 + c * 31) & 255; });
+  Bytes cut(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(bytes.size() / 2));
+  EXPECT_EQ(read(readPng, cut).error, LoadError::Broken);
+  bytes[29] ^= 1;  // the checksum of the header
+  EXPECT_EQ(read(readPng, bytes).error, LoadError::Broken);
+}
+
+TEST(TiffReader, StripsTilesAndPlanesGiveTheSamePicture) {
+  for (const int tile : {0, 16}) {
+    for (const bool planes : {false, true}) {
+      for (const int compression : {1, 5, 8, 32773}) {  // none, LZW, deflate, PackBits
+        const LoadResult result = read(readTiff, test::makeTiff({.width = 21,
+                                                                 .height = 18,
+                                                                 .compression = compression,
+                                                                 .planes = planes,
+                                                                 .tile = tile,
+                                                                 .rowsPerStrip = 5},
+                                                                smooth));
+        EXPECT_EQ(farthest(result, smoothPixel), 0) << tile << planes << compression;
+      }
+    }
+  }
+}
+
+TEST(TiffReader, SamplesOfEveryDepth) {
+  for (const int bits : {1, 2, 4, 6, 8, 12, 16, 24}) {
+    const std::int64_t most = (1LL << bits) - 1;
+    const auto level = [&](int x, int, int) { return static_cast<int>(most * (x % 2)); };
+    for (const int photometric : {0, 1}) {  // white is zero, black is zero
+      const LoadResult grey =
+          read(readTiff, test::makeTiff({.bits = bits, .samples = 1, .photometric = photometric}, level));
+      EXPECT_EQ(grey.fileDepth, bits);
+      EXPECT_EQ(
+          farthest(grey,
+                   [&](int x, int) { return Pixel32::plain((x % 2 == 1) == (photometric == 1) ? kWhite : kBlack); }),
+          0)
+          << bits << ' ' << photometric;
+    }
+    const LoadResult planar = read(readTiff, test::makeTiff({.bits = bits, .planes = true}, [&](int x, int y, int c) {
+                                     return c == 1 ? level(x, y, c) : 0;
+                                   }));
+    EXPECT_EQ(farthest(planar, [](int x, int) { return Pixel32::plain(x % 2 ? rgb(0, 255, 0) : kBlack); }), 0) << bits;
+  }
+  const LoadResult real = read(readTiff, test::makeTiff({.bits = 32, .isFloat = true}, smooth));
+  EXPECT_EQ(farthest(real, smoothPixel), 0);
+  const LoadResult fax = read(
+      readTiff, test::makeTiff({.width = 40, .height = 9, .bits = 1, .samples = 1, .photometric = 0, .compression = 4},
+                               [](int x, int y, int) { return (x / 3 + y) & 1; }));
+  EXPECT_EQ(farthest(fax, [](int x, int y) { return Pixel32::plain((x / 3 + y) & 1 ? kBlack : kWhite); }), 0);
+}
+
+TEST(TiffReader, TablesAndInks) {
+  const std::vector<Colour> table = {rgb(255, 0, 0), rgb(0, 9, 0), rgb(0, 0, 200), rgb(1, 2, 3)};
+  const LoadResult indexed = read(readTiff, test::makeTiff({.bits = 2, .samples = 1, .photometric = 3, .table = table},
+                                                           [](int x, int y, int) { return (x + y) & 3; }));
+  EXPECT_EQ(farthest(indexed, [&](int x, int y) { return Pixel32::plain(table[(x + y) & 3]); }), 0);
+  const LoadResult inks = read(readTiff, test::makeTiff({.samples = 4, .photometric = 5},
+                                                        [](int, int, int c) { return c == 3 ? 64 : 155 - 50 * c; }));
+  EXPECT_LE(farthest(inks, [](int, int) { return Pixel32::plain(rgb(75, 112, 150)); }), 1);
+}
+
+TEST(TiffReader, AlphaIsWhatTheFileCallsAlpha) {
+  // Extra kinds: 0 unspecified, 1 multiplied, 2 straight.
+  const auto rgba = [](int extra, int red) {
+    return read(readTiff, test::makeTiff({.samples = 4, .extra = extra}, [=](int, int, int c) {
+                  return c == 3 ? 128 : c == 0 ? red : 0;
+                }));
+  };
+  EXPECT_FALSE(rgba(0, 200).picture.hasAlpha);
+  EXPECT_EQ(pixelAt(rgba(0, 200), 0, 0), (Pixel32{0, 0, 200, 0}));
+  EXPECT_EQ(pixelAt(rgba(1, 100), 0, 0), (Pixel32{0, 0, 199, 128}));
+  EXPECT_EQ(pixelAt(rgba(2, 200), 0, 0), (Pixel32{0, 0, 200, 128}));
+}
+
+TEST(TiffReader, OrientationTurnsThePictureUpright) {
+  // Where the stored top left pixel is seen, by orientation 1 to 8, in a picture stored 5 wide and 3 high.
+  const Point seenAt[] = {{0, 0}, {4, 0}, {4, 2}, {0, 2}, {0, 0}, {2, 0}, {2, 4}, {0, 4}};
+  // And the pixel to its right.
+  const Point nextAt[] = {{1, 0}, {3, 0}, {3, 2}, {1, 2}, {0, 1}, {2, 1}, {2, 3}, {0, 3}};
+  for (int orientation = 1; orientation <= 8; ++orientation) {
+    const LoadResult result =
+        read(readTiff, test::makeTiff({.orientation = orientation}, [](int x, int y, int) { return 10 * x + y + 1; }));
+    EXPECT_EQ(result.picture.width, orientation <= 4 ? 5 : 3);
+    EXPECT_EQ(result.width, result.picture.width);
+    EXPECT_EQ(pixelAt(result, seenAt[orientation - 1].x, seenAt[orientation - 1].y).red, 1) << orientation;
+    EXPECT_EQ(pixelAt(result, nextAt[orientation - 1].x, nextAt[orientation - 1].y).red, 11) << orientation;
+  }
+}
+
+TEST(TiffReader, CutFilesAreRefused) {
+  const Bytes bytes = test::makeTiff({.width = 50, .height = 50}, smooth);
+  for (const std::size_t length : {8u, 100u, static_cast<unsigned>(bytes.size() - 20)}) {
+    EXPECT_EQ(read(readTiff, Bytes(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length))).error,
+              LoadError::Broken);
+  }
+}
+
+TEST(GifReader, FirstFrameLiesOnItsScreen) {
+  test::GifFile file{
+      .screenWidth = 5,
+      .screenHeight = 4,
+      .background = 2,
+      .table = {kBlack, kWhite, rgb(10, 20, 30), rgb(255, 0, 0)},
+      .frames = {{.left = 1, .top = 1, .width = 3, .height = 9, .transparent = 3, .interlaced = true}, {.width = 5}}};
+  const LoadResult result = read(readGif, test::makeGif(file, [](int x, int y, int) { return x == 2 ? 3 : y & 1; }));
+  ASSERT_EQ(result.width, 5);
+  ASSERT_EQ(result.height, 4);
+  EXPECT_EQ(farthest(result,
+                     [&](int x, int y) {
+                       const bool inFrame = x >= 1 && x < 3 && y >= 1;
+                       return Pixel32::plain(inFrame ? file.table[(y - 1) & 1] : file.table[2]);
+                     }),
+            0);
+}
+
+TEST(GifReader, DamagedFirstFrameIsRefusedLaterOnesDoNotMatter) {
+  const test::GifFile file{.screenWidth = 30,
+                           .screenHeight = 30,
+                           .table = {kBlack, kWhite},
+                           .frames = {{.width = 30, .height = 30}, {.width = 30, .height = 30}}};
+  const Bytes bytes = test::makeGif(file, [](int x, int y, int) { return (x * y * 7 >> 2) & 1; });
+  const auto cutTo = [&](std::size_t length) {
+    return read(readGif, Bytes(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length)));
+  };
+  EXPECT_TRUE(cutTo(bytes.size() * 3 / 4));
+  EXPECT_EQ(cutTo(bytes.size() / 4).error, LoadError::Broken);
+}
+
+}  // namespace
+}  // namespace ruvo::imaging
