@@ -29,12 +29,17 @@ const QHash<QString, QPoint>& hotSpots() {
 Qt::CursorShape shapeOf(CursorWord word) {
   switch (word) {
     case CursorWord::Arrow:
-    case CursorWord::Unchanged: return Qt::ArrowCursor;
-    case CursorWord::HandOff: return Qt::OpenHandCursor;
-    case CursorWord::HandOn: return Qt::ClosedHandCursor;
+    case CursorWord::Unchanged:
+      return Qt::ArrowCursor;
+    case CursorWord::HandOff:
+      return Qt::OpenHandCursor;
+    case CursorWord::HandOn:
+      return Qt::ClosedHandCursor;
     case CursorWord::RegionDrag:
-    case CursorWord::PasteDrag: return Qt::SizeAllCursor;
-    default: return Qt::CrossCursor;
+    case CursorWord::PasteDrag:
+      return Qt::SizeAllCursor;
+    default:
+      return Qt::CrossCursor;
   }
 }
 

@@ -11,29 +11,71 @@ ucCanvas::ucCanvas(QWidget* parent) : QWidget(parent), d_(std::make_unique<Priva
 
 ucCanvas::~ucCanvas() = default;
 
-clsDIB& ucCanvas::DIB() { return d_->core.bitmaps.DIB; }
-const clsDIB& ucCanvas::DIB() const { return d_->core.bitmaps.DIB; }
-clsDIB& ucCanvas::DIBCustomBrush() { return d_->core.bitmaps.DIBCustomBrush; }
-clsDIB& ucCanvas::DIBCustomBrushMask() { return d_->core.bitmaps.DIBCustomBrushMask; }
-clsDIB& ucCanvas::DIBCustomPattern() { return d_->core.bitmaps.DIBCustomPattern; }
-clsDIB& ucCanvas::DIBStamp() { return d_->core.bitmaps.DIBStamp; }
-clsDIB& ucCanvas::DIBStampMask() { return d_->core.bitmaps.DIBStampMask; }
-bool ucCanvas::CustomBrushPresent() const { return !d_->core.bitmaps.DIBCustomBrush.empty(); }
-bool ucCanvas::CustomPatternPresent() const { return !d_->core.bitmaps.DIBCustomPattern.empty(); }
-bool ucCanvas::StampPresent() const { return !d_->core.bitmaps.DIBStamp.empty(); }
+clsDIB& ucCanvas::DIB() {
+  return d_->core.bitmaps.DIB;
+}
+const clsDIB& ucCanvas::DIB() const {
+  return d_->core.bitmaps.DIB;
+}
+clsDIB& ucCanvas::DIBCustomBrush() {
+  return d_->core.bitmaps.DIBCustomBrush;
+}
+clsDIB& ucCanvas::DIBCustomBrushMask() {
+  return d_->core.bitmaps.DIBCustomBrushMask;
+}
+clsDIB& ucCanvas::DIBCustomPattern() {
+  return d_->core.bitmaps.DIBCustomPattern;
+}
+clsDIB& ucCanvas::DIBStamp() {
+  return d_->core.bitmaps.DIBStamp;
+}
+clsDIB& ucCanvas::DIBStampMask() {
+  return d_->core.bitmaps.DIBStampMask;
+}
+bool ucCanvas::CustomBrushPresent() const {
+  return !d_->core.bitmaps.DIBCustomBrush.empty();
+}
+bool ucCanvas::CustomPatternPresent() const {
+  return !d_->core.bitmaps.DIBCustomPattern.empty();
+}
+bool ucCanvas::StampPresent() const {
+  return !d_->core.bitmaps.DIBStamp.empty();
+}
 
-CanvasSettings& ucCanvas::settings() { return d_->core.settings; }
-const CanvasSettings& ucCanvas::settings() const { return d_->core.settings; }
+CanvasSettings& ucCanvas::settings() {
+  return d_->core.settings;
+}
+const CanvasSettings& ucCanvas::settings() const {
+  return d_->core.settings;
+}
 
-int ucCanvas::CanvasOp() const { return d_->core.CanvasOp(); }
-void ucCanvas::setCanvasOp(int op) { d_->core.setCanvasOp(op); }
-int ucCanvas::CanvasScreenMode() const { return d_->core.CanvasScreenMode(); }
-void ucCanvas::setCanvasScreenMode(int mode) { d_->core.setCanvasScreenMode(mode); }
-int ucCanvas::PolygonDrawMethod() const { return d_->core.PolygonDrawMethod(); }
-void ucCanvas::setPolygonDrawMethod(int method) { d_->core.setPolygonDrawMethod(method); }
-bool ucCanvas::SuspendCanvasResizeByEdgeDragging() const { return d_->core.SuspendCanvasResizeByEdgeDragging(); }
-void ucCanvas::setSuspendCanvasResizeByEdgeDragging(bool suspend) { d_->core.setSuspendCanvasResizeByEdgeDragging(suspend); }
-void ucCanvas::setToShowPixelRGB(bool show) { d_->core.setToShowPixelRGB(show); }
+int ucCanvas::CanvasOp() const {
+  return d_->core.CanvasOp();
+}
+void ucCanvas::setCanvasOp(int op) {
+  d_->core.setCanvasOp(op);
+}
+int ucCanvas::CanvasScreenMode() const {
+  return d_->core.CanvasScreenMode();
+}
+void ucCanvas::setCanvasScreenMode(int mode) {
+  d_->core.setCanvasScreenMode(mode);
+}
+int ucCanvas::PolygonDrawMethod() const {
+  return d_->core.PolygonDrawMethod();
+}
+void ucCanvas::setPolygonDrawMethod(int method) {
+  d_->core.setPolygonDrawMethod(method);
+}
+bool ucCanvas::SuspendCanvasResizeByEdgeDragging() const {
+  return d_->core.SuspendCanvasResizeByEdgeDragging();
+}
+void ucCanvas::setSuspendCanvasResizeByEdgeDragging(bool suspend) {
+  d_->core.setSuspendCanvasResizeByEdgeDragging(suspend);
+}
+void ucCanvas::setToShowPixelRGB(bool show) {
+  d_->core.setToShowPixelRGB(show);
+}
 
 void ucCanvas::setCanvasBackColor(const QColor& color) {
   d_->backColor = color;
@@ -41,16 +83,34 @@ void ucCanvas::setCanvasBackColor(const QColor& color) {
   d_->picLoadingMsg->update();
 }
 
-bool ucCanvas::held() const { return d_->core.held(); }
-void ucCanvas::finishStroke() { d_->core.finishStroke(); }
+bool ucCanvas::held() const {
+  return d_->core.held();
+}
+void ucCanvas::finishStroke() {
+  d_->core.finishStroke();
+}
 
-bool ucCanvas::PolygonInProgress() const { return d_->core.toolInProgress(kPolygonOp); }
-bool ucCanvas::BezierInProgress() const { return d_->core.toolInProgress(kBezierOp); }
-bool ucCanvas::RegionMoveReady() const { return d_->core.floats(); }
-bool ucCanvas::PasteOn() const { return d_->core.floats(); }
-bool ucCanvas::PasteOnText() const { return d_->core.floats(); }
-bool ucCanvas::commitFloating() { return d_->core.commitFloating(); }
-void ucCanvas::dropFloating() { d_->core.dropStroke(); }
+bool ucCanvas::PolygonInProgress() const {
+  return d_->core.toolInProgress(kPolygonOp);
+}
+bool ucCanvas::BezierInProgress() const {
+  return d_->core.toolInProgress(kBezierOp);
+}
+bool ucCanvas::RegionMoveReady() const {
+  return d_->core.floats();
+}
+bool ucCanvas::PasteOn() const {
+  return d_->core.floats();
+}
+bool ucCanvas::PasteOnText() const {
+  return d_->core.floats();
+}
+bool ucCanvas::commitFloating() {
+  return d_->core.commitFloating();
+}
+void ucCanvas::dropFloating() {
+  d_->core.dropStroke();
+}
 void ucCanvas::BezierAbort() {
   if (BezierInProgress()) d_->core.finishStroke();
 }
@@ -59,8 +119,12 @@ void ucCanvas::CanvasResize() {
   d_->takeClient();
   d_->core.CanvasResize();
 }
-void ucCanvas::CanvasPicPaint() { d_->core.CanvasPicPaint(); }
-void ucCanvas::CanvasCleanse() { d_->core.CanvasCleanse(); }
+void ucCanvas::CanvasPicPaint() {
+  d_->core.CanvasPicPaint();
+}
+void ucCanvas::CanvasCleanse() {
+  d_->core.CanvasCleanse();
+}
 
 void ucCanvas::GetScrollValues(int& x, int& y) const {
   x = d_->core.view().ScrollX;
@@ -77,7 +141,9 @@ void ucCanvas::GetScrollBarVisibilityInfo(bool& horizontal, bool& vertical) cons
   horizontal = d_->core.view().horizontalBar;
   vertical = d_->core.view().verticalBar;
 }
-bool ucCanvas::HasScrollBarVisible() const { return d_->core.view().anyBar(); }
+bool ucCanvas::HasScrollBarVisible() const {
+  return d_->core.view().anyBar();
+}
 
 void ucCanvas::GetCurrentGrossImageSize(int& width, int& height) const {
   const Size gross = d_->core.grossSize();
@@ -92,7 +158,9 @@ void ucCanvas::GetVisibleStartInfo(int& x, int& y) const {
   x = d_->core.view().VisStartX;
   y = d_->core.view().VisStartY;
 }
-void ucCanvas::GetVisibleInfo(int& x1, int& y1, int& x2, int& y2) const { d_->core.view().visibleInfo(x1, y1, x2, y2); }
+void ucCanvas::GetVisibleInfo(int& x1, int& y1, int& x2, int& y2) const {
+  d_->core.view().visibleInfo(x1, y1, x2, y2);
+}
 
 void ucCanvas::ShowLoadingMsg() {
   QWidget& notice = *d_->picLoadingMsg;
@@ -102,11 +170,17 @@ void ucCanvas::ShowLoadingMsg() {
   // What follows does not return to the event loop for a while.
   notice.repaint();
 }
-void ucCanvas::RemoveLoadingMsg() { d_->picLoadingMsg->hide(); }
+void ucCanvas::RemoveLoadingMsg() {
+  d_->picLoadingMsg->hide();
+}
 
 // Regions and the glass keep their place in the picture; with neither out there is only the view to bring up to date.
-void ucCanvas::AdjustRegionDispPosition_After_FormMax() { d_->core.CanvasPicPaint(); }
-void ucCanvas::updateGlass() { d_->core.CanvasPicPaint(); }
+void ucCanvas::AdjustRegionDispPosition_After_FormMax() {
+  d_->core.CanvasPicPaint();
+}
+void ucCanvas::updateGlass() {
+  d_->core.CanvasPicPaint();
+}
 
 void ucCanvas::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);

@@ -1,5 +1,6 @@
 // The painting control: shows its DIB at a whole magnification inside a scrolled view, turns the mouse into drawing by
-// CanvasOp, and tells its host what happened by signals. The host never draws. All display arithmetic is in device pixels.
+// CanvasOp, and tells its host what happened by signals. The host never draws. All display arithmetic is in device
+// pixels.
 //
 // This class is the window side only (events in, pixels out, child controls); state, layout, tools and drawing live in
 // CanvasCore, which knows no window.

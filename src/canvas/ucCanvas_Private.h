@@ -14,17 +14,21 @@ namespace ruvo {
 struct ucCanvas::Private final : CanvasEvents, CanvasWindow {
   explicit Private(ucCanvas& canvas);
 
-  // --- Device pixels ---------------------------------------------------------------------------------------------------
-  // Control points for the core, counted from the device pixel at which the control begins.
+  // --- Device pixels
+  // --------------------------------------------------------------------------------------------------- Control points
+  // for the core, counted from the device pixel at which the control begins.
   Point toDevice(QPointF logical) const;
   Size deviceClient() const;
   // The logical rectangle that holds device pixels.
   QRect toLogical(const Rect& device) const;
   void takeClient();  // hands size and bars to the core
 
-  // --- CanvasEvents: each becomes the signal of its name -------------------------------------------------------------------
+  // --- CanvasEvents: each becomes the signal of its name
+  // -------------------------------------------------------------------
   void NotifyScroll() override { Q_EMIT q.NotifyScroll(); }
-  void NotifyClickData(int button, Colour colour, int x, int y) override { Q_EMIT q.NotifyClickData(button, colour, x, y); }
+  void NotifyClickData(int button, Colour colour, int x, int y) override {
+    Q_EMIT q.NotifyClickData(button, colour, x, y);
+  }
   void NotifyToPrepareUndo() override { Q_EMIT q.NotifyToPrepareUndo(); }
   void NotifyDragResize(bool sizeChanged) override { Q_EMIT q.NotifyDragResize(sizeChanged); }
   void NotifyDragResizeProforma(int width, int height) override { Q_EMIT q.NotifyDragResizeProforma(width, height); }
@@ -37,7 +41,8 @@ struct ucCanvas::Private final : CanvasEvents, CanvasWindow {
   void DIBProgress(int percent) override { Q_EMIT q.DIBProgress(percent); }
   void DIBProgressEnd() override { Q_EMIT q.DIBProgressEnd(); }
 
-  // --- CanvasWindow ---------------------------------------------------------------------------------------------------------
+  // --- CanvasWindow
+  // ---------------------------------------------------------------------------------------------------------
   void repaint(const Rect& control) override;
   void arrange() override;
   void setCursor(CursorWord word) override;

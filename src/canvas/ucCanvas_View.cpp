@@ -26,8 +26,12 @@ KeyModifiers keysOf(Qt::KeyboardModifiers keys) {
   return {keys.testFlag(Qt::ShiftModifier), keys.testFlag(Qt::ControlModifier), keys.testFlag(Qt::AltModifier)};
 }
 
-QRect rectOf(const Rect& r) { return {r.left, r.top, r.width(), r.height()}; }
-Rect rectOf(const QRect& r) { return Rect::fromSize(r.x(), r.y(), r.width(), r.height()); }
+QRect rectOf(const Rect& r) {
+  return {r.left, r.top, r.width(), r.height()};
+}
+Rect rectOf(const QRect& r) {
+  return Rect::fromSize(r.x(), r.y(), r.width(), r.height());
+}
 
 QString firstFile(const QMimeData* data) {
   for (const QUrl& url : data->urls()) {
@@ -50,7 +54,8 @@ CanvasView::CanvasView(ucCanvas& canvas, ucCanvas::Private& inside) : QWidget(&c
 // whatever the scale of the screen.
 void CanvasView::paintEvent(QPaintEvent* event) {
   if (d_.deviceClient() != d_.core.view().client) {
-    QMetaObject::invokeMethod(&canvas_, [this] { canvas_.CanvasResize(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &canvas_, [this] { canvas_.CanvasResize(); }, Qt::QueuedConnection);
   }
   QPainter painter(this);
   const QTransform device = painter.deviceTransform();
@@ -105,9 +110,13 @@ void CanvasView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 // The second press of a quick pair is a press like any other.
-void CanvasView::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+void CanvasView::mouseDoubleClickEvent(QMouseEvent* event) {
+  mousePressEvent(event);
+}
 
-void CanvasView::leaveEvent(QEvent*) { d_.core.mouseLeave(); }
+void CanvasView::leaveEvent(QEvent*) {
+  d_.core.mouseLeave();
+}
 
 // Whole notches of a wheel; fine wheels add up in `rest`.
 int CanvasView::wholeSteps(int angle, int& rest) {
@@ -129,7 +138,8 @@ void CanvasView::wheelEvent(QWheelEvent* event) {
     event->ignore();
     return;
   }
-  QPointF travel = event->pixelDelta().isNull() ? QPointF(angle) * (kScrollPerNotch / kWheelNotch) : QPointF(event->pixelDelta());
+  QPointF travel =
+      event->pixelDelta().isNull() ? QPointF(angle) * (kScrollPerNotch / kWheelNotch) : QPointF(event->pixelDelta());
   // Shift turns the wheel sideways; some platforms have done so already.
   if (event->modifiers().testFlag(Qt::ShiftModifier) && travel.x() == 0) travel = QPointF(travel.y(), 0);
   travel *= devicePixelRatioF();
@@ -139,7 +149,9 @@ void CanvasView::wheelEvent(QWheelEvent* event) {
   event->accept();
 }
 
-void CanvasView::dragEnterEvent(QDragEnterEvent* event) { dragMoveEvent(event); }
+void CanvasView::dragEnterEvent(QDragEnterEvent* event) {
+  dragMoveEvent(event);
+}
 
 void CanvasView::dragMoveEvent(QDragMoveEvent* event) {
   if (d_.core.dropAllowed(QFileInfo(firstFile(event->mimeData())).fileName().toStdString())) {

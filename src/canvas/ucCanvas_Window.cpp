@@ -46,7 +46,9 @@ class EdgeHandle final : public QWidget {
 
 class LoadingNotice final : public QWidget {
  public:
-  LoadingNotice(ucCanvas& canvas, ucCanvas::Private& inside) : QWidget(&canvas), d_(inside) { setFixedSize(kLoadingMsgSize); }
+  LoadingNotice(ucCanvas& canvas, ucCanvas::Private& inside) : QWidget(&canvas), d_(inside) {
+    setFixedSize(kLoadingMsgSize);
+  }
 
  protected:
   void paintEvent(QPaintEvent*) override {
@@ -54,7 +56,8 @@ class LoadingNotice final : public QWidget {
     painter.fillRect(rect(), d_.surround());
     painter.setPen(QColor(0, 255, 255));
     painter.drawText(QRect(0, 1, width(), height()), Qt::AlignHCenter | Qt::AlignTop, QStringLiteral("Loading"));
-    painter.drawText(QRect(0, 30, width(), height()), Qt::AlignHCenter | Qt::AlignTop, QStringLiteral("Please wait ...."));
+    painter.drawText(QRect(0, 30, width(), height()), Qt::AlignHCenter | Qt::AlignTop,
+                     QStringLiteral("Please wait ...."));
   }
 
  private:
@@ -86,7 +89,8 @@ ucCanvas::Private::Private(ucCanvas& canvas)
       picDragVertical(named(new QWidget(&canvas), QStringLiteral("picDragVertical"))),
       picLoadingMsg(named(new LoadingNotice(canvas, *this), QStringLiteral("picLoadingMsg"))) {
   for (std::size_t i = 0; i < picDrag.size(); ++i) {
-    picDrag[i] = named(new EdgeHandle(canvas, *this, static_cast<CanvasEdge>(i + 1)), QStringLiteral("picDrag(%1)").arg(i));
+    picDrag[i] =
+        named(new EdgeHandle(canvas, *this, static_cast<CanvasEdge>(i + 1)), QStringLiteral("picDrag(%1)").arg(i));
   }
   picJunction->setAutoFillBackground(true);
   for (QWidget* guide : {picDragHorizontal, picDragVertical}) {
@@ -117,7 +121,9 @@ QRect ucCanvas::Private::toLogical(const Rect& device) const {
   return QRectF(exact.topLeft() / scale, exact.bottomRight() / scale).toAlignedRect();
 }
 
-int ucCanvas::Private::barThickness() const { return VsbDisp->sizeHint().width(); }
+int ucCanvas::Private::barThickness() const {
+  return VsbDisp->sizeHint().width();
+}
 
 void ucCanvas::Private::takeClient() {
   const double scale = picDisp->devicePixelRatioF();
@@ -140,8 +146,10 @@ void ucCanvas::Private::arrange() {
   const int bar = barThickness();
   const int right = q.width() - (view.verticalBar ? bar : 0);
   const int bottom = q.height() - (view.horizontalBar ? bar : 0);
-  arrangeBar(*HsbDisp, view.horizontalBar, QRect(0, bottom, right, bar), view.ScrollMaxX, view.ScrollX, view.picDisp.width());
-  arrangeBar(*VsbDisp, view.verticalBar, QRect(right, 0, bar, bottom), view.ScrollMaxY, view.ScrollY, view.picDisp.height());
+  arrangeBar(*HsbDisp, view.horizontalBar, QRect(0, bottom, right, bar), view.ScrollMaxX, view.ScrollX,
+             view.picDisp.width());
+  arrangeBar(*VsbDisp, view.verticalBar, QRect(right, 0, bar, bottom), view.ScrollMaxY, view.ScrollY,
+             view.picDisp.height());
   picJunction->setGeometry(right, bottom, bar, bar);
   picJunction->setVisible(view.horizontalBar && view.verticalBar);
   arrangeEdges();
@@ -197,6 +205,8 @@ void ucCanvas::Private::setWaiting(bool waiting) {
   }
 }
 
-void ucCanvas::Private::hideLoadingMsg() { picLoadingMsg->hide(); }
+void ucCanvas::Private::hideLoadingMsg() {
+  picLoadingMsg->hide();
+}
 
 }  // namespace ruvo

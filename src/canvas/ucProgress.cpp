@@ -5,7 +5,9 @@
 
 namespace ruvo {
 
-ucProgress::ucProgress(QWidget* parent) : QWidget(parent) { setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed); }
+ucProgress::ucProgress(QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
 
 void ucProgress::setBorderStyle(int style) {
   borderStyle_ = style;
@@ -34,9 +36,13 @@ void ucProgress::setValue(int value) {
   if (filledWidth() != before) repaint();
 }
 
-QSize ucProgress::sizeHint() const { return {150, fontMetrics().height()}; }
+QSize ucProgress::sizeHint() const {
+  return {150, fontMetrics().height()};
+}
 
-int ucProgress::filledWidth() const { return static_cast<int>(static_cast<qint64>(width()) * value_ / max_); }
+int ucProgress::filledWidth() const {
+  return static_cast<int>(static_cast<qint64>(width()) * value_ / max_);
+}
 
 void ucProgress::paintEvent(QPaintEvent*) {
   QPainter painter(this);

@@ -10,15 +10,14 @@
 namespace ruvo {
 
 const char* cursorWordText(CursorWord word) {
-  static constexpr const char* kTexts[] = {"",          "PAINT",      "ERASE",     "FILL",  "POLIGON", "LINE",
-                                           "ARC",       "BEZIERSTART", "BEZIER",   "RECTANGLE", "OVAL", "REGION",
-                                           "REGIONDRAG", "PASTEDRAG", "STAMP",     "SPRAY", "REPLACE", "COLORPICKER",
-                                           "HANDOFF",   "HANDON",     ""};
+  static constexpr const char* kTexts[] = {"",           "PAINT",       "ERASE",  "FILL",      "POLIGON", "LINE",
+                                           "ARC",        "BEZIERSTART", "BEZIER", "RECTANGLE", "OVAL",    "REGION",
+                                           "REGIONDRAG", "PASTEDRAG",   "STAMP",  "SPRAY",     "REPLACE", "COLORPICKER",
+                                           "HANDOFF",    "HANDON",      ""};
   return kTexts[static_cast<std::size_t>(word)];
 }
 
-CanvasCore::CanvasCore(CanvasEvents& e, CanvasWindow& window)
-    : ToolContext(e), window_(window) {
+CanvasCore::CanvasCore(CanvasEvents& e, CanvasWindow& window) : ToolContext(e), window_(window) {
   for (const ToolRow& tool : toolTable()) {
     if (tool.make) tools_[static_cast<std::size_t>(tool.op)] = tool.make();
   }
@@ -26,9 +25,12 @@ CanvasCore::CanvasCore(CanvasEvents& e, CanvasWindow& window)
 
 CanvasCore::~CanvasCore() = default;
 
-const ToolRow& CanvasCore::row() const { return toolTable()[static_cast<std::size_t>(op_)]; }
+const ToolRow& CanvasCore::row() const {
+  return toolTable()[static_cast<std::size_t>(op_)];
+}
 
-// --- Properties ----------------------------------------------------------------------------------------------------------
+// --- Properties
+// ----------------------------------------------------------------------------------------------------------
 
 void CanvasCore::setCanvasOp(int op) {
   if (op < 0 || op > kScrollOp) return;
@@ -62,9 +64,12 @@ void CanvasCore::setPolygonDrawMethod(int method) {
   if (toolInProgress(kPolygonOp)) tool()->abort(*this);
 }
 
-bool CanvasCore::toolInProgress(int op) const { return op_ == op && tool() && tool()->inProgress(); }
+bool CanvasCore::toolInProgress(int op) const {
+  return op_ == op && tool() && tool()->inProgress();
+}
 
-// --- Layout and painting ---------------------------------------------------------------------------------------------------
+// --- Layout and painting
+// ---------------------------------------------------------------------------------------------------
 
 void CanvasCore::setClient(Size client, Size bars, int scale) {
   client_ = client;
@@ -173,7 +178,8 @@ void CanvasCore::repaintDisplay(const Rect& display) {
   window_.repaint({display.left + pic.left, display.top + pic.top, display.right + pic.left, display.bottom + pic.top});
 }
 
-// --- Strokes ---------------------------------------------------------------------------------------------------------------
+// --- Strokes
+// ---------------------------------------------------------------------------------------------------------------
 
 void CanvasCore::resetStroke() {
   if (tool()) tool()->drop();
@@ -201,7 +207,9 @@ bool CanvasCore::commitFloating() {
   return floated;
 }
 
-void CanvasCore::dropStroke() { resetStroke(); }
+void CanvasCore::dropStroke() {
+  resetStroke();
+}
 
 void CanvasCore::changed(const Rect& imageRect) {
   if (imageRect.empty()) return;
@@ -212,7 +220,9 @@ void CanvasCore::changed(const Rect& imageRect) {
       Rect{imageRect.left - reach, imageRect.top - reach, imageRect.right + reach, imageRect.bottom + reach}));
 }
 
-void CanvasCore::scrollTo(int x, int y) { SetScrollValues(x, y, true, true); }
+void CanvasCore::scrollTo(int x, int y) {
+  SetScrollValues(x, y, true, true);
+}
 
 std::optional<Colour> CanvasCore::seenColour(Point image) const {
   const raster::Surface& surface = bitmaps.DIB.surface();
@@ -225,7 +235,8 @@ void CanvasCore::setWorking(bool working) {
   window_.setWaiting(working);
 }
 
-// --- Edges -----------------------------------------------------------------------------------------------------------------
+// --- Edges
+// -----------------------------------------------------------------------------------------------------------------
 
 bool CanvasCore::edgeHandlesShown() const {
   return !edgesSuspended_ && !blank() && !view_.anyBar() && !view_.FitInView && op_ == kScrollOp && screenMode_ != 0 &&
@@ -234,7 +245,8 @@ bool CanvasCore::edgeHandlesShown() const {
 }
 
 void CanvasCore::edgePress(CanvasEdge edge, Point at) {
-  if (edge == CanvasEdge::None || edgesSuspended_ || blank() || view_.anyBar() || view_.FitInView || view_.Magnify != 1) return;
+  if (edge == CanvasEdge::None || edgesSuspended_ || blank() || view_.anyBar() || view_.FitInView || view_.Magnify != 1)
+    return;
   edgeDrag_.begin(edge, at);
   events.NotifyDragResizeProforma(edgeDrag_.size().width, edgeDrag_.size().height);
   window_.arrange();
@@ -274,7 +286,8 @@ bool CanvasCore::takeNewSize(Size size, Point oldAt) {
   return true;
 }
 
-// --- Dropped files -----------------------------------------------------------------------------------------------------------
+// --- Dropped files
+// -----------------------------------------------------------------------------------------------------------
 
 bool CanvasCore::dropAllowed(std::string_view fileName) const {
   constexpr std::size_t kShortestName = 5;

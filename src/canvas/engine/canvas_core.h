@@ -1,5 +1,6 @@
-// The canvas without its window: pictures, settings, layout, the tool in use, and what the mouse does to them. The window
-// side hands in events in device pixels of the control, paints by render(), and passes the events on to the host.
+// The canvas without its window: pictures, settings, layout, the tool in use, and what the mouse does to them. The
+// window side hands in events in device pixels of the control, paints by render(), and passes the events on to the
+// host.
 #pragma once
 
 #include <array>
@@ -36,7 +37,8 @@ class CanvasCore final : private ToolContext {
   // Random dots from a test's source; null gives the engines' own back.
   void setRandomSource(RandomSource* source) { random_ = source; }
 
-  // --- Properties whose write acts -------------------------------------------------------------------------------------
+  // --- Properties whose write acts
+  // -------------------------------------------------------------------------------------
   int CanvasOp() const { return op_; }
   void setCanvasOp(int op);  // 0 to 18, else nothing
   int CanvasScreenMode() const { return screenMode_; }
@@ -50,9 +52,10 @@ class CanvasCore final : private ToolContext {
   // Pixels float above the picture.
   bool floats() const { return !bitmaps.DIBregion.empty(); }
 
-  // --- Members ---------------------------------------------------------------------------------------------------------
-  // Size of the control, thickness of its bars (width of the vertical, height of the horizontal one), and how many times
-  // as large as on an ordinary screen handles are.
+  // --- Members
+  // --------------------------------------------------------------------------------------------------------- Size of
+  // the control, thickness of its bars (width of the vertical, height of the horizontal one), and how many times as
+  // large as on an ordinary screen handles are.
   void setClient(Size client, Size bars, int scale = 1);
   void CanvasResize();
   void CanvasPicPaint();
@@ -66,21 +69,24 @@ class CanvasCore final : private ToolContext {
   // Forgets the stroke under way; what it has painted stays for the host to take back.
   void dropStroke();
 
-  // --- Mouse, in control pixels ----------------------------------------------------------------------------------------
+  // --- Mouse, in control pixels
+  // ----------------------------------------------------------------------------------------
   void mousePress(Point at, MouseButton button, KeyModifiers keys);
   void mouseMove(Point at, KeyModifiers keys);
   void mouseRelease(Point at, MouseButton button, KeyModifiers keys);
   void mouseLeave();  // the pointer left the control
 
-  // --- Resizing the canvas by its edges ----------------------------------------------------------------------------------
+  // --- Resizing the canvas by its edges
+  // ----------------------------------------------------------------------------------
   bool edgeHandlesShown() const;
   const EdgeDrag& edgeDrag() const { return edgeDrag_; }
   void edgePress(CanvasEdge edge, Point at);
   void edgeMove(Point at);
   void edgeRelease();
 
-  // --- Painting and files --------------------------------------------------------------------------------------------------
-  // Renders `area` of the display with what is drawn over the picture. See ViewRenderer::render.
+  // --- Painting and files
+  // -------------------------------------------------------------------------------------------------- Renders `area`
+  // of the display with what is drawn over the picture. See ViewRenderer::render.
   void render(const Rect& area, RenderTarget target);
   // A dropped file's name has one of the extensions of FileExtAllowed.
   bool dropAllowed(std::string_view fileName) const;

@@ -1,4 +1,6 @@
 // What the mouse does to the canvas: which events reach the tool, the pointer's shape, the cross hair and the readout.
+#include <sstream>
+
 #include "canvas/engine/canvas_core.h"
 #include "canvas/tools/tool_table.h"
 
@@ -102,8 +104,9 @@ void CanvasCore::wipeXYlines() {
 void CanvasCore::showPixel(Point image) {
   const auto colour = seenColour(image);
   if (!colour) return;
-  window_.setToolTip("RGB(" + std::to_string(redOf(*colour)) + ", " + std::to_string(greenOf(*colour)) + ", " +
-                     std::to_string(blueOf(*colour)) + ")");
+  std::ostringstream text;
+  text << "RGB(" << int{redOf(*colour)} << ", " << int{greenOf(*colour)} << ", " << int{blueOf(*colour)} << ')';
+  window_.setToolTip(text.str());
 }
 
 }  // namespace ruvo

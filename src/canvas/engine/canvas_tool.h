@@ -25,7 +25,7 @@ struct CanvasBitmaps {
 
 // What the tools share while they work.
 struct CanvasScalars {
-  int CurX = 0, CurY = 0;  // the stroke's current image point
+  int CurX = 0, CurY = 0;                                        // the stroke's current image point
   bool StrokeDown = false, EraseDown = false, HandDown = false;  // the button is held for that family of tools
   bool Busy = false;       // the canvas changes its own bars, or a tool works: scroll and resize requests do nothing
   bool MouseOver = false;  // the pointer is on the picture

@@ -23,11 +23,16 @@ Rect EdgeDrag::outside(CanvasEdge edge, const Rect& picture) const {
   const int midX = (picture.left + picture.right - side) / 2;
   const int midY = (picture.top + picture.bottom - side) / 2;
   switch (edge) {
-    case CanvasEdge::Top: return Rect::fromSize(midX, picture.top - kEdgeGap - side, side, side);
-    case CanvasEdge::Right: return Rect::fromSize(picture.right + kEdgeGap, midY, side, side);
-    case CanvasEdge::Bottom: return Rect::fromSize(midX, picture.bottom + kEdgeGap, side, side);
-    case CanvasEdge::Left: return Rect::fromSize(picture.left - kEdgeGap - side, midY, side, side);
-    case CanvasEdge::None: break;
+    case CanvasEdge::Top:
+      return Rect::fromSize(midX, picture.top - kEdgeGap - side, side, side);
+    case CanvasEdge::Right:
+      return Rect::fromSize(picture.right + kEdgeGap, midY, side, side);
+    case CanvasEdge::Bottom:
+      return Rect::fromSize(midX, picture.bottom + kEdgeGap, side, side);
+    case CanvasEdge::Left:
+      return Rect::fromSize(picture.left - kEdgeGap - side, midY, side, side);
+    case CanvasEdge::None:
+      break;
   }
   return {};
 }
@@ -43,11 +48,20 @@ bool EdgeDrag::move(Point pointer) {
   const int dy = pointer.y - start_.y;
   Size next{picDisp_.width(), picDisp_.height()};
   switch (edge_) {
-    case CanvasEdge::Top: next.height -= dy; break;
-    case CanvasEdge::Right: next.width += dx; break;
-    case CanvasEdge::Bottom: next.height += dy; break;
-    case CanvasEdge::Left: next.width -= dx; break;
-    case CanvasEdge::None: return false;
+    case CanvasEdge::Top:
+      next.height -= dy;
+      break;
+    case CanvasEdge::Right:
+      next.width += dx;
+      break;
+    case CanvasEdge::Bottom:
+      next.height += dy;
+      break;
+    case CanvasEdge::Left:
+      next.width -= dx;
+      break;
+    case CanvasEdge::None:
+      return false;
   }
   const bool across = edge_ == CanvasEdge::Left || edge_ == CanvasEdge::Right;
   if ((across ? next.width : next.height) < kMinDraggedExtent) return false;
@@ -70,11 +84,16 @@ Rect EdgeDrag::outline() const {
 Rect EdgeDrag::guide() const {
   const Rect to = outline();
   switch (edge_) {
-    case CanvasEdge::Top: return {0, to.top - 1, client_.width, to.top};
-    case CanvasEdge::Right: return {to.right, 0, to.right + 1, client_.height};
-    case CanvasEdge::Bottom: return {0, to.bottom, client_.width, to.bottom + 1};
-    case CanvasEdge::Left: return {to.left - 1, 0, to.left, client_.height};
-    case CanvasEdge::None: break;
+    case CanvasEdge::Top:
+      return {0, to.top - 1, client_.width, to.top};
+    case CanvasEdge::Right:
+      return {to.right, 0, to.right + 1, client_.height};
+    case CanvasEdge::Bottom:
+      return {0, to.bottom, client_.width, to.bottom + 1};
+    case CanvasEdge::Left:
+      return {to.left - 1, 0, to.left, client_.height};
+    case CanvasEdge::None:
+      break;
   }
   return {};
 }

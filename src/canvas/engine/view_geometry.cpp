@@ -8,14 +8,20 @@ namespace {
 // One pixel is free on each side of the control, and one more between the picture and what lies beside it.
 constexpr int kMargin = 2;
 
-int shownLength(int room) { return std::max(0, room - kMargin); }
-bool fits(int gross, int room) { return gross <= room - kMargin; }
+int shownLength(int room) {
+  return std::max(0, room - kMargin);
+}
+bool fits(int gross, int room) {
+  return gross <= room - kMargin;
+}
 
 int floorDiv(std::int64_t value, std::int64_t by) {
   const std::int64_t quotient = value / by;
   return static_cast<int>(value % by < 0 ? quotient - 1 : quotient);
 }
-int ceilDiv(std::int64_t value, std::int64_t by) { return -floorDiv(-value, by); }
+int ceilDiv(std::int64_t value, std::int64_t by) {
+  return -floorDiv(-value, by);
+}
 
 // Place and length of the display in one axis when nothing is fitted.
 struct Span {
@@ -27,7 +33,9 @@ Span place(int gross, int room) {
   return {(room - gross) / 2, gross};
 }
 
-int maximum(bool bar, int gross, int room) { return bar ? std::min(gross - shownLength(room), kScrollBarLimit) : 0; }
+int maximum(bool bar, int gross, int room) {
+  return bar ? std::min(gross - shownLength(room), kScrollBarLimit) : 0;
+}
 
 struct PaintSpan {
   int visStart, dst, dstLength, src, srcLength;
@@ -68,7 +76,8 @@ void ViewGeometry::layout(const ViewLayout& in) {
   if (blank()) {
     picDisp = {-5, -5, -5, -5};  // out of the way
   } else if (FitInView) {
-    picDisp = Rect::fromSize(std::max(1, in.fitted.left), std::max(1, in.fitted.top), in.fitted.width(), in.fitted.height());
+    picDisp =
+        Rect::fromSize(std::max(1, in.fitted.left), std::max(1, in.fitted.top), in.fitted.width(), in.fitted.height());
   } else {
     const Span x = place(whole.width, left.width);
     const Span y = place(whole.height, left.height);

@@ -1,8 +1,8 @@
-// The layout of a canvas: which scroll bars it needs, where the picture's visible part (picDisp) lies in the control, and
-// how points map between the control, the display and the picture. Plain arithmetic on device pixels; no window.
+// The layout of a canvas: which scroll bars it needs, where the picture's visible part (picDisp) lies in the control,
+// and how points map between the control, the display and the picture. Plain arithmetic on device pixels; no window.
 //
-// Three spaces: *control* (pixels of the whole control), *display* (control less picDisp's corner) and *image* (pixels of
-// the picture). Magnified pixels are display plus scroll.
+// Three spaces: *control* (pixels of the whole control), *display* (control less picDisp's corner) and *image* (pixels
+// of the picture). Magnified pixels are display plus scroll.
 #pragma once
 
 #include "base/geometry.h"
@@ -31,7 +31,7 @@ struct ViewGeometry {
   // View position in magnified pixels, and its limits. Maxima equal the hidden length, at most kScrollBarLimit.
   int ScrollX = 0, ScrollY = 0;
   int ScrollMaxX = 0, ScrollMaxY = 0;
-  Rect picDisp;                        // in the control
+  Rect picDisp;                                           // in the control
   Rect horizontalBarRect, verticalBarRect, junctionRect;  // empty when not shown
   // First visible image pixel.
   int VisStartX = 0, VisStartY = 0;

@@ -52,7 +52,8 @@ raster::Surface partOverWhite(const clsDIB& picture, const Rect& part) {
 
 }  // namespace
 
-void ViewRenderer::render(const clsDIB& picture, const ViewGeometry& view, bool smooth, const Rect& area, RenderTarget target) {
+void ViewRenderer::render(const clsDIB& picture, const ViewGeometry& view, bool smooth, const Rect& area,
+                          RenderTarget target) {
   const raster::Surface& surface = picture.surface();
   if (picture.empty() || surface.depth() != 32) return;
   const Size shown = view.displaySize();
@@ -86,7 +87,8 @@ void ViewRenderer::render(const clsDIB& picture, const ViewGeometry& view, bool 
   for (int y = part.top; y < part.bottom;) {
     const Point at = view.toImage({part.left, y});
     const int next = std::min(part.bottom, view.toDisplay(Point{at.x, at.y + 1}).y);
-    copyOpaque(surface.pictureRow(at.y) + 4 * at.x, columns, picture.DIBhasAlpha(), reinterpret_cast<std::uint8_t*>(row_.data()));
+    copyOpaque(surface.pictureRow(at.y) + 4 * at.x, columns, picture.DIBhasAlpha(),
+               reinterpret_cast<std::uint8_t*>(row_.data()));
     const std::uint8_t* spreadRow = to(y);
     spread(row_.data(), skip, magnify, to(y), part.width());
     while (++y < next) std::memcpy(to(y), spreadRow, static_cast<std::size_t>(part.width()) * 4);
@@ -98,13 +100,16 @@ bool ViewRenderer::prepareStretched(const clsDIB& picture, const ViewGeometry& v
   const Point corner = view.toDisplay(Point{0, 0});
   const Size whole = view.gross();
   const Rect place = Rect::fromSize(corner.x, corner.y, whole.width, whole.height);
-  const bool same = stretchedValid_ && stretchedSmooth_ == smooth && stretchedPlace_ == place && stretched_.size() == shown;
+  const bool same =
+      stretchedValid_ && stretchedSmooth_ == smooth && stretchedPlace_ == place && stretched_.size() == shown;
   if (same) return true;
-  if (stretched_.size() != shown && !stretched_.create(shown.width, shown.height, 32, raster::RowOrder::TopDown)) return false;
+  if (stretched_.size() != shown && !stretched_.create(shown.width, shown.height, 32, raster::RowOrder::TopDown))
+    return false;
 
   // One pixel more on each side than is seen, so that the rim is mixed with its neighbours wherever the view stands.
   const Rect seen = view.visibleImage();
-  const Rect part = Rect{seen.left - 1, seen.top - 1, seen.right + 1, seen.bottom + 1}.intersected(picture.surface().bounds());
+  const Rect part =
+      Rect{seen.left - 1, seen.top - 1, seen.right + 1, seen.bottom + 1}.intersected(picture.surface().bounds());
   if (part.empty()) return false;
   raster::Extent to{0, 0, shown.width, shown.height};
   if (!view.FitInView) {

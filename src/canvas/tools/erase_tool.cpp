@@ -14,6 +14,8 @@ class EraseTool final : public FreehandTool {
 
 }  // namespace
 
-std::unique_ptr<CanvasTool> makeEraseTool() { return std::make_unique<EraseTool>(); }
+std::unique_ptr<CanvasTool> makeEraseTool() {
+  return std::make_unique<EraseTool>();
+}
 
 }  // namespace ruvo

@@ -18,6 +18,8 @@ class FillTool final : public CanvasTool {
 
 }  // namespace
 
-std::unique_ptr<CanvasTool> makeFillTool() { return std::make_unique<FillTool>(); }
+std::unique_ptr<CanvasTool> makeFillTool() {
+  return std::make_unique<FillTool>();
+}
 
 }  // namespace ruvo

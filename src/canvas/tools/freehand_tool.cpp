@@ -20,15 +20,17 @@ void FreehandTool::press(ToolContext& context, const ToolPoint& at) {
     dabs_.setRandomSource(context.random());
     dabs_.BrushStrokeBegin(dib, colour_);
   } else if (style_ == brush::kCustom && !context.bitmaps.DIBCustomBrush.empty()) {
-    custom_.emplace(dib, context.bitmaps.DIBCustomBrush, context.bitmaps.DIBCustomBrushMask,
-                    brush::CustomBrushStroke::Manner{percent_, settings.CustomBrushShape, settings.CustomBrushApplyManner});
+    custom_.emplace(
+        dib, context.bitmaps.DIBCustomBrush, context.bitmaps.DIBCustomBrushMask,
+        brush::CustomBrushStroke::Manner{percent_, settings.CustomBrushShape, settings.CustomBrushApplyManner});
   }
   context.changed(mark(context, at.image));
 }
 
 Rect FreehandTool::mark(ToolContext& context, Point at) {
   clsDIB& dib = context.bitmaps.DIB;
-  if (brush::isPenStyle(style_)) return brush::paintPenMark(dib, at, size_, style_, colour_, context.view().visibleImage());
+  if (brush::isPenStyle(style_))
+    return brush::paintPenMark(dib, at, size_, style_, colour_, context.view().visibleImage());
   if (custom_) return custom_->press(at);
   return dabs_.active() ? dabs_.BrushDab(at.x, at.y, size_, percent_, style_) : Rect{};
 }
@@ -50,9 +52,13 @@ void FreehandTool::move(ToolContext& context, const ToolPoint& at) {
   context.scalars.CurY = next.y;
 }
 
-void FreehandTool::release(ToolContext& context, const ToolPoint&) { finish(context); }
+void FreehandTool::release(ToolContext& context, const ToolPoint&) {
+  finish(context);
+}
 
-void FreehandTool::abort(ToolContext& context) { finish(context); }
+void FreehandTool::abort(ToolContext& context) {
+  finish(context);
+}
 
 void FreehandTool::finish(ToolContext& context) {
   const bool ours = picture_.isStill(context.bitmaps.DIB);

@@ -13,6 +13,8 @@ class PaintTool final : public FreehandTool {
 
 }  // namespace
 
-std::unique_ptr<CanvasTool> makePaintTool() { return std::make_unique<PaintTool>(); }
+std::unique_ptr<CanvasTool> makePaintTool() {
+  return std::make_unique<PaintTool>();
+}
 
 }  // namespace ruvo

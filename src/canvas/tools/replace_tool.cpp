@@ -23,6 +23,8 @@ class ReplaceTool final : public CanvasTool {
 
 }  // namespace
 
-std::unique_ptr<CanvasTool> makeReplaceTool() { return std::make_unique<ReplaceTool>(); }
+std::unique_ptr<CanvasTool> makeReplaceTool() {
+  return std::make_unique<ReplaceTool>();
+}
 
 }  // namespace ruvo

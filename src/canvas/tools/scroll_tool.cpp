@@ -13,7 +13,8 @@ class ScrollTool final : public CanvasTool {
  public:
   void press(ToolContext& context, const ToolPoint& at) override {
     if (at.button == MouseButton::Right) {
-      if (const auto colour = context.seenColour(at.image)) context.events.DispPointOfClick(at.image.x, at.image.y, *colour);
+      if (const auto colour = context.seenColour(at.image))
+        context.events.DispPointOfClick(at.image.x, at.image.y, *colour);
       return;
     }
     if (!handUsable(context)) return;
@@ -35,7 +36,8 @@ class ScrollTool final : public CanvasTool {
   void release(ToolContext& context, const ToolPoint& at) override {
     if (at.button == MouseButton::Right) {
       if (!context.settings.ToReportRightClickDataInScrollMode) return;
-      if (const auto colour = context.seenColour(at.image)) context.events.NotifyClickData(2, *colour, at.image.x, at.image.y);
+      if (const auto colour = context.seenColour(at.image))
+        context.events.NotifyClickData(2, *colour, at.image.x, at.image.y);
       return;
     }
     if (!context.settings.HandScrollEnabled) return;
@@ -51,7 +53,8 @@ class ScrollTool final : public CanvasTool {
     if (!handUsable(context)) return CursorWord::Arrow;
     if (context.scalars.HandDown) return CursorWord::HandOn;
     const Size shown = context.view().displaySize();
-    const bool inner = display.x >= kRim && display.y >= kRim && display.x < shown.width - kRim && display.y < shown.height - kRim;
+    const bool inner =
+        display.x >= kRim && display.y >= kRim && display.x < shown.width - kRim && display.y < shown.height - kRim;
     return inner ? CursorWord::HandOff : CursorWord::Arrow;
   }
 
@@ -66,6 +69,8 @@ class ScrollTool final : public CanvasTool {
 
 }  // namespace
 
-std::unique_ptr<CanvasTool> makeScrollTool() { return std::make_unique<ScrollTool>(); }
+std::unique_ptr<CanvasTool> makeScrollTool() {
+  return std::make_unique<ScrollTool>();
+}
 
 }  // namespace ruvo

@@ -34,8 +34,8 @@ class SprayTool final : public CanvasTool {
     const CanvasSettings& settings = context.settings;
     context.scalars.CurX = at.x;
     context.scalars.CurY = at.y;
-    context.changed(stroke_.SprayBurst(at.x, at.y, settings.BrushSize, settings.SprayTranslucencyPercent,
-                                       settings.SprayDensity));
+    context.changed(
+        stroke_.SprayBurst(at.x, at.y, settings.BrushSize, settings.SprayTranslucencyPercent, settings.SprayDensity));
   }
 
   void finish(ToolContext& context) {
@@ -51,6 +51,8 @@ class SprayTool final : public CanvasTool {
 
 }  // namespace
 
-std::unique_ptr<CanvasTool> makeSprayTool() { return std::make_unique<SprayTool>(); }
+std::unique_ptr<CanvasTool> makeSprayTool() {
+  return std::make_unique<SprayTool>();
+}
 
 }  // namespace ruvo

@@ -22,6 +22,8 @@ class StampTool final : public CanvasTool {
 
 }  // namespace
 
-std::unique_ptr<CanvasTool> makeStampTool() { return std::make_unique<StampTool>(); }
+std::unique_ptr<CanvasTool> makeStampTool() {
+  return std::make_unique<StampTool>();
+}
 
 }  // namespace ruvo
