@@ -6,6 +6,12 @@
 #include <QPixmap>
 #include <QSvgRenderer>
 
+// The drawings lie in a static library, from which nothing else would pull them in. The macro needs the global
+// namespace.
+static void bringInDrawings() {
+  Q_INIT_RESOURCE(assets);
+}
+
 namespace ruvo {
 namespace {
 
@@ -47,9 +53,10 @@ Qt::CursorShape shapeOf(CursorWord word) {
 
 QCursor canvasCursor(CursorWord word, double scale) {
   const QString name = QString::fromLatin1(cursorWordText(word)).toLower();
-  if (name.isEmpty()) return shapeOf(word);
-  QSvgRenderer drawing(QStringLiteral(":/icons/cursor_%1.svg").arg(name));
-  if (!drawing.isValid()) return shapeOf(word);
+  const QString file = QStringLiteral(":/icons/cursor_%1.svg").arg(name);
+  bringInDrawings();
+  if (name.isEmpty() || !QFile::exists(file)) return shapeOf(word);
+  QSvgRenderer drawing(file);
   QPixmap pixmap(QSize(kCursorSide, kCursorSide) * scale);
   pixmap.fill(Qt::transparent);
   QPainter painter(&pixmap);

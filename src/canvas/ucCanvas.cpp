@@ -109,7 +109,7 @@ bool ucCanvas::commitFloating() {
   return d_->core.commitFloating();
 }
 void ucCanvas::dropFloating() {
-  d_->core.dropStroke();
+  d_->core.dropFloating();
 }
 void ucCanvas::BezierAbort() {
   if (BezierInProgress()) d_->core.finishStroke();
@@ -174,12 +174,12 @@ void ucCanvas::RemoveLoadingMsg() {
   d_->picLoadingMsg->hide();
 }
 
-// Regions and the glass keep their place in the picture; with neither out there is only the view to bring up to date.
+// Regions and the glass keep their place in the picture; with neither out there is only the view to paint again.
 void ucCanvas::AdjustRegionDispPosition_After_FormMax() {
-  d_->core.CanvasPicPaint();
+  d_->picDisp->update();
 }
 void ucCanvas::updateGlass() {
-  d_->core.CanvasPicPaint();
+  d_->picDisp->update();
 }
 
 void ucCanvas::resizeEvent(QResizeEvent* event) {

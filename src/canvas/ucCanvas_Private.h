@@ -68,6 +68,7 @@ struct ucCanvas::Private final : CanvasEvents, CanvasWindow {
   QWidget* picLoadingMsg;
   QColor backColor;  // not valid: the theme's workspace colour
   CursorWord cursorShown = CursorWord::Arrow;
+  double cursorScale = 1;
 };
 
 }  // namespace ruvo

@@ -185,9 +185,11 @@ void ucCanvas::Private::scrolledByBar() {
 }
 
 void ucCanvas::Private::setCursor(CursorWord word) {
-  if (word == CursorWord::Unchanged || word == cursorShown) return;
+  const double scale = picDisp->devicePixelRatioF();
+  if (word == CursorWord::Unchanged || (word == cursorShown && scale == cursorScale)) return;
   cursorShown = word;
-  picDisp->setCursor(canvasCursor(word, picDisp->devicePixelRatioF()));
+  cursorScale = scale;
+  picDisp->setCursor(canvasCursor(word, scale));
 }
 
 void ucCanvas::Private::setToolTip(const std::string& text) {

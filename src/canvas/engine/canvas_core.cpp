@@ -122,7 +122,7 @@ void CanvasCore::CanvasPicPaint() {
 }
 
 void CanvasCore::CanvasCleanse() {
-  dropStroke();
+  resetStroke();
   window_.hideLoadingMsg();
   bitmaps.DIB.ClearUp();
   bitmaps.DIBsnap.ClearUp();
@@ -143,7 +143,10 @@ void CanvasCore::CanvasCleanse() {
 void CanvasCore::SetScrollValues(int x, int y, bool repaint, bool syncBars) {
   if (tool() && tool()->inProgress()) tool()->abort(*this);
   view_.setScroll(x, y);
-  if (repaint) repaintAll();
+  if (repaint) {
+    renderer_.pictureChanged();
+    repaintAll();
+  }
   if (syncBars) {
     const bool wasBusy = std::exchange(scalars.Busy, true);
     window_.arrange();
@@ -207,8 +210,12 @@ bool CanvasCore::commitFloating() {
   return floated;
 }
 
-void CanvasCore::dropStroke() {
+void CanvasCore::dropFloating() {
   resetStroke();
+  if (floats() && !bitmaps.DIBsnap.empty()) bitmaps.DIB = std::move(bitmaps.DIBsnap);
+  bitmaps.DIBsnap.ClearUp();
+  bitmaps.DIBregion.ClearUp();
+  bitmaps.DIBmask.ClearUp();
 }
 
 void CanvasCore::changed(const Rect& imageRect) {

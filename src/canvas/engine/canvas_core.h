@@ -66,8 +66,8 @@ class CanvasCore final : private ToolContext {
   bool commitFloating();
   // Ends the stroke under way as if the button had been let go.
   void finishStroke();
-  // Forgets the stroke under way; what it has painted stays for the host to take back.
-  void dropStroke();
+  // Takes away what floats, and forgets the stroke under way; what that has painted stays for the host to take back.
+  void dropFloating();
 
   // --- Mouse, in control pixels
   // ----------------------------------------------------------------------------------------

@@ -69,6 +69,7 @@ void ViewRenderer::render(const clsDIB& picture, const ViewGeometry& view, bool 
     return;
   }
 
+  if (!stretched_.empty()) stretched_.clear();
   // The host may have put a smaller picture in place and not told yet.
   const Point end = view.toDisplay(Point{surface.width(), surface.height()});
   part = part.intersected({0, 0, end.x, end.y});
