@@ -17,7 +17,9 @@ struct Place {
 };
 using Piece = std::array<Place, 4>;
 
-std::int64_t toPixels(std::int64_t v) { return (v + kUnit / 2) >> 4; }
+std::int64_t toPixels(std::int64_t v) {
+  return (v + kUnit / 2) >> 4;
+}
 
 bool within(std::int64_t v, std::int64_t from, std::int64_t to) {
   if (to > from) return v >= from && v <= to;
@@ -44,7 +46,9 @@ bool flat(const Piece& p) {
   return true;
 }
 
-Place middle(const Place& a, const Place& b) { return {(a.x + b.x + 1) / 2, (a.y + b.y + 1) / 2}; }
+Place middle(const Place& a, const Place& b) {
+  return {(a.x + b.x + 1) / 2, (a.y + b.y + 1) / 2};
+}
 
 void flatten(const Piece& p, int halvings, std::vector<Point>& out) {
   if (halvings == 0 || flat(p)) {

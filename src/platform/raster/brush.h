@@ -6,8 +6,8 @@
 
 namespace ruvo::raster {
 
-// On a tile of 8 x 8 from the brush origin: Horizontal y = 3; Vertical x = 4; ForwardDiagonal x = y (falls to the right);
-// BackwardDiagonal x + y = 7; Cross and DiagonalCross both of each pair.
+// On a tile of 8 x 8 from the brush origin: Horizontal y = 3; Vertical x = 4; ForwardDiagonal x = y (falls to the
+// right); BackwardDiagonal x + y = 7; Cross and DiagonalCross both of each pair.
 enum class HatchStyle { Horizontal, Vertical, ForwardDiagonal, BackwardDiagonal, Cross, DiagonalCross };
 
 struct Brush {

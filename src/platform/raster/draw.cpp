@@ -56,7 +56,9 @@ void line(const DrawContext& context, Point from, Point to) {
   strokePolyline(context, points, false);
 }
 
-void polyline(const DrawContext& context, std::span<const Point> points) { strokePolyline(context, points, false); }
+void polyline(const DrawContext& context, std::span<const Point> points) {
+  strokePolyline(context, points, false);
+}
 
 void polyBezier(const DrawContext& context, std::span<const Point> control) {
   strokePolyline(context, bezierPoints(control), false);
@@ -80,7 +82,7 @@ void rectangle(const DrawContext& context, Rect box) {
   }
   const std::vector<Point> corners = cornersOf(box);
   if (context.brush.draws()) {
-    const Rect inside = box.intersected(fill.area());
+    const Rect inside = Rect{box.left + 1, box.top + 1, box.right - 1, box.bottom - 1}.intersected(fill.area());
     const Region outline = Region::ofSpans(strokeSpans(fill.area(), corners, true, context.pen.width));
     const Region all = inside.empty() ? Region() : Region::rect(inside);
     fill.spans(Region::combined(all, outline, RegionOp::Diff).spans());
@@ -93,7 +95,8 @@ void roundRectangle(const DrawContext& context, Rect box, int ellipseWidth, int 
   if (box.empty()) return;
   Painter(context, context.brush)
       .spans(roundRectSpans(box.left, box.top, box.width(), box.height(), ellipseWidth, ellipseHeight));
-  strokeOutline(context, movedBy(outlineRing(box.width(), box.height(), ellipseWidth, ellipseHeight), box.left, box.top));
+  strokeOutline(context,
+                movedBy(outlineRing(box.width(), box.height(), ellipseWidth, ellipseHeight), box.left, box.top));
 }
 
 void ellipse(const DrawContext& context, Rect box) {

@@ -1,6 +1,6 @@
 // Figures on a surface, in picture coordinates. Pens, brushes, clip and the way of combining come from the context; one
-// integer model a figure gives the same pixels at every depth and row order. Boxes are [left, right) x [top, bottom) and
-// may come with their corners in any order; a pen of width w reaches w \ 2 pixels beyond them.
+// integer model a figure gives the same pixels at every depth and row order. Boxes are [left, right) x [top, bottom)
+// and may come with their corners in any order; a pen of width w reaches w \ 2 pixels beyond them.
 #pragma once
 
 #include <cstdint>
@@ -20,8 +20,8 @@ Colour getPixel(const Surface& surface, int x, int y);
 // Combines one pixel by the context's ROP2. False outside the clip.
 bool setPixel(const DrawContext& context, int x, int y, Colour colour);
 
-// A thin pen leaves out the end point; a line of no length draws nothing. A wide pen draws both round ends, and its round
-// shape when the points are one.
+// A thin pen leaves out the end point; a line of no length draws nothing. A wide pen draws both round ends, and its
+// round shape when the points are one.
 void line(const DrawContext& context, Point from, Point to);
 void polyline(const DrawContext& context, std::span<const Point> points);
 // Control points as for bezierPoints().

@@ -170,7 +170,7 @@ class FloodSearch {
 
   Rect area_;
   Matcher matcher_;
-  BitRows open_;   // pixels that match and were not found yet
+  BitRows open_;  // pixels that match and were not found yet
   BitRows found_;
   std::vector<std::uint8_t> known_;
   std::vector<Span> waiting_;

@@ -8,12 +8,18 @@ namespace {
 
 bool hatchOn(HatchStyle style, int x, int y) {
   switch (style) {
-    case HatchStyle::Horizontal: return y == 3;
-    case HatchStyle::Vertical: return x == 4;
-    case HatchStyle::ForwardDiagonal: return x == y;
-    case HatchStyle::BackwardDiagonal: return x + y == 7;
-    case HatchStyle::Cross: return y == 3 || x == 4;
-    case HatchStyle::DiagonalCross: return x == y || x + y == 7;
+    case HatchStyle::Horizontal:
+      return y == 3;
+    case HatchStyle::Vertical:
+      return x == 4;
+    case HatchStyle::ForwardDiagonal:
+      return x == y;
+    case HatchStyle::BackwardDiagonal:
+      return x + y == 7;
+    case HatchStyle::Cross:
+      return y == 3 || x == 4;
+    case HatchStyle::DiagonalCross:
+      return x == y || x + y == 7;
   }
   return false;
 }
@@ -95,7 +101,8 @@ void Painter::patternRun(int y, int left, int right) {
   while (x < right) {
     const int piece = std::min(tile.width() - tileX, right - x);
     std::memcpy(row + static_cast<std::ptrdiff_t>(x - left) * bytes_,
-                tileRow_.data() + static_cast<std::ptrdiff_t>(tileX) * bytes_, static_cast<std::size_t>(piece) * bytes_);
+                tileRow_.data() + static_cast<std::ptrdiff_t>(tileX) * bytes_,
+                static_cast<std::size_t>(piece) * bytes_);
     x += piece;
     tileX = 0;
   }

@@ -9,8 +9,8 @@ namespace ruvo::raster {
 // DashDotDot 9 3 3 3 3 3; Alternate 1 1. They start at the first point and go on round the corners of one figure.
 enum class PenStyle { Solid = 0, Dash, Dot, DashDot, DashDotDot, Null, InsideFrame, Alternate = 8 };
 
-// Width 0 and 1 draw single pixels without the end point. From 2 on caps and joins are round and every style but Null is
-// solid; the body of a line is then a parallelogram.
+// Width 0 and 1 draw single pixels without the end point. From 2 on caps and joins are round and every style but Null
+// is solid; the body of a line is then a parallelogram.
 struct Pen {
   PenStyle style = PenStyle::Solid;
   int width = 1;

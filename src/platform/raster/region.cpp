@@ -13,10 +13,14 @@ Rect sorted(const Rect& r) {
 
 bool inside(bool a, bool b, RegionOp op) {
   switch (op) {
-    case RegionOp::And: return a && b;
-    case RegionOp::Or: return a || b;
-    case RegionOp::Xor: return a != b;
-    case RegionOp::Diff: return a && !b;
+    case RegionOp::And:
+      return a && b;
+    case RegionOp::Or:
+      return a || b;
+    case RegionOp::Xor:
+      return a != b;
+    case RegionOp::Diff:
+      return a && !b;
   }
   return false;
 }
@@ -78,7 +82,9 @@ Region Region::roundRect(Rect corners, int ellipseWidth, int ellipseHeight) {
   return ofSpans(roundRectSpans(r.left, r.top, r.width() - 1, r.height() - 1, ellipseWidth, ellipseHeight));
 }
 
-Region Region::polygon(std::span<const Point> points, FillMode mode) { return ofSpans(polygonSpans(points, mode)); }
+Region Region::polygon(std::span<const Point> points, FillMode mode) {
+  return ofSpans(polygonSpans(points, mode));
+}
 
 Region Region::combined(const Region& a, const Region& b, RegionOp op) {
   std::span<const Span> restA = a.spans_, restB = b.spans_;
@@ -96,9 +102,8 @@ Region Region::combined(const Region& a, const Region& b, RegionOp op) {
 
 bool Region::contains(int x, int y) const {
   // The first span that lies past the pixel; only the one before can hold it.
-  auto after = std::upper_bound(spans_.begin(), spans_.end(), Point{x, y}, [](const Point& p, const Span& s) {
-    return p.y != s.y ? p.y < s.y : p.x < s.left;
-  });
+  auto after = std::upper_bound(spans_.begin(), spans_.end(), Point{x, y},
+                                [](const Point& p, const Span& s) { return p.y != s.y ? p.y < s.y : p.x < s.left; });
   if (after == spans_.begin()) return false;
   --after;
   return after->y == y && x >= after->left && x < after->right;

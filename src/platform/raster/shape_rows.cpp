@@ -67,7 +67,9 @@ struct Crossing {
   int direction;
 };
 
-int ceilDivide(std::int64_t a, std::int64_t b) { return static_cast<int>(a > 0 ? (a + b - 1) / b : -(-a / b)); }
+int ceilDivide(std::int64_t a, std::int64_t b) {
+  return static_cast<int>(a > 0 ? (a + b - 1) / b : -(-a / b));
+}
 
 // Where the edges cross the rows from `top` on: all crossings row by row, those of row k at starts[k] .. starts[k + 1].
 struct Crossings {
@@ -76,7 +78,8 @@ struct Crossings {
   std::vector<Crossing> all;
 };
 
-// Calls visit(a, b, direction, first row, row after the last) for each edge, a above b. An edge covers ymin <= y < ymax.
+// Calls visit(a, b, direction, first row, row after the last) for each edge, a above b. An edge covers ymin <= y <
+// ymax.
 template <typename Visit>
 void eachEdge(std::span<const Point> points, int top, int bottom, Visit visit) {
   for (std::size_t i = 0; i < points.size(); ++i) {

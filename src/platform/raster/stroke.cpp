@@ -122,7 +122,9 @@ class WideStroke {
   std::vector<Span> spans_;
 };
 
-std::int64_t ceilDivide(std::int64_t a, std::int64_t b) { return a > 0 ? (a + b - 1) / b : -(-a / b); }
+std::int64_t ceilDivide(std::int64_t a, std::int64_t b) {
+  return a > 0 ? (a + b - 1) / b : -(-a / b);
+}
 
 void WideStroke::body(Point from, Point to) {
   const std::int64_t dx = static_cast<std::int64_t>(to.x) - from.x, dy = static_cast<std::int64_t>(to.y) - from.y;
@@ -135,10 +137,8 @@ void WideStroke::body(Point from, Point to) {
     std::int64_t x, y;
   };
   const Corner p{(across + 1) / 2, slope * ((down + 1) / 2)}, q{-(across / 2), -slope * (down / 2)};
-  const Corner corners[4] = {{from.x + p.x, from.y + p.y},
-                             {from.x + q.x, from.y + q.y},
-                             {to.x + q.x, to.y + q.y},
-                             {to.x + p.x, to.y + p.y}};
+  const Corner corners[4] = {
+      {from.x + p.x, from.y + p.y}, {from.x + q.x, from.y + q.y}, {to.x + q.x, to.y + q.y}, {to.x + p.x, to.y + p.y}};
   std::int64_t top = corners[0].y, bottom = corners[0].y;
   for (const Corner& c : corners) {
     top = std::min(top, c.y);

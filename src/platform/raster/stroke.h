@@ -10,8 +10,8 @@
 
 namespace ruvo::raster {
 
-// Steps of a thin line that can lie in the clip, and the way to walk them. Step i of 0 .. length - 1 lies i pixels along
-// the major axis (x when |dx| >= |dy|); the minor coordinate is rounded to nearest, exact halves always down.
+// Steps of a thin line that can lie in the clip, and the way to walk them. Step i of 0 .. length - 1 lies i pixels
+// along the major axis (x when |dx| >= |dy|); the minor coordinate is rounded to nearest, exact halves always down.
 class ThinLine {
  public:
   ThinLine(Point from, Point to);
@@ -57,8 +57,8 @@ class ThinLine {
   bool forward_;
 };
 
-// Draws the points joined in order with the context's pen. A thin solid or broken pen leaves out the very last point and
-// touches a pixel as often as the line passes it, a wide pen touches each pixel once.
+// Draws the points joined in order with the context's pen. A thin solid or broken pen leaves out the very last point
+// and touches a pixel as often as the line passes it, a wide pen touches each pixel once.
 void strokePolyline(const DrawContext& context, std::span<const Point> points, bool closed);
 // The same with each pixel touched once by a solid pen of any width.
 std::vector<Span> strokeSpans(const Rect& area, std::span<const Point> points, bool closed, int width);
