@@ -9,11 +9,11 @@ namespace ruvo::brush {
 
 enum FillPattern { kSolid = 0, kDots1 = 1, kDots2 = 2, kFirstHatch = 3, kLastHatch = 8, kCustomPattern = 9 };
 
-// The two built-in tiles (index 0 and 1): black on white.
-const raster::Surface& builtInPattern(int index);
+// One of the two built-in tiles of dots (index 0 and 1), a few pixels a side.
+raster::Surface patternTile(int index, Colour ink, Colour ground);
 
 // Fills the connected pixels (by their four neighbours) that have the colour of the pixel at (x, y), byte 3 apart.
-// pattern: 0 colour; 1, 2 the built-in tiles, their white in the clicked colour and their black in `colour`; 3 to 8
+// pattern: 0 colour; 1, 2 the built-in tiles, dots of `colour` on the clicked colour; 3 to 8
 // hatches of `colour` on the clicked colour: horizontal, vertical, falling, rising, cross, diagonal cross; 9 `custom`
 // in its own colours. Tiles are aligned to the picture's top left. Returns the changed rectangle; empty, and nothing
 // changed, for a point outside, pattern 9 without a custom picture, or an unknown number.
