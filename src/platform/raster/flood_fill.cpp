@@ -147,6 +147,10 @@ class FloodSearch {
     }
   }
 
+  Rect bounds() const {
+    return {area_.left + bounds_.left, area_.top + bounds_.top, area_.left + bounds_.right, area_.top + bounds_.bottom};
+  }
+
  private:
   void prepare(int y) {
     if (known_[static_cast<std::size_t>(y)]) return;
@@ -159,6 +163,7 @@ class FloodSearch {
     const int right = open_.nextClear(x, y);
     open_.fill(left, right, y, false);
     found_.fill(left, right, y, true);
+    bounds_ = bounds_.united({left, y, right, y + 1});
     waiting_.push_back({y, left, right});
     return right;
   }
@@ -169,6 +174,7 @@ class FloodSearch {
   }
 
   Rect area_;
+  Rect bounds_;  // of the found ones, from the area's corner
   Matcher matcher_;
   BitRows open_;  // pixels that match and were not found yet
   BitRows found_;
@@ -178,7 +184,8 @@ class FloodSearch {
 
 }  // namespace
 
-bool floodFill(const DrawContext& context, int x, int y, Colour colour, FloodMode mode, AlphaMatch alpha) {
+bool floodFill(const DrawContext& context, int x, int y, Colour colour, FloodMode mode, AlphaMatch alpha,
+               Rect* filled) {
   const Rect area = context.area();
   if (area.empty() || !area.contains(x, y)) return false;
   FloodSearch search(area, Matcher(context.surface, colour & 0xFFFFFF, mode, alpha));
@@ -187,6 +194,7 @@ bool floodFill(const DrawContext& context, int x, int y, Colour colour, FloodMod
   search.run(x, y);
   Painter painter(context, context.brush);
   search.paint(painter);
+  if (filled) *filled = search.bounds();
   return true;
 }
 
