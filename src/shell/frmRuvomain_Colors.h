@@ -1,0 +1,55 @@
+// `fraBrushAndColors` of the main window: brush size, first and second colour, and the buttons that open the palettes.
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <functional>
+
+#include "base/colour.h"
+
+class QComboBox;
+class QToolButton;
+
+namespace ruvo::shell {
+
+class ColorBox;
+
+inline constexpr int kBrushSizes = 20;
+inline constexpr int kDefaultBrushSizeIndex = 2;
+
+enum class PaletteKind { Chart, Palette256, WebSafe };
+
+// The three palette buttons of a colour box: `cmdPalette256`, `cmdPaletteWebSafe`, `cmdColorChart` with its index.
+std::array<QToolButton*, 3> paletteButtons(int box, QWidget* parent, const std::function<void(PaletteKind, int)>& asked);
+
+class BrushAndColors : public QWidget {
+ public:
+  BrushAndColors(QWidget* parent, const std::function<void(PaletteKind, int box)>& paletteAsked);
+
+  ColorBox& box(int index) { return *boxes_[static_cast<std::size_t>(index)]; }
+  const ColorBox& box(int index) const { return *boxes_[static_cast<std::size_t>(index)]; }
+
+  int brushSizeIndex() const;
+  // Outside 0 to kBrushSizes - 1 it takes the default.
+  void setBrushSizeIndex(int index);
+  // While locked the box shows this size and is disabled; 0 unlocks it and the size from before comes back.
+  void lockBrushSize(int size);
+  // What the box holds when no lock is on: the size that the settings keep.
+  int ownBrushSizeIndex() const { return lockedFrom_ >= 0 ? lockedFrom_ : brushSizeIndex(); }
+
+  std::function<void()> brushSizeChanged;
+  std::function<void()> swapClicked;
+
+ private:
+  void buildColors(const std::function<void(PaletteKind, int)>& paletteAsked);
+  void buildBrushSize();
+  void updateSteppers();
+
+  std::array<ColorBox*, 2> boxes_{};
+  QWidget* wells_ = nullptr;
+  QComboBox* brushSize_ = nullptr;
+  std::array<QToolButton*, 2> adjust_{};
+  int lockedFrom_ = -1;
+};
+
+}  // namespace ruvo::shell

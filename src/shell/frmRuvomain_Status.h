@@ -1,0 +1,47 @@
+// The status bar of the main window: five text panels and the progress bar.
+#pragma once
+
+#include <QLabel>
+#include <QWidget>
+#include <array>
+
+namespace ruvo {
+class ucProgress;
+}
+
+namespace ruvo::shell {
+
+inline constexpr int kStatusPanelCount = 5;
+
+// A label that shows as much of its text as there is room for; the whole text is its tool tip when some is left out.
+class ElidedLabel : public QLabel {
+ public:
+  explicit ElidedLabel(QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool event(QEvent* event) override;
+};
+
+class StatusBar : public QWidget {
+ public:
+  explicit StatusBar(QWidget* parent);
+
+  void setPanel(int index, const QString& text);
+  // The panel that names the window mode: in the text colour, or in grey for SDI.
+  void showSdi(bool sdi);
+  // 0 to 100. The bar stands empty and hidden while nothing runs.
+  void setProgress(int percent);
+  void endProgress();
+  void clearPanels();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  std::array<QWidget*, kStatusPanelCount> panels_{};
+  std::array<QLabel*, kStatusPanelCount> labels_{};
+  ucProgress* progress_;
+};
+
+}  // namespace ruvo::shell

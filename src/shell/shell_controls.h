@@ -1,0 +1,68 @@
+// The small controls that the main window's panels are made of. Every control carries its fixed name as objectName; a
+// member of a control array is named "array(index)".
+#pragma once
+
+#include <QAbstractButton>
+#include <QToolButton>
+#include <QWidget>
+#include <functional>
+
+#include "base/colour.h"
+
+class QBoxLayout;
+class QComboBox;
+class QFrame;
+class QLabel;
+
+namespace ruvo::shell {
+
+QString controlName(const QString& array, int index);
+
+// Sizes in logical pixels that several panels share.
+inline constexpr int kIconSide = 20;
+inline constexpr int kPanelWidth = 190;
+
+// A flat button with a picture. A click only reports: whether it looks pressed (checked) is set by the code that decides.
+class PictureButton : public QToolButton {
+ public:
+  PictureButton(const QString& name, const QString& picture, const QString& tip, QWidget* parent);
+
+ protected:
+  void nextCheckState() override {}
+};
+
+// A tile of an option frame: the option itself (`opt...`), and in it the picture (`img...`) that may be clicked as well.
+class PictureOption : public PictureButton {
+ public:
+  PictureOption(const QString& optionName, const QString& pictureName, const QString& picture, const QString& caption,
+                QWidget* parent);
+};
+
+// A filled rectangle that shows a colour and reports clicks of either button.
+class ColorBox : public QWidget {
+ public:
+  ColorBox(const QString& name, const QString& tip, Colour colour, QWidget* parent);
+  Colour BackColor() const { return colour_; }
+  void setBackColor(Colour colour);
+
+  std::function<void()> leftClicked;
+  std::function<void()> rightClicked;
+
+ protected:
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Colour colour_;
+};
+
+QColor toQColor(Colour colour);
+Colour fromQColor(const QColor& colour);
+
+// A thin line between groups.
+QFrame* divider(Qt::Orientation orientation, QWidget* parent);
+// A combo box that is no wider than `width`, with its items and first selection.
+QComboBox* combo(const QString& name, const QStringList& items, int first, int width, QWidget* parent);
+QLabel* label(const QString& text, QWidget* parent, const char* role = nullptr);
+
+}  // namespace ruvo::shell

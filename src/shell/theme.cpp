@@ -1,0 +1,175 @@
+#include "shell/theme.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QHash>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPalette>
+#include <QSvgRenderer>
+
+#include "shell/theme_style.h"
+
+namespace ruvo::theme {
+namespace {
+
+// The ink that the drawings are made with.
+constexpr const char* kDrawnInk = "#2B3A4A";
+constexpr qreal kDisabledOpacity = 0.36;
+
+Roles lightRoles() {
+  return {.dark = false,
+          .window = QColor("#F3F5F8"),
+          .raised = QColor("#FBFCFD"),
+          .field = QColor("#FFFFFF"),
+          .workspace = QColor("#D3DAE3"),
+          .ink = QColor("#22303E"),
+          .quietInk = QColor("#5A6878"),
+          .line = QColor("#D0D7E0"),
+          .accent = QColor("#2563D9"),
+          .accentInk = QColor("#FFFFFF"),
+          .hover = QColor("#E4EAF2"),
+          .pressed = QColor("#D2DCE9"),
+          .selected = QColor("#D6E4FD")};
+}
+
+Roles darkRoles() {
+  return {.dark = true,
+          .window = QColor("#262B33"),
+          .raised = QColor("#2D333D"),
+          .field = QColor("#1C2027"),
+          .workspace = QColor("#16191E"),
+          .ink = QColor("#DFE6EE"),
+          .quietInk = QColor("#9DAAB9"),
+          .line = QColor("#3D4551"),
+          .accent = QColor("#5C9BFF"),
+          .accentInk = QColor("#0B1526"),
+          .hover = QColor("#363E4A"),
+          .pressed = QColor("#424C5A"),
+          .selected = QColor("#2C4A78")};
+}
+
+Roles current = lightRoles();
+
+class InkIconEngine : public QIconEngine {
+ public:
+  explicit InkIconEngine(QString name) : name_(std::move(name)) {}
+
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
+    QSvgRenderer drawing(source());
+    if (!drawing.isValid()) return;
+    const int side = std::min(rect.width(), rect.height());
+    QRect square(0, 0, side, side);
+    square.moveCenter(rect.center());
+    painter->save();
+    if (mode == QIcon::Disabled) painter->setOpacity(kDisabledOpacity);
+    drawing.render(painter, square);
+    painter->restore();
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    QPixmap picture(size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    paint(&painter, QRect(QPoint(), size), mode, state);
+    return picture;
+  }
+  QIconEngine* clone() const override { return new InkIconEngine(*this); }
+
+ private:
+  const QByteArray& source() {
+    static QHash<QString, QByteArray> read;
+    auto found = read.constFind(name_);
+    if (found == read.constEnd()) {
+      QFile file(":/icons/" + name_ + ".svg");
+      QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+      text.replace(kDrawnInk, current.ink.name().toLatin1());
+      text.replace(QByteArray(kDrawnInk).toLower(), current.ink.name().toLatin1());
+      found = read.insert(name_, text);
+    }
+    return *found;
+  }
+
+  QString name_;
+};
+
+QPalette paletteOf(const Roles& r) {
+  QPalette p;
+  p.setColor(QPalette::Window, r.window);
+  p.setColor(QPalette::WindowText, r.ink);
+  p.setColor(QPalette::Base, r.field);
+  p.setColor(QPalette::AlternateBase, r.raised);
+  p.setColor(QPalette::Text, r.ink);
+  p.setColor(QPalette::PlaceholderText, r.quietInk);
+  p.setColor(QPalette::Button, r.raised);
+  p.setColor(QPalette::ButtonText, r.ink);
+  p.setColor(QPalette::BrightText, r.accentInk);
+  p.setColor(QPalette::Highlight, r.accent);
+  p.setColor(QPalette::HighlightedText, r.accentInk);
+  p.setColor(QPalette::ToolTipBase, r.raised);
+  p.setColor(QPalette::ToolTipText, r.ink);
+  p.setColor(QPalette::Link, r.accent);
+  p.setColor(QPalette::Light, r.dark ? r.hover : QColor("#FFFFFF"));
+  p.setColor(QPalette::Midlight, r.hover);
+  p.setColor(QPalette::Mid, r.line);
+  p.setColor(QPalette::Dark, r.dark ? QColor("#12151A") : QColor("#9AA7B5"));
+  p.setColor(QPalette::Shadow, r.dark ? QColor("#0A0C0F") : QColor("#6C7885"));
+  QColor pale = r.ink;
+  pale.setAlphaF(0.42F);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    p.setColor(QPalette::Disabled, role, pale);
+  p.setColor(QPalette::Disabled, QPalette::Highlight, r.pressed);
+  return p;
+}
+
+// Only what the palette can not say. Colours stand as @role and are put in from the roles.
+constexpr const char* kStyleSheet = R"(
+QToolTip { background: @raised; color: @ink; border: 1px solid @line; padding: 4px 6px; }
+QMenuBar { background: @window; border-bottom: 1px solid @line; padding: 1px 4px; }
+QMenuBar::item { background: transparent; padding: 4px 9px; border-radius: 4px; }
+QMenuBar::item:selected { background: @hover; }
+QMenuBar::item:pressed { background: @pressed; }
+QMenuBar::item:disabled { color: @quietInk; }
+QToolButton { border: 1px solid transparent; border-radius: 5px; background: transparent; padding: 0; }
+QToolButton:hover:enabled { background: @hover; }
+QToolButton:pressed:enabled { background: @pressed; }
+QToolButton:checked { background: @selected; border-color: @accent; }
+QToolButton:focus { border-color: @accent; }
+QToolButton[framed="true"] { background: @raised; border-color: @line; padding: 2px 6px; }
+QToolButton[framed="true"]:hover:enabled { background: @hover; }
+QToolButton[framed="true"]:pressed:enabled { background: @pressed; }
+#picToolbar { background: @window; border-bottom: 1px solid @line; }
+#picToolPanel { background: @window; border-right: 1px solid @line; }
+#picStatusBar { background: @window; border-top: 1px solid @line; }
+#fraOptionHost { background: @raised; border: 1px solid @line; border-radius: 6px; }
+QScrollArea#picOptionArea, QScrollArea#picOptionArea > QWidget > QWidget { background: transparent; border: none; }
+QLabel[role="heading"] { font-weight: 600; }
+QLabel[role="quiet"] { color: @quietInk; }
+QFrame[role="divider"] { background: @line; border: none; }
+)";
+
+QString styleSheetOf(const Roles& r) {
+  QString sheet = QString::fromLatin1(kStyleSheet);
+  const std::pair<const char*, QColor> colours[] = {
+      {"@window", r.window}, {"@raised", r.raised}, {"@ink", r.ink},         {"@quietInk", r.quietInk}, {"@line", r.line},
+      {"@accent", r.accent}, {"@hover", r.hover},   {"@pressed", r.pressed}, {"@selected", r.selected}};
+  for (const auto& [name, colour] : colours) sheet.replace(name, colour.name());
+  return sheet;
+}
+
+}  // namespace
+
+void apply(QApplication& application) {
+  const QByteArray asked = qgetenv("RUVO_THEME").toLower();
+  const bool desktopIsDark = application.palette().color(QPalette::Window).lightness() < 128;
+  const bool dark = asked == "dark" || (asked != "light" && desktopIsDark);
+  current = dark ? darkRoles() : lightRoles();
+  application.setStyle(new ShellStyle);
+  application.setPalette(paletteOf(current));
+  application.setStyleSheet(styleSheetOf(current));
+}
+
+const Roles& roles() { return current; }
+
+QIcon icon(const QString& name) { return QIcon(new InkIconEngine(name)); }
+
+}  // namespace ruvo::theme
