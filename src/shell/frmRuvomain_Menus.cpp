@@ -1,0 +1,210 @@
+// The main window's own menus, the options, the file histories and what menus of a document ask of it.
+#include <QAction>
+#include <QMenuBar>
+
+#include "base/paths.h"
+#include "canvas/ucCanvas.h"
+#include "document/frmRuvoPaint.h"
+#include "platform/desktop/desktop.h"
+#include "shell/frmRuvomain_Private.h"
+#include "shell/session/session_texts.h"
+
+namespace ruvo {
+namespace {
+
+constexpr const char* kHelpFile = "Ruvopaint.chm";
+constexpr int kOptionSdi = 1;
+constexpr int kOptionRemindColor = 4;
+constexpr int kOptionFitInSmaller = 6;
+constexpr int kOptionAddBackExif = 8;
+constexpr int kOptionPixelRgb = 10;
+
+// The flag behind an item that merely toggles.
+bool OptionFlags::* optionFlag(int index) {
+  switch (index) {
+    case kOptionRemindColor: return &OptionFlags::remindColorSetting;
+    case kOptionFitInSmaller: return &OptionFlags::fitInEvenIfSmaller;
+    case kOptionAddBackExif: return &OptionFlags::jpgAddBackExif;
+    case kOptionPixelRgb: return &OptionFlags::showPixelRgb;
+    default: return nullptr;
+  }
+}
+
+constexpr bool OptionFlags::* kSessionFlags[] = {&OptionFlags::alternativeMarquee, &OptionFlags::suspendCanvasResize,
+                                                 &OptionFlags::suspendRegionResize, &OptionFlags::axisLines};
+
+void showOptions(const MenuSet& menus, const OptionFlags& options) {
+  const auto check = [&menus](const char* control, int index, bool on) {
+    if (QAction* action = menus.action(control, index)) action->setChecked(on);
+  };
+  check("mnuOptionsSub", kOptionSdi, options.sdiOnly);
+  for (const int index : {kOptionRemindColor, kOptionFitInSmaller, kOptionAddBackExif, kOptionPixelRgb})
+    check("mnuOptionsSub", index, options.*optionFlag(index));
+  for (int level = 0; level <= 4; ++level) check("mnuSubMonitorRAM", level, options.watchRam == level);
+  for (int index = 0; index < 4; ++index) check("mnuOptionsSessionOnlySub", index, options.*kSessionFlags[index]);
+}
+
+}  // namespace
+
+void frmRuvomain::buildMenus() {
+  d_->menus = std::make_unique<MenuSet>(kScopeMain, this,
+                                        [this](const QString& control, int index) { menuTriggered(control, index); });
+  if (QMenu* edit = d_->menus->menu("mnuEdit")) connect(edit, &QMenu::aboutToShow, this, [this] { updateMainMenu(); });
+  showMenusOf(nullptr);
+  updateMainMenu();
+}
+
+// What the main window's own menus allow: there is no picture, but there may be one on the clipboard.
+void frmRuvomain::updateMainMenu() {
+  d_->menus->setHave(desktop::desktop().clipboardHasPicture() ? kNeedClipboard : kNeedNothing);
+}
+
+void frmRuvomain::showMenusOf(frmRuvoPaint* document) {
+  d_->menusShownOf = document;
+  menuBar()->clear();
+  for (QMenu* menu : document != nullptr ? document->menus() : d_->menus->menus()) menuBar()->addMenu(menu);
+}
+
+void frmRuvomain::menuTriggered(const QString& control, int index) {
+  if (control == "mnuFileSub" && index == 0) return newClicked();
+  if (control == "mnuFileSub" && index == 1) return openClicked();
+  if (control == "mnuFileHistory") return historyClicked(index - 1);
+  if (control == "mnuFileExit") return mnuFileExit_Click();
+  if (control == "mnuEditPaste") return openDocument(PendingOpen::Paste, QString());
+  if (control == "mnuOptionsSub") return mnuOptionsSub_Click(index);
+  if (control == "mnuSubMonitorRAM") return mnuSubMonitorRAM_Click(index);
+  if (control == "mnuOptionsSessionOnlySub") return mnuOptionsSessionOnlySub_Click(index);
+  if (control == "mnuHelpSub") return mnuHelpSub_Click(index);
+}
+
+// --- Options -------------------------------------------------------------------------------------------------------------------
+
+void frmRuvomain::MDI_UpdateOptionMenus() {
+  showOptions(*d_->menus, session().options);
+  for (frmRuvoPaint* document : d_->documents)
+    if (document != nullptr) document->updateOptionMenus();
+}
+
+void frmRuvomain::mnuOptionsSub_Click(int index) {
+  OptionFlags& options = session().options;
+  if (index == kOptionSdi) {
+    if (!options.sdiOnly && documentCount() > 1)
+      desktop::desktop().message(this, "Cannot change to SDI when there are more than one documents currently.",
+                                 desktop::Icon::Exclamation);
+    else
+      options.sdiOnly = !options.sdiOnly;
+    d_->status->showSdi(options.sdiOnly);
+  } else if (bool OptionFlags::* flag = optionFlag(index)) {
+    options.*flag = !(options.*flag);
+  }
+  MDI_UpdateOptionMenus();
+  tell(&frmRuvoPaint::Notify_SessionOptions_FromMDI);
+}
+
+void frmRuvomain::mnuSubMonitorRAM_Click(int index) {
+  session().options.watchRam = index;
+  MDI_UpdateOptionMenus();
+}
+
+bool frmRuvomain::regionBlocksOption() {
+  frmRuvoPaint* document = activeDocument();
+  if (document == nullptr || !document->canvas()->RegionMoveReady()) return false;
+  desktop::desktop().message(this, "Cannot reset this option when there is a region currently.", desktop::Icon::Exclamation);
+  return true;
+}
+
+void frmRuvomain::mnuOptionsSessionOnlySub_Click(int index) {
+  if (index < 0 || index >= static_cast<int>(std::size(kSessionFlags))) return;
+  OptionFlags& options = session().options;
+  // A refused click has turned the item's own check: it is set back below.
+  if (!regionBlocksOption()) options.*kSessionFlags[index] = !(options.*kSessionFlags[index]);
+  MDI_UpdateOptionMenus();
+  tell(&frmRuvoPaint::Notify_SessionOptions_FromMDI);
+}
+
+void frmRuvomain::ramReminder() {
+  const auto text = ramReminderText(session().options.watchRam, desktop::desktop().freeRamKb());
+  if (text) desktop::desktop().message(this, QString::fromStdString(*text), desktop::Icon::Information);
+}
+
+void frmRuvomain::gdiPlusMissingMessage(const QString& prefix) {
+  const ImagingState state{.failedToStart = session().gdiPlusFailedToStart, .versionCode = session().versionCode};
+  desktop::desktop().message(this, QString::fromStdString(gdiPlusMissingText(state, prefix.toStdString())),
+                             desktop::Icon::Exclamation);
+}
+
+// --- Histories -----------------------------------------------------------------------------------------------------------------
+
+void frmRuvomain::MDI_List_File_History() {
+  const auto paths = d_->services.fileHistory.list();
+  if (!paths) return;
+  session().fileHistory.fill({});
+  QStringList shortened;
+  QStringList whole;
+  for (std::size_t i = 0; i < paths->size(); ++i) {
+    session().fileHistory[i] = (*paths)[i];
+    whole << toText((*paths)[i]);
+    shortened << QString::fromStdString(shortenPath(utf8Of((*paths)[i])));
+  }
+  d_->menus->setHistory("mnuFileHistory", shortened, whole);
+  for (frmRuvoPaint* document : d_->documents)
+    if (document != nullptr) document->rebuildFileHistoryMenu();
+}
+
+void frmRuvomain::MDI_List_File_History_GIFani() {
+  const auto paths = d_->services.fileHistoryGifAni.list();
+  if (!paths) return;
+  QStringList shortened;
+  QStringList whole;
+  for (const auto& path : *paths) {
+    whole << toText(path);
+    shortened << QString::fromStdString(shortenPath(utf8Of(path)));
+  }
+  d_->menus->setHistory("mnuFileHistoryGIFani", shortened, whole);
+}
+
+void frmRuvomain::addToFileHistory(const QString& path) {
+  d_->services.fileHistory.add(toPath(path));
+  MDI_List_File_History();
+}
+
+// An item of the main window's own menu: every other window is closed first.
+void frmRuvomain::historyClicked(int index) {
+  if (index < 0 || index >= static_cast<int>(kHistoryLength)) return;
+  const std::filesystem::path path = session().fileHistory[static_cast<std::size_t>(index)];
+  unloadToolWindows(false);
+  if (!closeDocuments()) return;
+  if (!fileExists(path)) {
+    desktop::desktop().message(this, QString::fromStdString(historyFileMissingText(utf8Of(path))));
+    return;
+  }
+  openDocument(PendingOpen::FileOpen, toText(path));
+}
+
+// An item of a document's menu acts as Open does.
+void frmRuvomain::openFromHistory(int index) {
+  if (index < 0 || index >= static_cast<int>(kHistoryLength)) return;
+  const std::filesystem::path path = session().fileHistory[static_cast<std::size_t>(index)];
+  frmRuvoPaint* document = activeDocument();
+  if (!fileExists(path)) {
+    desktop::desktop().message(this, QString::fromStdString(historyFileMissingText(utf8Of(path))));
+  } else if (document == nullptr || !session().options.sdiOnly) {
+    openDocument(PendingOpen::FileOpen, toText(path));
+  } else if (!document->hasUnsavedChanges() || document->AskSaveCurr()) {
+    document->LoadOpenFile(toText(path), static_cast<int>(PendingOpen::FileOpen), true);
+  }
+}
+
+// --- The rest --------------------------------------------------------------------------------------------------------------------
+
+void frmRuvomain::mnuFileExit_Click() { close(); }
+
+void frmRuvomain::mnuHelpSub_Click(int index) {
+  if (index == 1) return showAbout();
+  std::error_code error;
+  const auto help = std::filesystem::current_path(error) / kHelpFile;
+  if (!fileExists(help) || !desktop::desktop().open(toText(help)))
+    desktop::desktop().message(this, QString("%1 missing in current folder.").arg(kHelpFile), desktop::Icon::Exclamation);
+}
+
+}  // namespace ruvo

@@ -1,0 +1,228 @@
+// From the main window's controls to the active document.
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QShortcut>
+#include <QToolButton>
+
+#include "base/paths.h"
+#include "canvas/ucCanvas.h"
+#include "dialogs/frmRuvoColorChart.h"
+#include "dialogs/palette_picker.h"
+#include "document/frmRuvoPaint.h"
+#include "platform/desktop/desktop.h"
+#include "shell/color_values.h"
+#include "shell/frmRuvomain_Private.h"
+#include "shell/shell_controls.h"
+
+namespace ruvo {
+namespace {
+
+constexpr int kLineTool = 4;
+constexpr int kRegionTool = 14;
+constexpr int kAntialiasedLine = 8;
+constexpr int kAntialiasedLineBrush = 2;
+// Takes the focus after a brush size was picked, so that the keys are the picture's again.
+constexpr int kFocusContainer = 5;
+
+}  // namespace
+
+void frmRuvomain::tell(DocumentCall call) {
+  if (session().settingsLoading) return;
+  if (frmRuvoPaint* document = activeDocument()) (document->*call)();
+}
+
+void frmRuvomain::tell(void (frmRuvoPaint::*call)(int), int index) {
+  if (session().settingsLoading) return;
+  if (frmRuvoPaint* document = activeDocument()) (document->*call)(index);
+}
+
+// --- Tools -------------------------------------------------------------------------------------------------------------------
+
+void frmRuvomain::toolClicked(int index) {
+  if (frmRuvoPaint* document = activeDocument()) return document->Do_imgToolsClick(index);
+  // With no document only the border moves; the first document that is opened takes the tool over.
+  selectTool(index);
+}
+
+void frmRuvomain::selectTool(int index) {
+  d_->toolbox->select(index);
+  SetOptionFrame(kToolOptionFrame[static_cast<std::size_t>(index)]);
+  d_->options->enableShadow(index == kRegionTool);
+  lockBrushForLine();
+  setStatusPanel(kPanelPixel, QString());
+}
+
+void frmRuvomain::FlatAllToolsImages() {
+  selectTool(shell::kClearAllTools);
+  tell(&frmRuvoPaint::Notify_SetScrollOp_FromMDI);
+}
+
+void frmRuvomain::SetOptionFrame(int index) { d_->options->SetOptionFrame(index); }
+
+// The antialiased line is drawn with a fixed brush while it is the chosen line.
+void frmRuvomain::lockBrushForLine() {
+  const bool fixed = d_->toolbox->selected() == kLineTool && d_->options->lineType() == kAntialiasedLine;
+  d_->colors->lockBrushSize(fixed ? kAntialiasedLineBrush : 0);
+}
+
+void frmRuvomain::brushSizeChanged() {
+  if (session().settingsLoading) return;
+  d_->toolbar->container(kFocusContainer)->setFocus();
+  tell(&frmRuvoPaint::Notify_BrushSize_FromMDI);
+}
+
+void frmRuvomain::showCustomPictures() {
+  shell::CustomPictures pictures;
+  if (frmRuvoPaint* document = activeDocument()) {
+    ucCanvas& canvas = *document->canvas();
+    pictures.brush = toImage(canvas.DIBCustomBrush());
+    pictures.brushMask = toImage(canvas.DIBCustomBrushMask());
+    pictures.pattern = toImage(canvas.DIBCustomPattern());
+    pictures.stamp = toImage(canvas.DIBStamp());
+    pictures.stampMask = toImage(canvas.DIBStampMask());
+  }
+  d_->options->setCustomPictures(pictures);
+}
+
+// --- Colours -----------------------------------------------------------------------------------------------------------------
+
+void frmRuvomain::updateColorToUse() {
+  if (d_->forFirst) {
+    d_->colors->box(0).setBackColor(d_->currentColour);
+    d_->options->setSpecimenColour(shell::toQColor(d_->currentColour));
+    tell(&frmRuvoPaint::Notify_ColorToUse_FromMDI);
+  }
+  if (d_->forSecond) d_->colors->box(1).setBackColor(d_->currentColour);
+  if (d_->forBezier) {
+    d_->options->bezierBox().setBackColor(d_->currentColour);
+    tell(&frmRuvoPaint::Notify_BezierFillColor_FromMDI);
+  }
+}
+
+void frmRuvomain::colorPicked(Colour colour, bool second) {
+  d_->forFirst = !second;
+  d_->forSecond = second;
+  d_->forBezier = false;
+  colorChosen(colour);
+  if (d_->chart != nullptr) d_->chart->setColour(colour);
+}
+
+void frmRuvomain::colorChosen(Colour colour) {
+  d_->currentColour = colour;
+  updateColorToUse();
+}
+
+void frmRuvomain::swapColors() {
+  const Colour first = d_->colors->box(0).BackColor();
+  const Colour second = d_->colors->box(1).BackColor();
+  colorPicked(first, true);
+  colorPicked(second, false);
+}
+
+void frmRuvomain::boxRightClicked(int box) {
+  if (box < 2) return swapColors();
+  d_->forFirst = d_->forSecond = false;
+  d_->forBezier = true;
+  colorChosen(d_->colors->box(0).BackColor());
+}
+
+void frmRuvomain::showColorValues(int box) {
+  const shell::ColorBox& well = box < 2 ? d_->colors->box(box) : d_->options->bezierBox();
+  desktop::desktop().message(this, shell::colourValuesText(well.BackColor()), desktop::Icon::Information);
+}
+
+void frmRuvomain::paletteAsked(shell::PaletteKind kind, int box) {
+  // An open Bezier curve would take its fill colour half-way: it ends first.
+  if (box == 2) tell(&frmRuvoPaint::Notify_BezierOp_FromMDI);
+  d_->forFirst = box == 0;
+  d_->forSecond = box == 1;
+  d_->forBezier = box == 2;
+  const shell::ColorBox& well = box < 2 ? d_->colors->box(box) : d_->options->bezierBox();
+  const auto chosen = [this](Colour colour) { colorChosen(colour); };
+  if (kind != shell::PaletteKind::Chart) {
+    const auto which = kind == shell::PaletteKind::WebSafe ? PalettePicker::Kind::WebSafe : PalettePicker::Kind::Colours256;
+    auto* picker = new PalettePicker(which, well.BackColor(), this, chosen);
+    picker->showBeside(well.mapToGlobal(QPoint(well.width() + 8, 0)));
+    return;
+  }
+  if (d_->chart == nullptr) {
+    d_->chart = new frmRuvoColorChart(this, chosen);
+    d_->chart->move(d_->stored.colorChartPosition.x / kTwipsPerPixel, d_->stored.colorChartPosition.y / kTwipsPerPixel);
+    d_->chart->moved = [this](const QPoint& at) {
+      d_->stored.colorChartPosition = {at.x() * kTwipsPerPixel, at.y() * kTwipsPerPixel};
+    };
+  }
+  d_->chart->setColour(well.BackColor());
+  d_->chart->show();
+  d_->chart->raise();
+}
+
+// --- Toolbar -------------------------------------------------------------------------------------------------------------------
+
+void frmRuvomain::editButtonClicked(int index) {
+  frmRuvoPaint* document = activeDocument();
+  if (document == nullptr) return;
+  switch (index) {
+    case 0: return document->mnuEditUndoAll_Click();
+    case 1: return document->mnuEditUndo_Click();
+    case 2: return document->mnuEditRedo_Click();
+    case 7:
+    case 8:
+    case 9:
+    case 10: return document->Do_mnuRotateSubClick(shell::editButtons()[static_cast<std::size_t>(index)].index);
+    default: {
+      const shell::EditButton& row = shell::editButtons()[static_cast<std::size_t>(index)];
+      document->triggerMenu(row.control, row.index);
+    }
+  }
+}
+
+void frmRuvomain::cmdGlass_Click() { tell(&frmRuvoPaint::Do_cmdGlassClick); }
+
+void frmRuvomain::fitInClicked() { tell(&frmRuvoPaint::Do_ckbFitInClick); }
+
+void frmRuvomain::cmdMode_Click(int index) {
+  const bool toView = index == 0;
+  d_->toolbar->focusBeside();
+  unloadToolWindows(false);
+  d_->toolbar->setViewMode(toView);
+  setZoomScale(1);
+  setMagnify(1);
+  d_->toolbox->setUsable(!toView);
+  SetOptionFrame(toView ? -1 : kToolOptionFrame[static_cast<std::size_t>(d_->toolbox->selected())]);
+  frmRuvoPaint* document = activeDocument();
+  if (document == nullptr) return setZoomButtons(false, false, false);
+  if (toView && d_->toolbar->fitIn()) document->Do_ckbFitInClick();
+  document->updateEditButtons();
+  document->UpdateAllowableMenusForScreenMode();
+  document->Do_UpdateZoomButtons();
+  document->Do_UpdateGlassButton();
+  document->Do_UpdateModeChange();
+}
+
+void frmRuvomain::addShortcuts() {
+  const struct {
+    QKeySequence keys;
+    int zoom;
+  } rows[] = {{Qt::Key_Plus, 0}, {Qt::Key_Equal, 0}, {Qt::Key_Minus, 1}};
+  for (const auto& row : rows) {
+    auto* shortcut = new QShortcut(row.keys, this);
+    connect(shortcut, &QShortcut::activated, this, [this, zoom = row.zoom] {
+      const int index = zoom + (d_->toolbar->viewMode() ? 3 : 0);
+      if (auto* button = findChild<QToolButton*>(shell::controlName("cmdZoom", index))) button->click();
+    });
+  }
+}
+
+void frmRuvomain::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void frmRuvomain::dropEvent(QDropEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  if (urls.isEmpty() || !urls.first().isLocalFile()) return;
+  event->acceptProposedAction();
+  d_->services.openFromOutside(urls.first().toLocalFile().toStdString());
+}
+
+}  // namespace ruvo
