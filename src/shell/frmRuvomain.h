@@ -110,6 +110,7 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   void paletteAsked(shell::PaletteKind kind, int box);
   void colorChosen(Colour colour);
   void lockBrushForLine();
+  void handCustomPictures(frmRuvoPaint& document);
   // Menus
   void buildMenus();
   void menuTriggered(const QString& control, int index);

@@ -7,6 +7,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "shell/session/settings.h"
 #include "shell/shell_controls.h"
 
 namespace ruvo::shell {
@@ -85,7 +86,7 @@ void BrushAndColors::buildBrushSize() {
   auto* caption = label("Brush size", this);
   QStringList sizes;
   // Two blanks behind each number keep it off the arrow.
-  for (int size = 1; size <= kBrushSizes; ++size) sizes << QString::number(size) + "  ";
+  for (int size = 1; size <= kBrushSizeCount; ++size) sizes << QString::number(size) + "  ";
   brushSize_ = combo("cboBrushSize", sizes, kDefaultBrushSizeIndex, 54, this);
   brushSize_->setToolTip("Brush size");
   caption->setBuddy(brushSize_);

@@ -14,9 +14,6 @@ namespace ruvo::shell {
 
 class ColorBox;
 
-inline constexpr int kBrushSizes = 20;
-inline constexpr int kDefaultBrushSizeIndex = 2;
-
 enum class PaletteKind { Chart, Palette256, WebSafe };
 
 // The three palette buttons of a colour box: `cmdPalette256`, `cmdPaletteWebSafe`, `cmdColorChart` with its index.
@@ -30,7 +27,7 @@ class BrushAndColors : public QWidget {
   const ColorBox& box(int index) const { return *boxes_[static_cast<std::size_t>(index)]; }
 
   int brushSizeIndex() const;
-  // Outside 0 to kBrushSizes - 1 it takes the default.
+  // Outside 0 to kBrushSizeCount - 1 it takes the default.
   void setBrushSizeIndex(int index);
   // While locked the box shows this size and is disabled; 0 unlocks it and the size from before comes back.
   void lockBrushSize(int size);

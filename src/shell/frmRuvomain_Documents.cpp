@@ -1,12 +1,14 @@
 // The documents' windows: opening, which one is active, closing, arranging.
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHelpEvent>
 #include <QStyleOptionTitleBar>
 #include <QToolTip>
 
-#include "base/program_title.h"
+#include "base/paths.h"
 #include "document/frmRuvoPaint.h"
 #include "platform/desktop/desktop.h"
+#include "platform/imaging/imaging_service.h"
 #include "shell/frmRuvomain_Private.h"
 #include "shell/session/document_list.h"
 #include "shell/session/session_texts.h"

@@ -1,5 +1,5 @@
 // What the window does at its start and what it leaves behind at its end.
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
 
 #include "base/paths.h"

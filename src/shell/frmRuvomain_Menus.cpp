@@ -200,7 +200,6 @@ void frmRuvomain::openFromHistory(int index) {
 void frmRuvomain::mnuFileExit_Click() { close(); }
 
 void frmRuvomain::mnuHelpSub_Click(int index) {
-  if (index == 1) return showAbout();
   std::error_code error;
   const auto help = std::filesystem::current_path(error) / kHelpFile;
   if (!fileExists(help) || !desktop::desktop().open(toText(help)))

@@ -6,7 +6,9 @@
 #include <QPointer>
 #include <vector>
 
+#include "dialogs/frmRuvoColorChart.h"
 #include "document/menu_table.h"
+#include "image/clsDIB.h"
 #include "shell/frmRuvomain.h"
 #include "shell/frmRuvomain_Colors.h"
 #include "shell/frmRuvomain_OptionFrames.h"
@@ -15,8 +17,6 @@
 #include "shell/frmRuvomain_Toolbox.h"
 
 namespace ruvo {
-
-class frmRuvoColorChart;
 
 // The area of the document windows; while it is empty it says how to begin.
 class Workspace : public QMdiArea {
@@ -53,6 +53,15 @@ class LoadingFlag {
 QString toText(const std::filesystem::path& path);
 std::filesystem::path toPath(const QString& text);
 
+// The loaded pictures that custom tools use. The canvas of every document gets the same ones.
+struct CustomTools {
+  clsDIB brush;
+  clsDIB brushMask;
+  clsDIB pattern;
+  clsDIB stamp;
+  clsDIB stampMask;
+};
+
 struct frmRuvomain::Private {
   explicit Private(SessionServices& s) : services(s) {}
 
@@ -78,6 +87,7 @@ struct frmRuvomain::Private {
   bool forBezier = false;
   Colour currentColour = kBlack;
   QPointer<frmRuvoColorChart> chart;
+  CustomTools customTools;
 };
 
 }  // namespace ruvo

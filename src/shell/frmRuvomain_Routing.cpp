@@ -1,4 +1,5 @@
 // From the main window's controls to the active document.
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QShortcut>
@@ -6,9 +7,10 @@
 
 #include "base/paths.h"
 #include "canvas/ucCanvas.h"
-#include "dialogs/frmRuvoColorChart.h"
 #include "dialogs/palette_picker.h"
 #include "document/frmRuvoPaint.h"
+#include "document/frmRuvoSizeOfNew.h"
+#include "document/model/open_rules.h"
 #include "platform/desktop/desktop.h"
 #include "shell/color_values.h"
 #include "shell/frmRuvomain_Private.h"
@@ -17,12 +19,20 @@
 namespace ruvo {
 namespace {
 
+constexpr Size kNewImageSize = {640, 480};
 constexpr int kLineTool = 4;
 constexpr int kRegionTool = 14;
 constexpr int kAntialiasedLine = 8;
 constexpr int kAntialiasedLineBrush = 2;
 // Takes the focus after a brush size was picked, so that the keys are the picture's again.
 constexpr int kFocusContainer = 5;
+
+void copyPicture(const clsDIB& from, clsDIB& to) {
+  if (from.empty())
+    to.ClearUp();
+  else
+    clsDIB::CloneDIB(from, to, kWhite, from.BottomUp());
+}
 
 }  // namespace
 
@@ -71,17 +81,32 @@ void frmRuvomain::brushSizeChanged() {
   tell(&frmRuvoPaint::Notify_BrushSize_FromMDI);
 }
 
+// The active document has loaded a picture: the option frames show it, and other documents will get it.
 void frmRuvomain::showCustomPictures() {
-  shell::CustomPictures pictures;
+  CustomTools& tools = d_->customTools;
   if (frmRuvoPaint* document = activeDocument()) {
     ucCanvas& canvas = *document->canvas();
-    pictures.brush = toImage(canvas.DIBCustomBrush());
-    pictures.brushMask = toImage(canvas.DIBCustomBrushMask());
-    pictures.pattern = toImage(canvas.DIBCustomPattern());
-    pictures.stamp = toImage(canvas.DIBStamp());
-    pictures.stampMask = toImage(canvas.DIBStampMask());
+    copyPicture(canvas.DIBCustomBrush(), tools.brush);
+    copyPicture(canvas.DIBCustomBrushMask(), tools.brushMask);
+    copyPicture(canvas.DIBCustomPattern(), tools.pattern);
+    copyPicture(canvas.DIBStamp(), tools.stamp);
+    copyPicture(canvas.DIBStampMask(), tools.stampMask);
   }
-  d_->options->setCustomPictures(pictures);
+  d_->options->setCustomPictures({.brush = toImage(tools.brush),
+                                  .brushMask = toImage(tools.brushMask),
+                                  .pattern = toImage(tools.pattern),
+                                  .stamp = toImage(tools.stamp),
+                                  .stampMask = toImage(tools.stampMask)});
+}
+
+void frmRuvomain::handCustomPictures(frmRuvoPaint& document) {
+  const CustomTools& tools = d_->customTools;
+  ucCanvas& canvas = *document.canvas();
+  copyPicture(tools.brush, canvas.DIBCustomBrush());
+  copyPicture(tools.brushMask, canvas.DIBCustomBrushMask());
+  copyPicture(tools.pattern, canvas.DIBCustomPattern());
+  copyPicture(tools.stamp, canvas.DIBStamp());
+  copyPicture(tools.stampMask, canvas.DIBStampMask());
 }
 
 // --- Colours -----------------------------------------------------------------------------------------------------------------
@@ -175,6 +200,23 @@ void frmRuvomain::editButtonClicked(int index) {
       document->triggerMenu(row.control, row.index);
     }
   }
+}
+
+void frmRuvomain::newClicked() {
+  if (frmRuvoPaint* document = activeDocument()) return document->Do_cmdFileNewClick();
+  ramReminder();
+  session().newImageWidth = kNewImageSize.width;
+  session().newImageHeight = kNewImageSize.height;
+  if (frmRuvoSizeOfNew::ask(session(), this)) openDocument(PendingOpen::New, QString());
+}
+
+void frmRuvomain::openClicked() {
+  if (frmRuvoPaint* document = activeDocument()) return document->Do_cmdFileOpenClick();
+  ramReminder();
+  const std::filesystem::path last = session().fileHistory[0].parent_path();
+  const QString folder = folderExists(last) ? toText(last) : QDir::homePath();
+  const QString file = desktop::desktop().openFile(this, "Open", folder, QString::fromStdString(openFilter()));
+  if (!file.isEmpty()) openDocument(PendingOpen::FileOpen, file);
 }
 
 void frmRuvomain::cmdGlass_Click() { tell(&frmRuvoPaint::Do_cmdGlassClick); }
