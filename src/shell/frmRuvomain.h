@@ -117,7 +117,6 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   void showMenusOf(frmRuvoPaint* document);
   void updateMainMenu();
   void historyClicked(int index);
-  bool regionBlocksOption();
   // Documents
   QMdiSubWindow* windowOf(const frmRuvoPaint* document) const;
   frmRuvoPaint* documentOf(const QMdiSubWindow* window) const;

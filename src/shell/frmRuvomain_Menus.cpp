@@ -3,7 +3,6 @@
 #include <QMenuBar>
 
 #include "base/paths.h"
-#include "canvas/ucCanvas.h"
 #include "document/frmRuvoPaint.h"
 #include "platform/desktop/desktop.h"
 #include "shell/frmRuvomain_Private.h"
@@ -85,14 +84,11 @@ void frmRuvomain::MDI_UpdateOptionMenus() {
     if (document != nullptr) document->updateOptionMenus();
 }
 
+// A document refuses what its windows or its region do not allow before it asks for a change here.
 void frmRuvomain::mnuOptionsSub_Click(int index) {
   OptionFlags& options = session().options;
   if (index == kOptionSdi) {
-    if (!options.sdiOnly && documentCount() > 1)
-      desktop::desktop().message(this, "Cannot change to SDI when there are more than one documents currently.",
-                                 desktop::Icon::Exclamation);
-    else
-      options.sdiOnly = !options.sdiOnly;
+    options.sdiOnly = !options.sdiOnly;
     d_->status->showSdi(options.sdiOnly);
   } else if (bool OptionFlags::* flag = optionFlag(index)) {
     options.*flag = !(options.*flag);
@@ -106,18 +102,10 @@ void frmRuvomain::mnuSubMonitorRAM_Click(int index) {
   MDI_UpdateOptionMenus();
 }
 
-bool frmRuvomain::regionBlocksOption() {
-  frmRuvoPaint* document = activeDocument();
-  if (document == nullptr || !document->canvas()->RegionMoveReady()) return false;
-  desktop::desktop().message(this, "Cannot reset this option when there is a region currently.", desktop::Icon::Exclamation);
-  return true;
-}
-
 void frmRuvomain::mnuOptionsSessionOnlySub_Click(int index) {
   if (index < 0 || index >= static_cast<int>(std::size(kSessionFlags))) return;
   OptionFlags& options = session().options;
-  // A refused click has turned the item's own check: it is set back below.
-  if (!regionBlocksOption()) options.*kSessionFlags[index] = !(options.*kSessionFlags[index]);
+  options.*kSessionFlags[index] = !(options.*kSessionFlags[index]);
   MDI_UpdateOptionMenus();
   tell(&frmRuvoPaint::Notify_SessionOptions_FromMDI);
 }
