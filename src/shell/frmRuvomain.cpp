@@ -75,6 +75,7 @@ frmRuvomain::frmRuvomain(SessionServices& services) : d_(std::make_unique<Privat
   addShortcuts();
   loadSettings();
   MDI_disableAllButtonsOnToolBar();
+  d_->workspace->setFocus();
 }
 
 frmRuvomain::~frmRuvomain() {
@@ -108,9 +109,8 @@ void frmRuvomain::buildControls() {
   auto* panel = new QWidget(centre);
   panel->setObjectName("picToolPanel");
   panel->setAttribute(Qt::WA_StyledBackground);
-  panel->setFixedWidth(shell::kPanelWidth);
   auto* column = new QVBoxLayout(panel);
-  column->setContentsMargins(9, 8, 9, 6);
+  column->setContentsMargins(shell::kPanelMargin, 8, shell::kPanelMargin, 6);
   column->setSpacing(8);
   d_->toolbox = new shell::Toolbox(panel);
   d_->toolbox->clicked = [this](int index) { toolClicked(index); };
@@ -141,6 +141,8 @@ void frmRuvomain::buildControls() {
   holderColumn->addStretch();
   area->setWidget(holder);
   column->addWidget(area, 1);
+  panel->setFixedWidth(std::max(d_->options->widestFrame(), d_->colors->minimumSizeHint().width()) +
+                       2 * shell::kPanelMargin + 1);
 
   for (int box = 0; box < 3; ++box) {
     shell::ColorBox& well = box < 2 ? d_->colors->box(box) : d_->options->bezierBox();

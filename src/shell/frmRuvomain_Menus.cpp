@@ -5,6 +5,7 @@
 #include "base/paths.h"
 #include "document/frmRuvoPaint.h"
 #include "platform/desktop/desktop.h"
+#include "shell/frmRuvoAbout.h"
 #include "shell/frmRuvomain_Private.h"
 #include "shell/session/session_texts.h"
 
@@ -188,6 +189,10 @@ void frmRuvomain::openFromHistory(int index) {
 void frmRuvomain::mnuFileExit_Click() { close(); }
 
 void frmRuvomain::mnuHelpSub_Click(int index) {
+  if (index == 1) {
+    frmRuvoAbout(frmRuvoAbout::Use::About, this).exec();
+    return;
+  }
   std::error_code error;
   const auto help = std::filesystem::current_path(error) / kHelpFile;
   if (!fileExists(help) || !desktop::desktop().open(toText(help)))

@@ -16,10 +16,9 @@
 namespace ruvo::shell {
 namespace {
 
-// Width between a frame's borders.
-constexpr int kFrameWidth = kPanelWidth - 36;
 constexpr int kSmallCombo = 76;
 constexpr int kPreviewSide = 34;
+constexpr int kRegionTool = 14;
 constexpr int kCustomBrush = 8;
 constexpr int kCustomPattern = 9;
 
@@ -53,11 +52,14 @@ QLabel* preview(const QString& name, const QString& tip, QWidget* parent) {
   box->setFixedSize(kPreviewSide, kPreviewSide);
   box->setAlignment(Qt::AlignCenter);
   box->setFrameShape(QFrame::StyledPanel);
+  // Nothing is shown until something is loaded.
+  box->hide();
   return box;
 }
 
 void showPicture(QLabel* box, const QImage& picture) {
-  if (picture.isNull()) return box->clear();
+  box->setVisible(!picture.isNull());
+  if (picture.isNull()) return;
   const qreal ratio = box->devicePixelRatioF();
   const QSize room = (QSizeF(kPreviewSide - 4, kPreviewSide - 4) * ratio).toSize();
   QImage shown = picture.width() > room.width() || picture.height() > room.height()
@@ -115,6 +117,12 @@ OptionFrames::OptionFrames(QWidget* parent, Calls calls) : QWidget(parent), call
   hide();
 }
 
+int OptionFrames::widestFrame() const {
+  int widest = 0;
+  for (QWidget* frame : frames_) widest = std::max(widest, frame->minimumSizeHint().width());
+  return widest;
+}
+
 void OptionFrames::SetOptionFrame(int index) {
   for (int i = 0; i < kOptionFrameCount; ++i) frames_[static_cast<std::size_t>(i)]->setVisible(i == index);
   setVisible(index >= 0);
@@ -166,7 +174,7 @@ QComboBox* OptionFrames::addCombo(QWidget* frame, const QString& caption, const 
                                   int first, Call call) {
   auto* row = new QHBoxLayout;
   row->setSpacing(4);
-  QComboBox* box = combo(name, items, first, caption.isEmpty() ? kFrameWidth : kSmallCombo, frame);
+  QComboBox* box = combo(name, items, first, caption.isEmpty() ? 0 : kSmallCombo, frame);
   if (!caption.isEmpty()) {
     auto* text = label(caption, frame);
     text->setBuddy(box);
@@ -222,9 +230,9 @@ void OptionFrames::buildBrushFrame() {
   pictures->addWidget(picCustomBrushMask_);
   pictures->addStretch();
   column->addLayout(pictures);
-  customShape_ = combo("cboCustomBrushShape", {"As Oval", "Rectangle"}, 0, kFrameWidth, customBrushRow_);
+  customShape_ = combo("cboCustomBrushShape", {"As Oval", "Rectangle"}, 0, 0, customBrushRow_);
   customShape_->setToolTip("Custom brush shape");
-  customManner_ = combo("cboCustomBrushApplyManner", {"Normal", "Overlap"}, 0, kFrameWidth, customBrushRow_);
+  customManner_ = combo("cboCustomBrushApplyManner", {"Normal", "Overlap"}, 0, 0, customBrushRow_);
   customManner_->setToolTip("Custom brush apply manner");
   column->addWidget(customShape_);
   column->addWidget(customManner_);
@@ -396,18 +404,18 @@ void OptionFrames::buildRegionFrame() {
   const struct {
     const char* text;
     const char* tip;
-  } rows[] = {{"Create border", "Create border of region"}, {"Add shadow", "Add dropdown shadow to region"}};
+  } rows[] = {{"Create border", "Create border of region"}, {"Add dropdown\nshadow to region", "Add dropdown shadow to region"}};
   for (int i = 0; i < 2; ++i) {
     auto* button = loadButton(controlName("cmdRegionOperation", i), rows[i].text, frame);
     button->setToolTip(rows[i].tip);
     connect(button, &QPushButton::clicked, this, [this, i] { calls_.regionOperation(i); });
-    // Regions can not be drawn yet.
-    button->setEnabled(false);
+    button->setEnabled(toolAvailable(kRegionTool));
+    regionOperation_[static_cast<std::size_t>(i)] = button;
     column(frame)->addWidget(button);
   }
 }
 
-void OptionFrames::enableShadow(bool) {}
+void OptionFrames::enableShadow(bool enable) { regionOperation_[1]->setEnabled(enable && toolAvailable(kRegionTool)); }
 
 void OptionFrames::readInto(ToolboxState& state) const {
   state.brushStyle = brushStyle_.value;

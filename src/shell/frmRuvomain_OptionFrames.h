@@ -54,6 +54,8 @@ class OptionFrames : public QWidget {
   // Hides every frame; then, from 0 up, shows that one.
   void SetOptionFrame(int index);
   int shown() const { return shown_; }
+  // No frame's text is cut at this width.
+  int widestFrame() const;
 
   void readInto(ToolboxState& state) const;
   ColorBox& bezierBox() { return *bezierBox_; }
@@ -120,7 +122,7 @@ class OptionFrames : public QWidget {
   QWidget* customBrushRow_ = nullptr;
   QWidget* specimen_ = nullptr;
   ColorBox* bezierBox_ = nullptr;
-  std::array<QToolButton*, 2> regionOperation_{};
+  std::array<QAbstractButton*, 2> regionOperation_{};
   QLabel* picCustomBrush_ = nullptr;
   QLabel* picCustomBrushMask_ = nullptr;
   QLabel* picCustomPattern_ = nullptr;

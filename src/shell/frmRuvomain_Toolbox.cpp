@@ -37,6 +37,7 @@ constexpr std::array<const char*, kToolCount> kToolTips = {
 const std::vector<std::vector<int>> kToolGroups = {
     {0, 1, 13, 2, 16, 12, 17, 18}, {4, 5, 6, 7, 8, 9, 10, 11}, {3, 14, 15}};
 constexpr int kToolColumns = 4;
+constexpr QSize kTileSize(40, 32);
 
 }  // namespace
 
@@ -49,17 +50,20 @@ Toolbox::Toolbox(QWidget* parent) : QWidget(parent) {
     if (column->count() > 0) column->addWidget(divider(Qt::Horizontal, this));
     auto* grid = new QGridLayout;
     grid->setSpacing(2);
-    for (int place = 0; place < kToolColumns; ++place) grid->setColumnStretch(place, 1);
+    for (int place = 0; place < kToolColumns; ++place) {
+      grid->setColumnStretch(place, 1);
+      grid->setColumnMinimumWidth(place, kTileSize.width());
+    }
     for (int place = 0; place < static_cast<int>(group.size()); ++place) {
       const int index = group[static_cast<std::size_t>(place)];
       auto* tool = new PictureButton(controlName("imgTools", index), QStringLiteral("tool_%1").arg(index, 2, 10, QChar('0')),
                                      QString::fromLatin1(kToolTips[static_cast<std::size_t>(index)]), this);
-      tool->setFixedSize(40, 32);
+      tool->setFixedSize(kTileSize);
       connect(tool, &QToolButton::clicked, this, [this, index] {
         if (clicked) clicked(index);
       });
       tools_[static_cast<std::size_t>(index)] = tool;
-      grid->addWidget(tool, place / kToolColumns, place % kToolColumns);
+      grid->addWidget(tool, place / kToolColumns, place % kToolColumns, Qt::AlignHCenter);
     }
     column->addLayout(grid);
   }

@@ -114,7 +114,7 @@ QComboBox* combo(const QString& name, const QStringList& items, int first, int w
   box->setObjectName(name);
   box->addItems(items);
   box->setCurrentIndex(first);
-  box->setFixedWidth(width);
+  if (width > 0) box->setFixedWidth(width);
   box->setMaxVisibleItems(20);
   box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box->setMinimumContentsLength(1);

@@ -20,7 +20,7 @@ QString controlName(const QString& array, int index);
 
 // Sizes in logical pixels that several panels share.
 inline constexpr int kIconSide = 20;
-inline constexpr int kPanelWidth = 190;
+inline constexpr int kPanelMargin = 9;
 
 // A flat button with a picture. A click only reports: whether it looks pressed (checked) is set by the code that decides.
 class PictureButton : public QToolButton {
@@ -61,7 +61,7 @@ Colour fromQColor(const QColor& colour);
 
 // A thin line between groups.
 QFrame* divider(Qt::Orientation orientation, QWidget* parent);
-// A combo box that is no wider than `width`, with its items and first selection.
+// A combo box with its items and first selection, of a fixed width or (0) as wide as its place.
 QComboBox* combo(const QString& name, const QStringList& items, int first, int width, QWidget* parent);
 QLabel* label(const QString& text, QWidget* parent, const char* role = nullptr);
 

@@ -10,6 +10,10 @@
 
 #include "shell/theme_style.h"
 
+// The drawings lie in a static library, whose resources are not there until they are asked for. (The macro must stand
+// outside any namespace.)
+static void loadDrawings() { Q_INIT_RESOURCE(assets); }
+
 namespace ruvo::theme {
 namespace {
 
@@ -77,6 +81,8 @@ class InkIconEngine : public QIconEngine {
 
  private:
   const QByteArray& source() {
+    static const bool loaded = (loadDrawings(), true);
+    static_cast<void>(loaded);
     static QHash<QString, QByteArray> read;
     auto found = read.constFind(name_);
     if (found == read.constEnd()) {
@@ -124,8 +130,8 @@ QPalette paletteOf(const Roles& r) {
 // Only what the palette can not say. Colours stand as @role and are put in from the roles.
 constexpr const char* kStyleSheet = R"(
 QToolTip { background: @raised; color: @ink; border: 1px solid @line; padding: 4px 6px; }
-QMenuBar { background: @window; border-bottom: 1px solid @line; padding: 1px 4px; }
-QMenuBar::item { background: transparent; padding: 4px 9px; border-radius: 4px; }
+QMenuBar { background: @window; border-bottom: 1px solid @line; padding: 1px 3px; }
+QMenuBar::item { background: transparent; padding: 4px 6px; border-radius: 4px; }
 QMenuBar::item:selected { background: @hover; }
 QMenuBar::item:pressed { background: @pressed; }
 QMenuBar::item:disabled { color: @quietInk; }
