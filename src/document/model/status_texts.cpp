@@ -14,7 +14,11 @@ std::string rounded(double value) {
   return std::to_string(roundToInt(value));
 }
 std::string pair(int x, int y, const char* between) {
-  return "[" + text(x) + between + text(y) + "]";
+  std::string both = "[";
+  both += text(x);
+  both += between;
+  both += text(y);
+  return both += ']';
 }
 }  // namespace
 
