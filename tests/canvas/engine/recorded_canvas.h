@@ -1,0 +1,90 @@
+// A canvas core with a window that only takes notes: events in order as text, repainted rectangles, pointer, tool tip.
+#pragma once
+
+#include <sstream>
+
+#include "canvas/engine/canvas_core.h"
+#include "support/pictures.h"
+
+namespace ruvo::test {
+
+struct RecordedCanvas : CanvasEvents, CanvasWindow {
+  CanvasCore core{*this, *this};
+  std::vector<std::string> events;
+  std::vector<Rect> repainted;
+  CursorWord cursor = CursorWord::Arrow;
+  std::string toolTip;
+  int waits = 0;
+
+  // Bars are 10 thick.
+  explicit RecordedCanvas(Size client) { core.setClient(client, {10, 10}); }
+
+  void show(clsDIB&& dib) {
+    core.bitmaps.DIB = std::move(dib);
+    core.CanvasResize();
+    clear();
+  }
+  // A white picture in editor mode.
+  void showBlank(int width, int height) {
+    clsDIB dib;
+    dib.CreateBlankDIB(width, height, 32, kWhite);
+    core.setCanvasScreenMode(1);
+    show(std::move(dib));
+  }
+  void clear() {
+    events.clear();
+    repainted.clear();
+  }
+  std::vector<std::string> taken() { return std::exchange(events, {}); }
+
+  // Display points, as a person sees them.
+  Point control(Point display) const {
+    return {display.x + core.view().picDisp.left, display.y + core.view().picDisp.top};
+  }
+  void press(Point at, MouseButton button = MouseButton::Left) { core.mousePress(control(at), button, {}); }
+  void move(Point at, KeyModifiers keys = {}) { core.mouseMove(control(at), keys); }
+  void release(Point at, MouseButton button = MouseButton::Left) { core.mouseRelease(control(at), button, {}); }
+  void click(Point at, MouseButton button = MouseButton::Left) {
+    press(at, button);
+    release(at, button);
+  }
+  Rows picture(const Ink& ink = blackAndWhite()) const { return rowsOf(core.bitmaps.DIB, ink); }
+  Rect repaintedInAll() const {
+    Rect all;
+    for (const Rect& r : repainted) all = all.united(r);
+    return all;
+  }
+
+  template <typename... Values>
+  void note(const char* name, Values... values) {
+    std::ostringstream text;
+    text << name;
+    ((text << ' ' << values), ...);
+    events.push_back(text.str());
+  }
+  void NotifyScroll() override { note("NotifyScroll"); }
+  void NotifyClickData(int button, Colour c, int x, int y) override { note("NotifyClickData", button, c, x, y); }
+  void NotifyToPrepareUndo() override { note("NotifyToPrepareUndo"); }
+  void NotifyDragResize(bool sizeChanged) override { note("NotifyDragResize", sizeChanged); }
+  void NotifyDragResizeProforma(int w, int h) override { note("NotifyDragResizeProforma", w, h); }
+  void NotifyCanvasMouseClick() override { note("NotifyCanvasMouseClick"); }
+  void NotifyCanvasMouseMove() override { note("NotifyCanvasMouseMove"); }
+  void MonitorXYdata(int x, int y) override { note("MonitorXYdata", x, y); }
+  void NoStamp() override { note("NoStamp"); }
+  void DispPointOfClick(int x, int y, Colour c) override { note("DispPointOfClick", x, y, c); }
+  void DispMeasureClear() override { note("DispMeasureClear"); }
+  void DIBProgress(int percent) override { note("DIBProgress", percent); }
+  void DIBProgressEnd() override { note("DIBProgressEnd"); }
+  void repaint(const Rect& control) override { repainted.push_back(control); }
+  void arrange() override {}
+  void setCursor(CursorWord word) override {
+    if (word != CursorWord::Unchanged) cursor = word;
+  }
+  void setToolTip(const std::string& text) override { toolTip = text; }
+  void setWaiting(bool waiting) override { waits += waiting; }
+  void hideLoadingMsg() override {}
+};
+
+using Events = std::vector<std::string>;
+
+}  // namespace ruvo::test
