@@ -100,9 +100,10 @@ OpenFault sizeFault(std::int64_t width, std::int64_t height) {
 
 OpenFault loadFault(const imaging::LoadResult& result) {
   if (result) return sizeFault(result.picture.width, result.picture.height);
-  if (result.error != imaging::LoadError::TooLarge) return OpenFault::LoadFailed;
-  const OpenFault fault = sizeFault(result.width, result.height);
-  return fault == OpenFault::None ? OpenFault::TooLarge : fault;
+  const bool sizeKnown = result.width != 0 || result.height != 0;
+  const OpenFault fault = sizeKnown ? sizeFault(result.width, result.height) : OpenFault::None;
+  if (fault != OpenFault::None) return fault;
+  return result.error == imaging::LoadError::TooLarge ? OpenFault::TooLarge : OpenFault::LoadFailed;
 }
 
 std::string openFilter() {

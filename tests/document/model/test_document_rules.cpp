@@ -58,11 +58,13 @@ TEST(OpenRules, SizesAtTheLimits) {
   EXPECT_EQ(sizeFault(32761, 1), OpenFault::TooLarge);
   imaging::LoadResult refused;
   refused.error = imaging::LoadError::TooLarge;
-  EXPECT_EQ(loadFault(refused), OpenFault::NoImage);
-  refused.width = refused.height = 40000;
   EXPECT_EQ(loadFault(refused), OpenFault::TooLarge);
   refused.error = imaging::LoadError::Broken;
   EXPECT_EQ(loadFault(refused), OpenFault::LoadFailed);
+  refused.width = 40000;
+  EXPECT_EQ(loadFault(refused), OpenFault::NoImage);
+  refused.height = 40000;
+  EXPECT_EQ(loadFault(refused), OpenFault::TooLarge);
 }
 
 TEST(OpenRules, WordsOfTheRefusals) {

@@ -1,0 +1,92 @@
+// Pictures that a tool paints with: custom brush, fill pattern and stamp.
+#include "document/frmRuvoPaint_Private.h"
+#include "document/model/picture_loading.h"
+#include "document/model/picture_writing.h"
+
+namespace ruvo {
+namespace {
+
+// Smallest opaque part of a brush, pattern or stamp.
+constexpr Size kSmallestCustom = {2, 2};
+
+QString tooSmallText() {
+  return QStringLiteral("Non-transparent area smaller than the minimum size\nof %1 x %2 pixels")
+      .arg(kSmallestCustom.width)
+      .arg(kSmallestCustom.height);
+}
+
+// The part that paints is black in the mask.
+bool opaquePartTooSmall(const clsDIB& mask) {
+  int left = 0;
+  int top = 0;
+  int right = 0;
+  int bottom = 0;
+  if (!clsDIB::DIBNetPaintedArea(mask, left, top, right, bottom, kWhite, false)) return true;
+  return right - left + 1 < kSmallestCustom.width || bottom - top + 1 < kSmallestCustom.height;
+}
+
+}  // namespace
+
+// False when cancelled or refused (in words).
+bool frmRuvoPaint::Private::loadCustomPicture(const QString& folderKey, clsDIB& picture) {
+  const QString file =
+      desktop::desktop().openFile(link.window(), tr("Load image"), link.lastFolder(folderKey), qt(openFilter()));
+  if (file.isEmpty()) return false;
+  const std::string path = file.toStdString();
+  LoadedPicture loaded;
+  {
+    const WaitCursor wait;
+    loaded = loadPicture(path);
+    // A tool knows no half transparency: the picture is taken as it looks on white.
+    if (loaded.fault == OpenFault::None && loaded.dib.DIBhasAlpha()) {
+      clsDIB flat;
+      if (!flattenedCopy(loaded.dib, flat)) loaded.fault = OpenFault::LoadFailed;
+      loaded.dib = std::move(flat);
+    }
+  }
+  if (loaded.fault != OpenFault::None) return refuseOpen(loaded.fault, path, false);
+  link.setLastFolder(folderKey, file.section('/', 0, -2));
+  if (loaded.dib.DIBWidth() < kSmallestCustom.width || loaded.dib.DIBHeight() < kSmallestCustom.height) {
+    tell(tooSmallText());
+    return false;
+  }
+  picture = std::move(loaded.dib);
+  return true;
+}
+
+// The same, split into picture and mask with the colour of its top left as the see-through one.
+bool frmRuvoPaint::Private::loadMaskedPicture(const QString& folderKey, clsDIB& picture, clsDIB& mask) {
+  clsDIB image;
+  if (!loadCustomPicture(folderKey, image)) return false;
+  clsDIB cut;
+  clsDIB::Create_ImageMask_Pair(image, cut, -1);
+  if (opaquePartTooSmall(cut)) {
+    tell(tooSmallText());
+    return false;
+  }
+  picture = std::move(image);
+  mask = std::move(cut);
+  return true;
+}
+
+void frmRuvoPaint::Do_cmdCustomBrushClick() {
+  if (d_->loadMaskedPicture(QStringLiteral("CustomBrush"), d_->canvas->DIBCustomBrush(),
+                            d_->canvas->DIBCustomBrushMask())) {
+    d_->link.showCustomPictures();
+  }
+}
+
+void frmRuvoPaint::Do_cmdCustomPatternClick() {
+  if (d_->loadCustomPicture(QStringLiteral("CustomPattern"), d_->canvas->DIBCustomPattern()))
+    d_->link.showCustomPictures();
+}
+
+// Index 0 loads an image. Text as a stamp (1) comes with the text window.
+void frmRuvoPaint::Do_cmdStampLoadClick(int index) {
+  if (index != 0) return;
+  if (d_->loadMaskedPicture(QStringLiteral("Stamp"), d_->canvas->DIBStamp(), d_->canvas->DIBStampMask())) {
+    d_->link.showCustomPictures();
+  }
+}
+
+}  // namespace ruvo

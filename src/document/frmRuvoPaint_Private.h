@@ -1,0 +1,128 @@
+// The inside of a paint document, shared by its source files and seen by nobody else.
+#pragma once
+
+#include <QGuiApplication>
+#include <QString>
+#include <memory>
+#include <vector>
+
+#include "canvas/ucCanvas.h"
+#include "document/frmRuvoPaint.h"
+#include "document/menu_table.h"
+#include "document/model/file_record.h"
+#include "document/model/open_rules.h"
+#include "document/model/save_rules.h"
+#include "document/model/undo_history.h"
+#include "platform/desktop/desktop.h"
+
+namespace ruvo {
+
+inline QString qt(const std::string& text) {
+  return QString::fromStdString(text);
+}
+
+// The wait cursor while it lives.
+class WaitCursor {
+ public:
+  WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+struct frmRuvoPaint::Private {
+  Private(frmRuvoPaint& owner, MainWindowLink& mainWindow, int place);
+
+  frmRuvoPaint& self;
+  MainWindowLink& link;
+  const int slot;
+  ucCanvas* canvas = nullptr;
+  std::unique_ptr<MenuSet> menus;
+  UndoHistory history;
+  FileRecord record;
+  bool awaitsFirstActivation = true;
+  bool busy = false;             // Undo or Redo runs; a second click is dropped
+  bool historyGapTold = false;   // a state could not be written and the user knows
+  std::vector<QString> dropped;  // files that wait for the end of a dialog
+
+  SessionState& session() { return link.session(); }
+  bool hasPicture() const { return !canvas->DIB().empty(); }
+  bool hasUnsavedChanges() const;
+  bool isActiveWindow() const;
+
+  // --- Talking ---------------------------------------------------------------------------------------------
+  void tell(const QString& text, desktop::Icon icon = desktop::Icon::Exclamation);
+  bool ask(const QString& question);
+  void setPixelPanel(const std::string& text) { link.setStatusPanel(kPanelPixel, qt(text)); }
+  void setTitle(const std::string& name);
+  void updatePanels();
+  void setChanged(bool changed);
+
+  // --- Life ------------------------------------------------------------------------------------------------
+  bool makeNew(const std::string& name, int width, int height);
+  void releaseEverything();
+  void readSession();
+  void readToolbox();
+
+  // --- The frame around every command that changes the picture ---------------------------------------------
+  // Ends a stroke that is still drawn and what floats, the latter as a state of its own; true when something floated.
+  bool commitFloatingAndPush();
+  void pushState();
+  // Starts the history anew with the picture as it is.
+  void restartHistory();
+  // Sizes, bars, display and panels after the picture was replaced.
+  void showPicture();
+  // Commits what floats, runs `act` on the picture and, when it says true, pushes, shows and marks changed.
+  template <typename Act>
+  bool changePicture(Act act) {
+    if (!hasPicture()) return false;
+    commitFloatingAndPush();
+    if (!act(canvas->DIB())) return false;
+    pushState();
+    showPicture();
+    setChanged(true);
+    return true;
+  }
+
+  // --- Tools and view --------------------------------------------------------------------------------------
+  int operationOfMode() const;
+  int effectiveBrushSize() const;
+  // No tool: ends a curve or a polygon that is under way, without a trace.
+  void endRunningOperation() { canvas->setCanvasOp(kNoTool); }
+  void returnToOperationOfMode();
+  void setMagnify(int magnify);
+  void zoomBySteps(int steps);
+  template <typename T>
+  void take(T CanvasSettings::*setting, T ToolboxState::*value) {
+    canvas->settings().*setting = link.toolbox().*value;
+  }
+
+  // --- Commands --------------------------------------------------------------------------------------------
+  void commandNew();
+  void commandOpen(bool inExistingWindow);
+  void openDropped();
+  bool refuseOpen(OpenFault fault, const std::string& path, bool quiet);
+  void saveAs(const SaveItem& item);
+  bool saveIsPossible(const SaveItem& item);
+  QString askForSaveName(const SaveItem& item, Size size);
+  void noteSaved(const std::string& path, int bits, Size size);
+  template <typename Step>
+  void restoreState(Step step);
+  bool loadCustomPicture(const QString& folderKey, clsDIB& picture);
+  bool loadMaskedPicture(const QString& folderKey, clsDIB& picture, clsDIB& mask);
+  QString folderForFiles();
+  void connectCanvas();
+  void connectMeasures();
+  bool runMenu(const QString& control, int index);
+  void runOption(const QString& control, int index);
+  void runInquiry(const QString& control);
+  void updateMenus();
+
+  static constexpr int kNoTool = 18;
+  static constexpr int kLineTool = 4;
+  static constexpr int kAntialiasedLine = 8;
+  static constexpr int kAntialiasedLineSize = 2;
+  static constexpr int kClearAllTools = 18;  // the last tool image
+};
+
+}  // namespace ruvo

@@ -1,0 +1,160 @@
+// Modes, zoom and scrolling.
+#include "base/limits.h"
+#include "document/frmRuvoPaint_Private.h"
+
+namespace ruvo {
+namespace {
+
+constexpr int kLargestMagnify = 8;  // the last item of cboMagnify
+
+enum ZoomButton { kPaintIn, kPaintOut, kPaintOriginal, kViewIn, kViewOut, kViewOriginal };
+
+bool scaleAllowed(Size picture, int scale) {
+  const std::int64_t longest = std::max(picture.width, picture.height);
+  return longest * scale <= kMaxPictureSide;
+}
+
+}  // namespace
+
+// Keeps the middle of what is seen in the middle.
+void frmRuvoPaint::Private::setMagnify(int magnify) {
+  CanvasSettings& settings = canvas->settings();
+  if (magnify < 1 || magnify == settings.Magnify) return;
+  int x1 = 0;
+  int y1 = 0;
+  int x2 = 0;
+  int y2 = 0;
+  canvas->GetVisibleInfo(x1, y1, x2, y2);
+  const int before = settings.Magnify;
+  settings.Magnify = magnify;
+  canvas->CanvasResize();
+  const auto scrollFor = [&](int first, int last) {
+    const std::int64_t middle = (static_cast<std::int64_t>(first) + last + 1) / 2;
+    const std::int64_t shown = static_cast<std::int64_t>(last - first + 1) * before;
+    return static_cast<int>(std::max<std::int64_t>(0, middle * magnify - shown / 2));
+  };
+  canvas->SetScrollValues(scrollFor(x1, x2), scrollFor(y1, y2), true, true);
+  showPicture();
+}
+
+void frmRuvoPaint::Do_cboMagnifyClick() {
+  if (!d_->link.toolbox().viewMode) d_->setMagnify(d_->link.toolbox().magnify);
+}
+
+void frmRuvoPaint::Do_zoomScaleChanged() {
+  if (!d_->link.toolbox().viewMode || !d_->hasPicture()) return;
+  const int scale = d_->link.toolbox().zoomScale;
+  if (scale < 1 || !scaleAllowed(d_->canvas->DIB().size(), scale)) {
+    d_->link.setZoomScale(d_->canvas->settings().Magnify);
+    d_->tell(tr("Will result in width or height exceeding the maximum allowed (%1 pixels)").arg(kMaxPictureSide));
+    return;
+  }
+  d_->setMagnify(scale);
+}
+
+void frmRuvoPaint::Do_cmdZoomClick(int index) {
+  if (!d_->hasPicture()) return;
+  const bool view = index >= kViewIn;
+  if (view != d_->link.toolbox().viewMode) return;
+  const int now = d_->canvas->settings().Magnify;
+  int wanted = 1;
+  if (index == kPaintIn || index == kViewIn) wanted = now + 1;
+  if (index == kPaintOut || index == kViewOut) wanted = now - 1;
+  if (wanted < 1 || (!view && wanted > kLargestMagnify)) return;
+  if (view) {
+    d_->link.setZoomScale(wanted);
+    if (scaleAllowed(d_->canvas->DIB().size(), wanted)) {
+      d_->setMagnify(wanted);
+    } else {
+      Do_zoomScaleChanged();  // refuses in words
+    }
+  } else {
+    d_->link.setMagnify(wanted);
+    d_->setMagnify(wanted);
+  }
+}
+
+// A step at a time, so that each limit is met as by the buttons.
+void frmRuvoPaint::Private::zoomBySteps(int steps) {
+  if (canvas->settings().FitInView) return;
+  const bool view = link.toolbox().viewMode;
+  const int button = steps > 0 ? (view ? kViewIn : kPaintIn) : (view ? kViewOut : kPaintOut);
+  for (int i = 0; i < std::abs(steps); ++i) self.Do_cmdZoomClick(button);
+}
+
+void frmRuvoPaint::Do_ckbFitInClick() {
+  const ToolboxState tools = d_->link.toolbox();
+  if (!tools.viewMode) return;
+  d_->canvas->settings().FitInView = tools.fitIn;
+  d_->showPicture();
+}
+
+void frmRuvoPaint::Do_UpdateZoomButtons() {
+  const CanvasSettings& settings = d_->canvas->settings();
+  if (!d_->hasPicture() || settings.FitInView) {
+    d_->link.setZoomButtons(false, false, false);
+    return;
+  }
+  const int magnify = settings.Magnify;
+  const bool view = d_->link.toolbox().viewMode;
+  const bool in = view ? scaleAllowed(d_->canvas->DIB().size(), magnify + 1) : magnify < kLargestMagnify;
+  d_->link.setZoomButtons(in, magnify > 1, magnify > 1);
+}
+
+void frmRuvoPaint::Do_UpdateModeChange() {
+  d_->commitFloatingAndPush();
+  const ToolboxState tools = d_->link.toolbox();
+  CanvasSettings& settings = d_->canvas->settings();
+  settings.Magnify = 1;
+  settings.FitInView = tools.viewMode && tools.fitIn;
+  d_->endRunningOperation();
+  d_->canvas->setCanvasScreenMode(tools.viewMode ? 0 : 1);
+  d_->canvas->setCanvasOp(d_->operationOfMode());
+  settings.BrushSize = d_->effectiveBrushSize();
+  d_->showPicture();
+}
+
+// --- Quick scroll: the hand, while a bar shows and no tool is chosen ---------------------------------------
+
+void frmRuvoPaint::AllowOrDisallowQuickScroll() {
+  d_->link.setScrollButtons(d_->hasPicture() && d_->canvas->HasScrollBarVisible(), false);
+}
+
+void frmRuvoPaint::OnOffQuickScroll() {
+  d_->canvas->settings().HandScrollEnabled =
+      d_->canvas->HasScrollBarVisible() && d_->canvas->CanvasOp() == Private::kNoTool;
+}
+
+void frmRuvoPaint::Do_imgUpperLeftClick() {
+  d_->canvas->SetScrollValues(0, 0, true, true);
+}
+
+void frmRuvoPaint::Do_imgLowerRightClick() {
+  int x = 0;
+  int y = 0;
+  d_->canvas->GetScrollMaxInfo(x, y);
+  d_->canvas->SetScrollValues(x, y, true, true);
+}
+
+// The navigator window is not there yet: its button is shown as what it is.
+void frmRuvoPaint::Do_imgPanoramicClick() {
+  AllowOrDisallowQuickScroll();
+}
+
+// --- Magnifying glass --------------------------------------------------------------------------------------
+
+// The lens is not drawn yet, so its button stays disabled.
+void frmRuvoPaint::Do_UpdateGlassButton() {
+  d_->link.setGlassEnabled(false);
+}
+
+void frmRuvoPaint::Do_cmdGlassClick() {
+  Do_UpdateGlassButton();
+}
+
+void frmRuvoPaint::Do_cboGlassClick() {
+  d_->take(&CanvasSettings::MagnifyGlassFactor, &ToolboxState::glassFactor);
+  d_->canvas->updateGlass();
+}
+
+}  // namespace ruvo

@@ -1,0 +1,84 @@
+#include "document/model/picture_writing.h"
+
+#include "image/basGDIProc.h"
+#include "image/clsPal.h"
+#include "image/clsPalDither.h"
+#include "platform/imaging/imaging_service.h"
+
+namespace ruvo {
+namespace {
+
+constexpr int kPaletteColours = 256;
+constexpr int kPaletteDepth = 8;
+
+// Exact rows when the picture has few enough colours, else `copy` is reduced with diffusion.
+void paletteRows(clsDIB& copy, int bits, clsPal& pal, clsPalDither& dither) {
+  if (dither.ExactRows(copy, pal, bits)) return;
+  pal.CreateOptimal(copy, kPaletteColours, kPaletteDepth);
+  dither.DitherToPalette256(copy, pal);
+}
+
+bool writeBmp(const clsDIB& picture, const SaveItem& item, const std::filesystem::path& file, int& bits) {
+  bits = item.reduceCanvas ? 8 : clsDIB::BPPperActualDIB(picture);
+  if (bits > 8) return picture.Save_DIB_To_File(file, picture);
+  clsPal pal;
+  clsPalDither dither;
+  if (!picture.DIBhasAlpha() && dither.ExactRows(picture, pal, bits)) {
+    return clsDIB::Save_DIB_To_File_Paletted(file, picture, pal, dither, bits);
+  }
+  clsDIB copy;
+  if (!flattenedCopy(picture, copy)) return false;
+  bits = 8;
+  paletteRows(copy, bits, pal, dither);
+  return clsDIB::Save_DIB_To_File_Paletted(file, copy, pal, dither, bits);
+}
+
+}  // namespace
+
+bool resizedCopy(const clsDIB& picture, int width, int height, clsDIB& copy) {
+  if (imaging::imagingUsable()) {
+    return clsDIB::CloneDIB(picture, copy, kWhite, picture.BottomUp()) && ResizeDIBQuality(copy, width, height, true);
+  }
+  if (!copy.CreateBlankDIB(width, height, 32, kWhite)) return false;
+  clsDIB::StretchPaintFromDIBtoDIB(picture, copy, true);
+  copy.setDIBhasAlpha(picture.DIBhasAlpha());
+  return true;
+}
+
+bool flattenedCopy(const clsDIB& picture, clsDIB& copy) {
+  if (!copy.CreateBlankDIB(picture.DIBWidth(), picture.DIBHeight(), 32, kWhite)) return false;
+  clsDIB::Display_DIB_With_Alpha(picture, copy.surface(), kWhite);
+  return true;
+}
+
+bool reduceTo256(clsDIB& picture) {
+  if (picture.DIBhasAlpha()) {
+    clsDIB flat;
+    if (!flattenedCopy(picture, flat)) return false;
+    picture = std::move(flat);
+  }
+  clsPal pal;
+  clsPalDither dither;
+  paletteRows(picture, kPaletteDepth, pal, dither);
+  return true;
+}
+
+bool writePicture(const clsDIB& picture, const SaveItem& item, const std::filesystem::path& file, int& bits) {
+  bits = picture.DIBhasAlpha() ? 32 : 24;
+  switch (item.format) {
+    case SaveFormat::Bmp:
+      return writeBmp(picture, item, file, bits);
+    case SaveFormat::Png:
+      return SaveDIBWithEncoder(picture, file, kEncodePng);
+    case SaveFormat::Tiff:
+      return SaveDIBWithEncoder(picture, file, kEncodeTiff, bits);
+    case SaveFormat::Jpeg:
+      break;
+  }
+  bits = 24;
+  if (!picture.DIBhasAlpha()) return SaveDIBWithEncoder(picture, file, kEncodeJpeg, item.quality);
+  clsDIB flat;
+  return flattenedCopy(picture, flat) && SaveDIBWithEncoder(flat, file, kEncodeJpeg, item.quality);
+}
+
+}  // namespace ruvo

@@ -1,0 +1,99 @@
+// One document window over a fake main window, with files of the test's own making.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QMouseEvent>
+
+#include "canvas/ucCanvas.h"
+#include "document/frmRuvoPaint.h"
+#include "document/menu_table.h"
+#include "platform/imaging/imaging_service.h"
+#include "support/pictures.h"
+#include "support/temp_folder.h"
+#include "support_ui/fake_main_window.h"
+#include "support_ui/scripted_desktop.h"
+
+// Failures show the text instead of its code units.
+inline void PrintTo(const QString& text, std::ostream* out) {
+  *out << '"' << text.toStdString() << '"';
+}
+
+namespace ruvo::test {
+
+class DocumentTest : public testing::Test {
+ protected:
+  DocumentTest() {
+    std::filesystem::create_directory(folder / "temp");
+    main.state.tempFolder = folder / "temp";
+    main.state.gdiPlusUsable = imaging::startImagingService();
+    main.state.documents.resize(1);
+    newWindow();
+  }
+
+  void newWindow() {
+    document = std::make_unique<frmRuvoPaint>(main, 0);
+    document->resize(300, 200);
+    document->show();
+  }
+  bool open(const QString& path) { return document->firstActivation(PendingOpen::FileOpen, path); }
+  // Opens a 4 x 3 picture in one colour.
+  QString openPlain(const QString& name = "plain.bmp", QColor colour = Qt::red) {
+    const QString path = write(name, plain(4, 3, colour));
+    EXPECT_TRUE(open(path));
+    return path;
+  }
+
+  QString path(const QString& name) const { return QString::fromStdString((folder / name.toStdString()).string()); }
+  QString write(const QString& name, const QImage& image, const char* format = nullptr) const {
+    EXPECT_TRUE(image.save(path(name), format)) << name.toStdString();
+    return path(name);
+  }
+  QString writeBytes(const QString& name, const QByteArray& bytes) const {
+    QFile file(path(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    return path(name);
+  }
+  static QImage plain(int width, int height, QColor colour) {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(colour);
+    return image;
+  }
+
+  clsDIB& picture() { return document->canvas()->DIB(); }
+  // "#rrggbb" of a picture point.
+  QString colourAt(int x, int y) {
+    const auto* row = reinterpret_cast<const Pixel32*>(picture().surface().pictureRow(y));
+    return QColor(row[x].red, row[x].green, row[x].blue).name();
+  }
+  // A click of the Replace tool on the picture's corner: every pixel of that colour becomes the first colour.
+  void replaceWith(QColor colour) {
+    main.tools.firstColor = rgb(colour.red(), colour.green(), colour.blue());
+    document->Notify_ColorToUse_FromMDI();
+    document->Do_imgToolsClick(16);
+    QWidget* display = document->canvas()->findChild<QWidget*>("picDisp");
+    QPoint corner;
+    document->canvas()->GetPicdispStartPos(corner.rx(), corner.ry());
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+      QMouseEvent event(type, corner, display->mapToGlobal(corner), Qt::LeftButton,
+                        type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+      QApplication::sendEvent(display, &event);
+    }
+  }
+  bool changed() const { return main.state.documents[0].changed; }
+  std::vector<std::string> undoFiles() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(main.state.tempFolder))
+      names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  TempFolder folder;
+  ScriptedDesktop desktop;
+  FakeMainWindow main;
+  std::unique_ptr<frmRuvoPaint> document;
+};
+
+}  // namespace ruvo::test

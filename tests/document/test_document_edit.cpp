@@ -1,0 +1,234 @@
+#include "document_fixture.h"
+
+namespace ruvo {
+namespace {
+
+using desktop::Answer;
+using test::DocumentTest;
+
+class DocumentEdit : public DocumentTest {};
+
+TEST_F(DocumentEdit, StrokesBecomeStatesThatUndoAndRedoWalk) {
+  openPlain();
+  replaceWith(Qt::green);
+  EXPECT_TRUE(changed());
+  replaceWith(Qt::blue);
+  EXPECT_EQ(colourAt(2, 1), "#0000ff");
+  EXPECT_EQ(undoFiles().size(), 3u);
+  EXPECT_TRUE(main.buttons.undo);
+  EXPECT_TRUE(document->triggerMenu("mnuEditUndo"));
+  EXPECT_EQ(colourAt(2, 1), "#00ff00");
+  EXPECT_TRUE(main.buttons.redo);
+  EXPECT_EQ(document->canvas()->CanvasOp(), 15) << "the tool is still chosen";
+  document->mnuEditUndo_Click();
+  EXPECT_EQ(colourAt(2, 1), "#ff0000");
+  EXPECT_FALSE(document->triggerMenu("mnuEditUndo")) << "disabled at the first state";
+  document->mnuEditRedo_Click();
+  document->mnuEditRedo_Click();
+  EXPECT_EQ(colourAt(2, 1), "#0000ff");
+  EXPECT_FALSE(main.buttons.redo);
+  desktop.expect("There will not be Redo after Undo All.  Sure to Undo All?").answer(Answer::No);
+  document->mnuEditUndoAll_Click();
+  EXPECT_EQ(colourAt(2, 1), "#0000ff");
+  desktop.expect("Sure to Undo All?").answer(Answer::Yes);
+  document->mnuEditUndoAll_Click();
+  EXPECT_EQ(colourAt(2, 1), "#ff0000");
+  EXPECT_FALSE(main.buttons.redo);
+}
+
+TEST_F(DocumentEdit, AFullDiskIsToldOnceAndThePictureStays) {
+  openPlain();
+  std::filesystem::remove_all(main.state.tempFolder);
+  desktop.expect(QString::fromStdString(main.state.tempFolder.string()));
+  replaceWith(Qt::green);
+  replaceWith(Qt::blue);
+  EXPECT_EQ(desktop.messages.size(), 1);
+  EXPECT_EQ(colourAt(0, 0), "#0000ff");
+  EXPECT_TRUE(changed());
+  document->mnuEditUndo_Click();
+  EXPECT_EQ(colourAt(0, 0), "#0000ff") << "no file to go back to";
+}
+
+TEST_F(DocumentEdit, TurnsAndEdgeDragsArePushedOnlyWhenSomethingChanged) {
+  openPlain();
+  document->Do_mnuRotateSubClick(2);
+  EXPECT_EQ(picture().size(), (Size{3, 4}));
+  EXPECT_EQ(main.panels[kPanelNetSize], "3 x 4");
+  EXPECT_EQ(undoFiles().size(), 2u);
+  document->Do_mnuRotateSubClick(7);
+  Q_EMIT document->canvas()->NotifyDragResize(false);
+  EXPECT_EQ(undoFiles().size(), 2u);
+  Q_EMIT document->canvas()->NotifyDragResize(true);
+  EXPECT_EQ(undoFiles().size(), 3u);
+}
+
+TEST_F(DocumentEdit, ToolsFollowTheToolboxAndTheMode) {
+  main.tools.tool = 13;
+  main.tools.brushSize = 9;
+  openPlain();
+  ucCanvas& canvas = *document->canvas();
+  EXPECT_EQ(canvas.CanvasOp(), 14) << "the document takes over the tool that waits";
+  EXPECT_EQ(canvas.settings().BrushSize, 9);
+  document->Do_imgToolsClick(3);
+  EXPECT_EQ(canvas.CanvasOp(), 14) << "a tool that is not there yet can not be chosen";
+  document->Do_imgToolsClick(0);
+  EXPECT_EQ(canvas.CanvasOp(), 0);
+  EXPECT_FALSE(canvas.settings().HandScrollEnabled);
+  main.tools.viewMode = true;
+  document->Do_UpdateModeChange();
+  EXPECT_EQ(canvas.CanvasOp(), 18);
+  EXPECT_EQ(canvas.CanvasScreenMode(), 0);
+  document->Do_imgToolsClick(2);
+  EXPECT_EQ(canvas.CanvasOp(), 18);
+  main.tools.viewMode = false;
+  document->activated();
+  EXPECT_EQ(canvas.CanvasOp(), 0) << "a mode changed meanwhile is taken over";
+  EXPECT_EQ(canvas.CanvasScreenMode(), 1);
+  document->Do_imgToolsClick(18);
+  EXPECT_EQ(canvas.CanvasOp(), 18);
+  EXPECT_TRUE(main.calls.contains("FlatAllToolsImages"));
+}
+
+TEST_F(DocumentEdit, ZoomStaysWithinItsLimits) {
+  ASSERT_TRUE(open(write("big.bmp", plain(5000, 20, Qt::red))));
+  ucCanvas& canvas = *document->canvas();
+  EXPECT_FALSE(main.zoomOut);
+  EXPECT_TRUE(main.corners);
+  for (int i = 0; i < 10; ++i) document->Do_cmdZoomClick(0);
+  EXPECT_EQ(canvas.settings().Magnify, 8);
+  EXPECT_FALSE(main.zoomIn);
+  EXPECT_EQ(main.panels[kPanelScreenSize], "40000 x 160");
+  main.tools.viewMode = true;
+  document->Do_UpdateModeChange();
+  EXPECT_EQ(canvas.settings().Magnify, 1);
+  main.tools.zoomScale = 6;
+  document->Do_zoomScaleChanged();
+  EXPECT_EQ(canvas.settings().Magnify, 6);
+  desktop.expect("Will result in width");
+  main.tools.zoomScale = 7;
+  document->Do_zoomScaleChanged();
+  EXPECT_EQ(canvas.settings().Magnify, 6);
+  EXPECT_EQ(main.tools.zoomScale, 6) << "the box shows what is";
+  main.tools.fitIn = true;
+  document->Do_ckbFitInClick();
+  EXPECT_TRUE(canvas.settings().FitInView);
+  EXPECT_FALSE(main.zoomIn);
+  main.tools.viewMode = false;
+  document->Do_UpdateModeChange();
+  EXPECT_FALSE(canvas.settings().FitInView);
+}
+
+TEST_F(DocumentEdit, ZoomKeepsTheMiddleInView) {
+  ASSERT_TRUE(open(write("big.bmp", plain(3000, 2000, Qt::red))));
+  document->canvas()->SetScrollValues(1000, 800);
+  const auto middle = [this] {
+    int x1 = 0;
+    int y1 = 0;
+    int x2 = 0;
+    int y2 = 0;
+    document->canvas()->GetVisibleInfo(x1, y1, x2, y2);
+    return QPoint((x1 + x2) / 2, (y1 + y2) / 2);
+  };
+  const QPoint before = middle();
+  document->Do_cmdZoomClick(0);
+  document->Do_cmdZoomClick(0);
+  EXPECT_LE((middle() - before).manhattanLength(), 4);
+  document->Do_imgLowerRightClick();
+  EXPECT_GE(middle().x(), 2900);
+  document->Do_imgUpperLeftClick();
+  int x = 1;
+  int y = 1;
+  document->canvas()->GetScrollValues(x, y);
+  EXPECT_EQ(x + y, 0);
+}
+
+TEST_F(DocumentEdit, CanvasEventsBecomeTextsAndColours) {
+  openPlain();
+  ucCanvas& canvas = *document->canvas();
+  Q_EMIT canvas.DispPointOfClick(1, 2, rgb(3, 4, 5));
+  EXPECT_EQ(main.panels[kPanelPixel], "Click:  [1, 2]   RGB(3, 4, 5)");
+  Q_EMIT canvas.DispMeasureClear();
+  EXPECT_EQ(main.panels[kPanelPixel], "");
+  Q_EMIT canvas.NotifyDragResizeProforma(7, 8);
+  EXPECT_EQ(main.panels[kPanelNetSize], "7 x 8");
+  Q_EMIT canvas.NotifyClickData(2, rgb(9, 8, 7), 0, 0);
+  EXPECT_EQ(main.picked, rgb(9, 8, 7));
+  EXPECT_TRUE(main.pickedSecond);
+  desktop.expect("No stamp loaded yet.");
+  Q_EMIT canvas.NoStamp();
+  Q_EMIT canvas.NotifyRegionMoved();
+  EXPECT_TRUE(changed());
+  EXPECT_EQ(undoFiles().size(), 1u) << "a region that is still moving is no state";
+}
+
+TEST_F(DocumentEdit, CustomPicturesAreCheckedAndHandedToTheCanvas) {
+  openPlain();
+  ucCanvas& canvas = *document->canvas();
+  QImage brush = plain(9, 9, Qt::white);
+  brush.setPixelColor(4, 4, Qt::black);
+  const QString words = "Non-transparent area smaller than the minimum size\nof 2 x 2 pixels";
+  desktop.expectOpen(write("dot.png", brush));
+  desktop.expect(words);
+  document->Do_cmdCustomBrushClick();
+  EXPECT_FALSE(canvas.CustomBrushPresent());
+  brush.setPixelColor(5, 5, Qt::black);
+  desktop.expectOpen(write("dots.png", brush));
+  document->Do_cmdCustomBrushClick();
+  EXPECT_TRUE(canvas.CustomBrushPresent());
+  EXPECT_EQ(canvas.DIBCustomBrushMask().size(), (Size{9, 9}));
+  EXPECT_EQ(main.folders["CustomBrush"], QString::fromStdString(folder.path().string()));
+  EXPECT_TRUE(main.calls.contains("showCustomPictures"));
+  desktop.expectOpen(write("thin.png", plain(1, 9, Qt::black)));
+  desktop.expect(words);
+  document->Do_cmdCustomPatternClick();
+  EXPECT_FALSE(canvas.CustomPatternPresent());
+  desktop.expectOpen(path("none.png"));
+  desktop.expect(path("none.png") + "\nFile not found");
+  document->Do_cmdStampLoadClick(0);
+  EXPECT_FALSE(canvas.StampPresent());
+}
+
+TEST_F(DocumentEdit, OptionsAreCopiedAndRefusedWhereTheyMustBe) {
+  main.state.options.showPixelRgb = true;
+  main.state.options.watchRam = 2;
+  openPlain();
+  const auto checked = [this](const char* control, int index) {
+    for (QMenu* menu : document->menus()) {
+      const QString name = QString("%1(%2)").arg(control).arg(index);
+      if (auto* action = menu->findChild<QAction*>(name)) return action->isChecked();
+      for (QAction* entry : menu->actions()) {
+        if (!entry->menu()) continue;
+        if (auto* action = entry->menu()->findChild<QAction*>(name)) return action->isChecked();
+      }
+    }
+    ADD_FAILURE() << control;
+    return false;
+  };
+  EXPECT_TRUE(checked("mnuOptionsSub", 10));
+  EXPECT_TRUE(checked("mnuSubMonitorRAM", 2));
+  main.documents = 2;
+  desktop.expect("Cannot change to SDI when there are more than one documents currently.");
+  EXPECT_TRUE(document->triggerMenu("mnuOptionsSub", 1));
+  EXPECT_FALSE(checked("mnuOptionsSub", 1));
+  main.documents = 1;
+  EXPECT_TRUE(document->triggerMenu("mnuOptionsSub", 1));
+  EXPECT_TRUE(checked("mnuOptionsSub", 1));
+  EXPECT_TRUE(document->triggerMenu("mnuOptionsSessionOnlySub", 3));
+  EXPECT_TRUE(checked("mnuOptionsSessionOnlySub", 3));
+}
+
+TEST_F(DocumentEdit, InquiryTellsAboutThePicture) {
+  const QString file = openPlain();
+  desktop.expect(file + "\n\nFile Size:  ");
+  EXPECT_TRUE(document->triggerMenu("mnuInquiryOriginal"));
+  EXPECT_TRUE(desktop.messages.last().endsWith("Change made:  No"));
+  desktop.expect("    Color Count: 1");
+  EXPECT_TRUE(document->triggerMenu("mnuInquiryColorCount"));
+  desktop.expect("Size displayed:   w = 4   h = 3");
+  EXPECT_TRUE(document->triggerMenu("mnuInquiryStartPosCurrentScreen"));
+  desktop.expect(file);
+  EXPECT_TRUE(document->triggerMenu("mnuInquiryFullFileSpec"));
+}
+
+}  // namespace
+}  // namespace ruvo

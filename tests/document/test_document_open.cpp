@@ -1,0 +1,168 @@
+#include <gmock/gmock.h>
+
+#include "document_fixture.h"
+#include "image/basGDIProc.h"
+
+namespace ruvo {
+namespace {
+
+using desktop::Answer;
+using test::DocumentTest;
+
+class DocumentOpen : public DocumentTest {
+ protected:
+  // A 24-bit BMP header for a picture of any size, with no pixels behind it.
+  static QByteArray bmpHeader(qint32 width, qint32 height) {
+    QByteArray bytes("BM");
+    const auto u32 = [&](quint32 v) {
+      for (int i = 0; i < 4; ++i) bytes += static_cast<char>(v >> (8 * i));
+    };
+    u32(54);
+    u32(0);
+    u32(54);
+    u32(40);
+    u32(static_cast<quint32>(width));
+    u32(static_cast<quint32>(height));
+    u32(1 | 24 << 16);
+    for (int i = 0; i < 6; ++i) u32(0);
+    return bytes;
+  }
+  // Loads into the open document and expects these words, and nothing changed by it.
+  void expectRefusal(const QString& file, const QString& words) {
+    desktop.messages.clear();
+    desktop.expect(words);
+    EXPECT_FALSE(document->LoadOpenFile(file, 3, true)) << file.toStdString();
+    EXPECT_EQ(desktop.messages.value(0), words);
+    EXPECT_FALSE(document->LoadOpenFile(file, 2, true)) << "quiet";
+    EXPECT_EQ(picture().size(), (Size{4, 3}));
+    EXPECT_EQ(colourAt(0, 0), "#ff0000");
+    EXPECT_EQ(main.history.size(), 1);
+    EXPECT_EQ(undoFiles().size(), 1u);
+  }
+};
+
+TEST_F(DocumentOpen, EveryFormatWithAReaderBecomesTheFirstState) {
+  clsDIB tiffSource;
+  ASSERT_TRUE(tiffSource.CreateBlankDIB(20, 10, 32, rgb(0, 128, 0)));
+  ASSERT_TRUE(SaveDIBWithEncoder(tiffSource, path("a.tif").toStdString(), kEncodeTiff, 24));
+  clsDIB gifSource;
+  ASSERT_TRUE(gifSource.CreateBlankDIB(20, 10, 8, rgb(0, 128, 0)));
+  std::fill_n(gifSource.DIBBitsPtr(), gifSource.surface().byteCount(), 1);
+  ASSERT_TRUE(SaveDIBWithEncoder(gifSource, path("a.gif").toStdString(), kEncodeGif));
+  for (const char* name : {"a.bmp", "a.png", "a.jpg"}) write(name, plain(20, 10, QColor(0, 128, 0)));
+  for (const char* name : {"a.bmp", "a.png", "a.jpg", "a.tif", "a.gif"}) {
+    newWindow();
+    ASSERT_TRUE(open(path(name))) << name;
+    EXPECT_EQ(picture().size(), (Size{20, 10})) << name;
+    EXPECT_EQ(picture().DIBbpp(), 32) << name;
+    EXPECT_NEAR(QColor(colourAt(7, 7)).green(), 128, 2) << name;
+    EXPECT_EQ(undoFiles(), std::vector<std::string>{"0001.m_Temp"});
+    EXPECT_FALSE(main.buttons.undo);
+    EXPECT_TRUE(main.buttons.picture);
+    EXPECT_EQ(main.wholeTitle, path(name));
+    EXPECT_EQ(main.history.last(), path(name));
+    EXPECT_EQ(main.panels[kPanelNetSize], "20 x 10");
+    EXPECT_FALSE(changed());
+  }
+}
+
+TEST_F(DocumentOpen, RefusalsSayWhyAndKeepThePicture) {
+  openPlain();
+  expectRefusal(path("none.bmp"), path("none.bmp") + "\nFile not found");
+  expectRefusal(folder.path().c_str(), QString(folder.path().c_str()) + "\nFile not found");
+  const QString bare = writeBytes("bare", "BM");
+  expectRefusal(bare, "File does not have file extension/file format unknown.\n" + bare);
+  const QString text = writeBytes("words.txt", "BM");
+  expectRefusal(text, "File format not allowed for\n" + text);
+  const QString empty = writeBytes("empty.bmp", "");
+  expectRefusal(empty, empty + "\nFailed to load this file.");
+  const QString mislabelled = writeBytes("text.png", "this is no picture at all");
+  expectRefusal(mislabelled, mislabelled + "\nFailed to load this file.");
+  expectRefusal(writeBytes("wide.bmp", bmpHeader(32761, 1)), "Incoming image exceeds max size allowed.");
+  expectRefusal(writeBytes("vast.bmp", bmpHeader(5001, 5000)), "Incoming image exceeds max size allowed.");
+  expectRefusal(writeBytes("flat.bmp", bmpHeader(4, 0)), "Failed to retrieve incoming image");
+}
+
+TEST_F(DocumentOpen, WithoutTheImagingServicePngIsRefusedByTheMainWindowsWords) {
+  openPlain();
+  const QString png = write("a.png", plain(2, 2, Qt::blue));
+  imaging::stopImagingService();
+  EXPECT_FALSE(document->LoadOpenFile(png, 3, true));
+  EXPECT_TRUE(main.calls.contains("gdiPlusMissingMessage()"));
+  main.calls.clear();
+  EXPECT_FALSE(document->LoadOpenFile(png, 2, true));
+  EXPECT_FALSE(main.calls.contains("gdiPlusMissingMessage()"));
+  imaging::startImagingService();
+}
+
+TEST_F(DocumentOpen, AlphaIsKeptThroughEditAndUndo) {
+  QImage image(4, 3, QImage::Format_ARGB32);
+  image.fill(QColor(255, 0, 0, 128));
+  ASSERT_TRUE(open(write("a.png", image)));
+  const auto alphaAt = [this](int x, int y) {
+    return reinterpret_cast<const Pixel32*>(picture().surface().pictureRow(y))[x].alpha;
+  };
+  EXPECT_TRUE(picture().DIBhasAlpha());
+  EXPECT_EQ(alphaAt(1, 1), 128);
+  document->Do_mnuRotateSubClick(0);
+  document->mnuEditUndo_Click();
+  EXPECT_TRUE(picture().DIBhasAlpha());
+  EXPECT_EQ(alphaAt(1, 1), 128);
+  EXPECT_EQ(colourAt(1, 1), "#ff0000");
+}
+
+TEST_F(DocumentOpen, TheFirstActivationActsOnItsCommand) {
+  EXPECT_FALSE(document->firstActivation(PendingOpen::CommandLine, path("none.bmp"))) << "without a word";
+  const QString file = write("frame.bmp", plain(4, 3, Qt::red));
+  newWindow();
+  ASSERT_TRUE(document->firstActivation(PendingOpen::FirstFrame, file));
+  EXPECT_EQ(main.title, "Untitled_0_Frame");
+  EXPECT_TRUE(main.history.isEmpty());
+
+  main.state.newImageWidth = 50;
+  main.state.newImageHeight = 40;
+  newWindow();
+  ASSERT_TRUE(document->firstActivation(PendingOpen::New, ""));
+  EXPECT_EQ(main.title, "Untitled:1");
+  EXPECT_EQ(picture().size(), (Size{50, 40}));
+  EXPECT_EQ(colourAt(49, 39), "#ffffff");
+  EXPECT_EQ(undoFiles().size(), 1u);
+  main.documents = 2;
+  newWindow();
+  ASSERT_TRUE(document->firstActivation(PendingOpen::New, ""));
+  EXPECT_EQ(main.title, "Untitled_0");
+}
+
+TEST_F(DocumentOpen, OpenGoesToANewWindowOrThisOneAfterTheQuestion) {
+  openPlain();
+  const QString other = write("other.bmp", plain(9, 9, Qt::blue));
+  desktop.expectOpen(other);
+  EXPECT_TRUE(document->triggerMenu("mnuFileSub", 1));
+  ASSERT_EQ(main.opened.size(), 1);
+  EXPECT_EQ(main.opened[0], qMakePair(PendingOpen::FileOpen, other));
+  replaceWith(Qt::green);
+  ASSERT_TRUE(changed());
+  desktop.expectOpen(other);
+  desktop.expect("Current picture not saved yet.  Proceed still?").answer(Answer::No);
+  EXPECT_TRUE(document->triggerMenu("mnuFileSub", 2));
+  EXPECT_EQ(picture().size(), (Size{4, 3}));
+  main.state.options.sdiOnly = true;
+  desktop.expectOpen(other);
+  desktop.expect("Proceed still?").answer(Answer::Yes);
+  document->Do_cmdFileOpenClick();
+  EXPECT_EQ(picture().size(), (Size{9, 9}));
+  EXPECT_FALSE(changed());
+  EXPECT_EQ(main.opened.size(), 1);
+}
+
+TEST_F(DocumentOpen, ADroppedFileOpensOnceTheDragIsOver) {
+  openPlain();
+  Q_EMIT document->canvas()->doLoadFileByDragDrop("/x/dropped.png");
+  EXPECT_TRUE(main.opened.isEmpty());
+  QApplication::processEvents();
+  ASSERT_EQ(main.opened.size(), 1);
+  EXPECT_EQ(main.opened[0], qMakePair(PendingOpen::FileOpen, QString("/x/dropped.png")));
+}
+
+}  // namespace
+}  // namespace ruvo

@@ -1,0 +1,203 @@
+#include <sys/stat.h>
+
+#include "document/frmRuvoSizeOfNew.h"
+#include "document/model/picture_loading.h"
+#include "document_fixture.h"
+
+namespace ruvo {
+namespace {
+
+using desktop::Answer;
+using test::DocumentTest;
+
+class DocumentSave : public DocumentTest {
+ protected:
+  // Opens a picture of many colours and edits it, so that there is something to lose.
+  void openColourful() {
+    QImage image(40, 30, QImage::Format_RGB32);
+    for (int y = 0; y < 30; ++y) {
+      for (int x = 0; x < 40; ++x) image.setPixelColor(x, y, QColor(x * 6, y * 8, (x + y) * 3));
+    }
+    ASSERT_TRUE(open(write("colourful.bmp", image)));
+    document->Do_mnuRotateSubClick(0);
+    ASSERT_TRUE(changed());
+    ASSERT_TRUE(main.buttons.undo);
+  }
+  void expectSaved(const QString& file) {
+    EXPECT_FALSE(changed());
+    EXPECT_FALSE(main.buttons.undo);
+    EXPECT_EQ(undoFiles().size(), 1u);
+    EXPECT_EQ(main.wholeTitle, file);
+    EXPECT_EQ(main.history.last(), file);
+    EXPECT_EQ(main.tools.tool, 18);
+  }
+  void expectNothingLost() {
+    EXPECT_TRUE(changed());
+    EXPECT_TRUE(main.buttons.undo);
+    EXPECT_EQ(undoFiles().size(), 2u);
+    EXPECT_EQ(main.history.size(), 1);
+    EXPECT_EQ(clsDIB::BPPperActualDIB(picture()), 24);
+  }
+};
+
+struct SaveCase {
+  const char* control;
+  int index;
+  const char* name;
+  const char* proposed;
+  int tolerance;
+};
+
+TEST_F(DocumentSave, EachFormatComesBackAsItWas) {
+  const SaveCase cases[] = {
+      {"mnuFileSaveBMPSub", 0, "out.bmp", "colourful.bmp", 0},
+      {"mnuFileSavePNGSub", 0, "out.png", "colourful.png", 0},
+      {"mnuFileSub", 11, "out.tif", "colourful.tif", 0},
+      {"mnuFileSaveJPGSub", 4, "out95.jpg", "colourful.jpg", 40},
+      {"mnuFileSaveJPGSub", 0, "out55.jpg", "colourful.jpg", 90},
+  };
+  for (const SaveCase& c : cases) {
+    newWindow();
+    openColourful();
+    const QString file = path(c.name);
+    desktop.expectSave(file, c.proposed);
+    EXPECT_TRUE(document->triggerMenu(c.control, c.index));
+    expectSaved(file);
+    const LoadedPicture back = loadPicture(file.toStdString());
+    ASSERT_EQ(back.fault, OpenFault::None) << c.name;
+    ASSERT_EQ(back.dib.size(), (Size{40, 30}));
+    int worst = 0;
+    for (int y = 0; y < 30; ++y) {
+      const auto* saved = reinterpret_cast<const Pixel32*>(back.dib.surface().pictureRow(y));
+      const auto* shown = reinterpret_cast<const Pixel32*>(picture().surface().pictureRow(y));
+      for (int x = 0; x < 40; ++x) worst = std::max(worst, std::abs(saved[x].red - shown[x].red));
+    }
+    EXPECT_LE(worst, c.tolerance) << c.name;
+  }
+  EXPECT_LT(QFileInfo(path("out55.jpg")).size(), QFileInfo(path("out95.jpg")).size());
+}
+
+TEST_F(DocumentSave, FewColoursAreSavedExactlyAtTheirDepth) {
+  QImage image = plain(8, 4, Qt::black);
+  ASSERT_TRUE(open(write("black.bmp", image)));
+  desktop.expectSave(path("one.bmp"));
+  EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 0));
+  QImage back(path("one.bmp"));
+  EXPECT_EQ(back.depth(), 1);
+  EXPECT_EQ(back.pixelColor(3, 3), QColor(Qt::black));
+  for (int x = 0; x < 8; ++x) image.setPixelColor(x, 0, QColor(x * 20, x, 255));
+  ASSERT_TRUE(document->LoadOpenFile(write("few.bmp", image), 3, false));
+  desktop.expectSave(path("eight.bmp"));
+  EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 0));
+  back = QImage(path("eight.bmp"));
+  EXPECT_EQ(back.depth(), 8);
+  EXPECT_EQ(back.pixelColor(7, 0), QColor(140, 7, 255));
+}
+
+TEST_F(DocumentSave, ConvertingTo8BitsStaysOnTheCanvasOnlyAfterSuccess) {
+  openColourful();
+  desktop.expectSave(path("no/such/folder.bmp"));
+  desktop.expect("Failed to save this file.");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 2));
+  expectNothingLost();
+  desktop.expectSave(path("eight.bmp"));
+  EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 2));
+  expectSaved(path("eight.bmp"));
+  EXPECT_EQ(clsDIB::BPPperActualDIB(picture()), 8);
+  EXPECT_EQ(QImage(path("eight.bmp")).depth(), 8);
+  const QString first = colourAt(11, 7);
+  document->Do_mnuRotateSubClick(0);
+  document->mnuEditUndo_Click();
+  EXPECT_EQ(colourAt(11, 7), first) << "the first state is what was saved";
+}
+
+TEST_F(DocumentSave, CancelledRefusedAndFailedSavesLoseNothing) {
+  openColourful();
+  desktop.expectSave("");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSavePNGSub", 0));
+  expectNothingLost();
+  const QString old = writeBytes("old.png", "old");
+  ASSERT_EQ(::chmod(old.toStdString().c_str(), 0444), 0);
+  desktop.expectSave(old);
+  desktop.expect("File is read only.");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSavePNGSub", 0));
+  expectNothingLost();
+  EXPECT_EQ(QFileInfo(old).size(), 3);
+  std::filesystem::create_directory(folder / "taken.tif");
+  desktop.expectSave(path("taken.tif"));
+  desktop.expect("Failed to save this file.");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSub", 11));
+  expectNothingLost();
+  main.state.gdiPlusUsable = false;
+  desktop.expect("GDIplus.dll not found.  Please select to save with Options Panel.");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSavePNGSub", 1));
+  EXPECT_TRUE(document->triggerMenu("mnuFileSub", 11));
+  EXPECT_TRUE(main.calls.contains("gdiPlusMissingMessage()"));
+  expectNothingLost();
+}
+
+TEST_F(DocumentSave, PlainSaveUsesTheRecordsOwnFormat) {
+  ASSERT_TRUE(open(write("photo.jpg", plain(8, 8, Qt::blue))));
+  desktop.expectSave(path("again.jpg"), "photo.jpg");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSub", 6));
+  EXPECT_EQ(QImageReader::imageFormat(path("again.jpg")), "jpeg");
+}
+
+TEST_F(DocumentSave, TheViewModeSavesWhatItShows) {
+  openPlain("small.bmp");
+  main.tools.viewMode = true;
+  document->Do_UpdateModeChange();
+  main.tools.zoomScale = 2;
+  document->Do_zoomScaleChanged();
+  desktop.expectSave(path("twice.bmp"));
+  EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 0));
+  EXPECT_EQ(QImage(path("twice.bmp")).size(), QSize(8, 6));
+  EXPECT_EQ(picture().size(), (Size{4, 3})) << "the picture keeps its size";
+  ASSERT_TRUE(document->LoadOpenFile(write("large.bmp", plain(3000, 3000, Qt::red)), 3, false));
+  desktop.expect("Width x height exceeds the threshhold set (25,000,000 pixels)");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 0));
+}
+
+TEST_F(DocumentSave, ClosingAsksOnlyForUnsavedWork) {
+  openColourful();
+  desktop.expect("Current picture not saved yet.  Proceed still?").answer(Answer::No);
+  EXPECT_FALSE(document->close());
+  EXPECT_EQ(undoFiles().size(), 2u);
+  desktop.expect("Proceed still?").answer(Answer::Yes);
+  EXPECT_TRUE(document->close());
+  EXPECT_TRUE(undoFiles().empty());
+  EXPECT_TRUE(main.calls.contains("releaseDocument"));
+  EXPECT_TRUE(main.calls.contains("MDI_disableAllButtonsOnToolBar"));
+  EXPECT_EQ(main.panels[kPanelNetSize], "");
+  main.documents = 1;
+  newWindow();
+  openColourful();
+  main.state.closingConfirmed = true;
+  EXPECT_TRUE(document->close()) << "already agreed to";
+}
+
+TEST_F(DocumentSave, NewReusesTheOnlyWindowAfterTheQuestion) {
+  openColourful();
+  const auto answerDialog = [] {
+    QTimer::singleShot(0, [] {
+      auto* dialog = qobject_cast<frmRuvoSizeOfNew*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      EXPECT_EQ(dialog->chosenSize(), (Size{40, 30})) << "offers the size of the picture";
+      dialog->accept();
+    });
+  };
+  answerDialog();
+  document->Do_cmdFileNewClick();
+  ASSERT_EQ(main.opened.size(), 1);
+  EXPECT_EQ(main.opened[0].first, PendingOpen::New);
+  main.state.options.sdiOnly = true;
+  answerDialog();
+  desktop.expect("Current picture not saved yet.  Proceed still?").answer(Answer::Yes);
+  document->Do_cmdFileNewClick();
+  EXPECT_EQ(main.title, "Untitled_0");
+  EXPECT_EQ(colourAt(5, 5), "#ffffff");
+  EXPECT_FALSE(changed());
+}
+
+}  // namespace
+}  // namespace ruvo

@@ -1,0 +1,96 @@
+// A main window for document tests: plain state to set, and a record of what the document told it.
+#pragma once
+
+#include <QMap>
+#include <QWidget>
+
+#include "document/main_window_link.h"
+
+namespace ruvo::test {
+
+class FakeMainWindow : public MainWindowLink {
+ public:
+  SessionState state;
+  ToolboxState tools;
+  int documents = 1;
+
+  QMap<int, QString> panels;
+  QString title;
+  QString wholeTitle;
+  EditButtonState buttons;
+  bool zoomIn = false;
+  bool zoomOut = false;
+  bool corners = false;
+  QStringList history;                        // as added, newest last
+  QList<QPair<PendingOpen, QString>> opened;  // windows asked for
+  QStringList calls;                          // everything else, "name" or "name(argument)"
+  QMap<QString, QString> folders;
+  Colour picked = 0;
+  bool pickedSecond = false;
+
+  SessionState& session() override { return state; }
+  ToolboxState toolbox() const override { return tools; }
+  QWidget* window() override { return nullptr; }
+
+  void openDocument(PendingOpen command, const QString& file) override { opened << qMakePair(command, file); }
+  int documentCount() const override { return documents; }
+  void setDocumentChanged(int slot, bool changed) override { state.documents.at(slot).changed = changed; }
+  void releaseDocument(frmRuvoPaint*) override {
+    calls << "releaseDocument";
+    --documents;
+  }
+  void closeAllDocuments() override { calls << "closeAllDocuments"; }
+  void setDocumentCaption(frmRuvoPaint*, const QString& shortened, const QString& wholePath) override {
+    title = shortened;
+    wholeTitle = wholePath;
+  }
+
+  void setStatusPanel(int panel, const QString& text) override { panels[panel] = text; }
+  void setProgress(int percent) override { calls << QString("setProgress(%1)").arg(percent); }
+  void endProgress() override { calls << "endProgress"; }
+  void setEditButtons(const EditButtonState& now) override { buttons = now; }
+  void setZoomButtons(bool in, bool out, bool) override {
+    zoomIn = in;
+    zoomOut = out;
+  }
+  void setScrollButtons(bool shown, bool) override { corners = shown; }
+  void setGlassEnabled(bool) override {}
+  void MDI_disableAllButtonsOnToolBar() override { calls << "MDI_disableAllButtonsOnToolBar"; }
+  void setMagnify(int magnify) override { tools.magnify = magnify; }
+  void setZoomScale(int scale) override { tools.zoomScale = scale; }
+  void setFitIn(bool checked) override { tools.fitIn = checked; }
+
+  void selectTool(int index) override { tools.tool = index; }
+  void FlatAllToolsImages() override {
+    tools.tool = 18;
+    calls << "FlatAllToolsImages";
+  }
+  void SetOptionFrame(int) override {}
+  void colorPicked(Colour colour, bool second) override {
+    picked = colour;
+    pickedSecond = second;
+  }
+  void showCustomPictures() override { calls << "showCustomPictures"; }
+
+  void unloadToolWindows(bool spareBrowser) override { calls << QString("unloadToolWindows(%1)").arg(spareBrowser); }
+  void addToFileHistory(const QString& path) override { history << path; }
+  void openFromHistory(int index) override { calls << QString("openFromHistory(%1)").arg(index); }
+  void ramReminder() override { calls << "ramReminder"; }
+  void gdiPlusMissingMessage(const QString& prefix) override {
+    calls << QString("gdiPlusMissingMessage(%1)").arg(prefix);
+  }
+  QString lastFolder(const QString& key) const override { return folders.value(key); }
+  void setLastFolder(const QString& key, const QString& folder) override { folders[key] = folder; }
+
+  void mnuOptionsSub_Click(int index) override {
+    calls << QString("mnuOptionsSub(%1)").arg(index);
+    if (index == 1) state.options.sdiOnly = !state.options.sdiOnly;
+  }
+  void mnuSubMonitorRAM_Click(int index) override { state.options.watchRam = index; }
+  void mnuOptionsSessionOnlySub_Click(int) override { state.options.axisLines = !state.options.axisLines; }
+  void mnuFileExit_Click() override { calls << "mnuFileExit"; }
+  void mnuHelpSub_Click(int index) override { calls << QString("mnuHelpSub(%1)").arg(index); }
+  void arrangeWindows(int index) override { calls << QString("arrangeWindows(%1)").arg(index); }
+};
+
+}  // namespace ruvo::test
