@@ -1,0 +1,189 @@
+// Toolbox, option frames, brush size and colours, with no document: the controls only keep the state.
+#include "canvas/ucCanvas.h"
+#include "shell/main_window_fixture.h"
+
+namespace ruvo::test {
+namespace {
+
+using Tools = MainWindowTest;
+
+QStringList itemsOf(const QComboBox& box) {
+  QStringList items;
+  for (int i = 0; i < box.count(); ++i) items << box.itemText(i);
+  return items;
+}
+
+TEST_F(Tools, ClickMovesTheBorderAndShowsTheToolsFrame) {
+  for (int tool = 0; tool < 19; ++tool) {
+    window->selectTool(tool);
+    EXPECT_EQ(window->toolbox().tool, tool);
+    for (int frame = 0; frame < 10; ++frame)
+      EXPECT_EQ(!control<QWidget>(QString("fraOption(%1)").arg(frame)).isHidden(),
+                frame == kToolOptionFrame[static_cast<std::size_t>(tool)])
+          << "tool " << tool << " frame " << frame;
+    int borders = 0;
+    for (int i = 0; i < 19; ++i) borders += control(QString("imgTools(%1)").arg(i)).isChecked() ? 1 : 0;
+    EXPECT_EQ(borders, 1);
+    EXPECT_EQ(control(QString("imgTools(%1)").arg(tool)).isEnabled(), toolAvailable(tool));
+  }
+  click("imgTools(2)");
+  EXPECT_EQ(window->toolbox().tool, 2);
+  click("imgTools(2)");  // a second click on the chosen tool does not let it go
+  EXPECT_EQ(window->toolbox().tool, 2);
+  click("imgTools(18)");
+  EXPECT_EQ(window->toolbox().tool, 18);
+}
+
+TEST_F(Tools, CombosHoldTheirItemsAndFirstSelections) {
+  struct Row {
+    const char* name;
+    int count;
+    const char* first;
+    const char* last;
+    int selected;
+  };
+  for (const Row& row : {Row{"cboMagnify", 8, "1", "8", 0}, Row{"cboGlass", 7, "2", "8", 0},
+                         Row{"cboBrushSize", 20, "1  ", "20  ", 2},
+                         Row{"cboPaintBrushTranslucencyPercent", 17, "100", "20", 0},
+                         Row{"cboSprayDensity", 3, "Low", "High", 1},
+                         Row{"cboSprayTranslucencyPercent", 17, "100", "20", 0},
+                         Row{"cboCustomBrushShape", 2, "As Oval", "Rectangle", 0},
+                         Row{"cboCustomBrushApplyManner", 2, "Normal", "Overlap", 0},
+                         Row{"cboPolygonOperationType", 9, " 1.    Outline", " 9.    3 & Crop", 0},
+                         Row{"cboPolygonSetting(0)", 6, "3", "8", 3}, Row{"cboPolygonSetting(1)", 186, "15", "200", 35},
+                         Row{"cboPolygonSetting(2)", 9, "1", "0.2", 0}, Row{"cboPolygonSetting(3)", 361, "0", "360", 0},
+                         Row{"cboStampStyle", 3, "Stamp Original", "Texture Engrave", 0}}) {
+    const QStringList items = itemsOf(control<QComboBox>(row.name));
+    ASSERT_EQ(items.size(), row.count) << row.name;
+    EXPECT_EQ(items.first(), row.first) << row.name;
+    EXPECT_EQ(items.last(), row.last) << row.name;
+    EXPECT_EQ(control<QComboBox>(row.name).currentIndex(), row.selected) << row.name;
+  }
+  EXPECT_EQ(itemsOf(control<QComboBox>("cboPolygonSetting(2)"))[1], "0.9");
+  const ToolboxState state = window->toolbox();
+  EXPECT_EQ(state.polygonNumPoints, 6);
+  EXPECT_EQ(state.polygonRadius, 50);
+  EXPECT_FLOAT_EQ(state.polygonConcaveFactor, 1);
+  EXPECT_EQ(state.glassFactor, 2);
+}
+
+TEST_F(Tools, OptionsAreNamedAfterWhatTheyDraw) {
+  EXPECT_EQ(control("optBrushStyle(4)").toolTip(), "Backward diagonal brush");
+  EXPECT_EQ(control("optBrushStyle(5)").toolTip(), "Forward diagonal brush");
+  EXPECT_EQ(control("optLineType(0)").toolTip(), "Solid  non-square brush");
+  EXPECT_EQ(control("optLineType(1)").toolTip(), "Solid  square brush");
+  EXPECT_TRUE(control("optLineType(7)").toolTip().endsWith("(Auto antialiasing if brush is 2)"));
+}
+
+TEST_F(Tools, PictureOfAnOptionChoosesItAsTheOptionDoes) {
+  click("optBrushStyle(2)");
+  EXPECT_EQ(window->toolbox().brushStyle, 2);
+  mouse(control<QWidget>("imgBrushStyle(6)"), Qt::LeftButton);
+  EXPECT_EQ(window->toolbox().brushStyle, 6);
+  EXPECT_FALSE(control("optBrushStyle(2)").isChecked());
+}
+
+TEST_F(Tools, CustomBrushAndPatternNeedAPicture) {
+  desktop.expect("No custom brush loaded yet.");
+  click("optBrushStyle(8)");
+  EXPECT_EQ(window->toolbox().brushStyle, 0);
+  desktop.expect("No custom Pattern loaded yet.");
+  click("optFillPattern(9)");
+  EXPECT_EQ(window->toolbox().fillPattern, 0);
+  EXPECT_TRUE(desktop.messages[1].endsWith("(To load a custom Pattern, click the Button)."));
+
+  // Loaded in one document, every document has it.
+  openNew().canvas()->DIBCustomBrush().CreateBlankDIB(4, 4, 32, kBlack);
+  window->showCustomPictures();
+  click("optBrushStyle(8)");
+  EXPECT_EQ(window->toolbox().brushStyle, 8);
+  EXPECT_TRUE(openNew().canvas()->CustomBrushPresent());
+}
+
+TEST_F(Tools, TextureWeightIsShownWithATextureOnly) {
+  QWidget& weight = control<QWidget>("cboStampTextureWeight");
+  window->SetOptionFrame(7);
+  EXPECT_FALSE(weight.isVisible());
+  control<QComboBox>("cboStampStyle").setCurrentIndex(1);
+  EXPECT_TRUE(weight.isVisible());
+}
+
+TEST_F(Tools, BrushSizeStepsBetweenOneAndTwenty) {
+  QComboBox& size = control<QComboBox>("cboBrushSize");
+  for (int i = 0; i < 25; ++i) click("cmdAdjBrushSize(0)");
+  EXPECT_EQ(window->toolbox().brushSize, 20);
+  EXPECT_FALSE(control("cmdAdjBrushSize(0)").isEnabled());
+  for (int i = 0; i < 25; ++i) click("cmdAdjBrushSize(1)");
+  EXPECT_EQ(size.currentIndex(), 0);
+  EXPECT_FALSE(control("cmdAdjBrushSize(1)").isEnabled());
+  EXPECT_TRUE(control("cmdAdjBrushSize(0)").isEnabled());
+
+  frmRuvoPaint& document = openNew();
+  click("cmdAdjBrushSize(0)");
+  EXPECT_EQ(document.canvas()->settings().BrushSize, 2);
+}
+
+TEST_F(Tools, AntialiasedLineHasItsOwnBrushSizeWhileChosen) {
+  QComboBox& size = control<QComboBox>("cboBrushSize");
+  size.setCurrentIndex(9);
+  window->selectTool(4);
+  click("optLineType(8)");
+  EXPECT_EQ(window->toolbox().brushSize, 2);
+  EXPECT_FALSE(size.isEnabled());
+  EXPECT_FALSE(control("cmdAdjBrushSize(0)").isEnabled());
+  window->selectTool(0);
+  EXPECT_EQ(window->toolbox().brushSize, 10);
+  window->selectTool(4);
+  click("optLineType(7)");
+  EXPECT_EQ(window->toolbox().brushSize, 10);
+  EXPECT_TRUE(size.isEnabled());
+}
+
+TEST_F(Tools, ColoursSwapByArrowAndRightClick) {
+  window->colorPicked(rgb(10, 20, 30), false);
+  window->colorPicked(rgb(200, 100, 50), true);
+  frmRuvoPaint& document = openNew();
+  click("imgSwapColor");
+  EXPECT_EQ(window->toolbox().firstColor, rgb(200, 100, 50));
+  EXPECT_EQ(document.canvas()->settings().ColorToUse, rgb(200, 100, 50));
+  mouse(control<QWidget>("picColorToUse(1)"), Qt::RightButton);
+  EXPECT_EQ(window->toolbox().firstColor, rgb(10, 20, 30));
+  EXPECT_EQ(window->toolbox().secondColor, rgb(200, 100, 50));
+  // The second colour is the main window's alone; the canvas keeps painting with the first.
+  EXPECT_EQ(document.canvas()->settings().ColorToUse, rgb(10, 20, 30));
+  mouse(control<QWidget>("picColorToUse(2)"), Qt::RightButton);
+  EXPECT_EQ(window->toolbox().bezierFillColor, rgb(10, 20, 30));
+  EXPECT_EQ(document.canvas()->settings().BezierFillColor, rgb(10, 20, 30));
+}
+
+TEST_F(Tools, LeftClickTellsTheColoursValues) {
+  window->colorPicked(rgb(255, 128, 0), false);
+  desktop.expect("RGB ( 255,  128,  0 )");
+  mouse(control<QWidget>("picColorToUse(0)"), Qt::LeftButton);
+  EXPECT_TRUE(desktop.messages[0].contains("HLS:     H = 30   L = 50   S = 100"));
+  EXPECT_TRUE(desktop.messages[0].contains("CMYK:   C = 0   M = 50   Y = 100   K = 0"));
+  EXPECT_TRUE(desktop.messages[0].endsWith("HTML   #FF8000"));
+}
+
+TEST_F(Tools, PalettesAndChartColourTheBoxTheyStandBeside) {
+  click("cmdPaletteWebSafe(1)");
+  QWidget* palette = QApplication::activePopupWidget();
+  ASSERT_NE(palette, nullptr);
+  QMouseEvent press(QEvent::MouseButtonPress, QPointF(14, 38), palette->mapToGlobal(QPointF(14, 38)), Qt::LeftButton,
+                    Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(palette, &press);
+  EXPECT_EQ(window->toolbox().secondColor, kBlack);
+  EXPECT_EQ(window->toolbox().firstColor, kBlack);
+
+  click("cmdColorChart(0)");
+  auto* html = window->findChild<QLineEdit*>("txbHTML");
+  ASSERT_NE(html, nullptr);
+  html->setText("336699");
+  Q_EMIT html->editingFinished();
+  EXPECT_EQ(window->toolbox().firstColor, rgb(0x33, 0x66, 0x99));
+  window->colorPicked(rgb(1, 2, 3), false);
+  EXPECT_EQ(html->text(), "010203");
+}
+
+}  // namespace
+}  // namespace ruvo::test
