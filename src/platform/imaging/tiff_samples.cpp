@@ -1,6 +1,7 @@
 #include "platform/imaging/tiff_samples.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstring>
 
@@ -66,12 +67,18 @@ void greyToPixels(const std::uint8_t* s, int step, int flip, Pixel32* out, int w
   }
 }
 
+// Pixels of three or more samples read with one load of four bytes, which the last pixel of a row must not do.
 void rgbToPixels(const std::uint8_t* s, int step, Pixel32* out, int width) {
-  if (step == 3) {
-    for (int x = 0; x < width; ++x) out[x] = {s[3 * x + 2], s[3 * x + 1], s[3 * x], 0};
-  } else {
-    for (int x = 0; x < width; ++x, s += step) out[x] = {s[2], s[1], s[0], 0};
+  int x = 0;
+  if constexpr (std::endian::native == std::endian::little) {
+    for (; x < width - 1; ++x, s += step) {
+      std::uint32_t v = 0;
+      std::memcpy(&v, s, 4);
+      v = __builtin_bswap32(v) >> 8;
+      std::memcpy(static_cast<void*>(out + x), &v, 4);
+    }
   }
+  for (; x < width; ++x, s += step) out[x] = {s[2], s[1], s[0], 0};
 }
 
 void inksToPixels(const std::uint8_t* s, int step, bool black, Pixel32* out, int width) {

@@ -1,9 +1,26 @@
 #include "platform/raster/surface.h"
 
+#include <sys/mman.h>
+
 #include <limits>
 #include <utility>
 
 namespace ruvo::raster {
+
+namespace {
+
+// A large surface is touched whole sooner or later: with large pages that costs a fraction of the page faults. Only a
+// hint, so its outcome does not matter.
+void adviseLargePages([[maybe_unused]] std::uint8_t* bits, [[maybe_unused]] std::size_t bytes) {
+#ifdef MADV_HUGEPAGE
+  constexpr std::size_t kPage = std::size_t{1} << 21;
+  if (bytes < 2 * kPage) return;
+  const std::size_t skipped = (kPage - reinterpret_cast<std::uintptr_t>(bits) % kPage) % kPage;
+  ::madvise(bits + skipped, (bytes - skipped) / kPage * kPage, MADV_HUGEPAGE);
+#endif
+}
+
+}  // namespace
 
 Surface& Surface::operator=(Surface&& other) noexcept {
   if (this == &other) return *this;
@@ -23,8 +40,10 @@ bool Surface::create(int width, int height, int depth, RowOrder order) {
   if (width < 1 || height < 1 || !depthKnown) return false;
   const std::int64_t stride = strideFor(width, depth);
   if (stride > std::numeric_limits<std::int32_t>::max() / height) return false;
-  bits_.reset(static_cast<std::uint8_t*>(std::calloc(static_cast<std::size_t>(stride), static_cast<std::size_t>(height))));
+  bits_.reset(
+      static_cast<std::uint8_t*>(std::calloc(static_cast<std::size_t>(stride), static_cast<std::size_t>(height))));
   if (!bits_) return false;
+  adviseLargePages(bits_.get(), static_cast<std::size_t>(stride) * static_cast<std::size_t>(height));
   width_ = width;
   height_ = height;
   depth_ = depth;
@@ -34,6 +53,8 @@ bool Surface::create(int width, int height, int depth, RowOrder order) {
   return true;
 }
 
-void Surface::clear() { *this = Surface(); }
+void Surface::clear() {
+  *this = Surface();
+}
 
 }  // namespace ruvo::raster
