@@ -12,10 +12,10 @@ enum class FloodMode {
 };
 enum class AlphaMatch { Ignore, Compare };
 
-// Fills the pixels that hang together with (x, y), by their four sides and inside the clip, using the context's brush
-// and ROP2. The set is found first and painted then, so a brush may hold the colour that is looked for. False with
-// nothing changed when the start is outside the clip or does not match. A null brush changes nothing and answers true. When
-// something was painted, `filled` takes the rectangle that holds it.
+// Fills the pixels that hang together with (x, y), by their four sides and inside the clip, using the context's brush and
+// ROP2. The set is found first and painted then, so a brush may hold the colour that is looked for. False with nothing
+// changed when the start is outside the clip or does not match. A null brush changes nothing and answers true.
+// `filled` takes the rectangle that holds all that was painted.
 //
 // At 32 bits only B, G and R are compared; with AlphaMatch::Compare a pixel is of the colour only when its byte 3 is 0.
 // Indexed surfaces compare indices: `colour` stands for its nearest entry. Besides two bits a pixel of the clip, memory

@@ -73,13 +73,8 @@ TEST(CustomBrush, touchedPixelsBecomeOpaque) {
   const Plus plus;
   clsDIB canvas = dibOf({"###"}, kInk);
   canvas.setDIBhasAlpha(true);
-  CustomBrushStroke(canvas, plus.picture, plus.mask, {}).press({1, 0});
+  CustomBrushStroke(canvas, plus.picture, plus.mask, {}).press({1, 1});
   const auto* row = reinterpret_cast<const Pixel32*>(canvas.surface().pictureRow(0));
-  EXPECT_EQ(row[1].alpha, 255);
-  clsDIB above = dibOf({"###"}, kInk);
-  above.setDIBhasAlpha(true);
-  CustomBrushStroke(above, plus.picture, plus.mask, {}).press({1, 1});
-  row = reinterpret_cast<const Pixel32*>(above.surface().pictureRow(0));
   EXPECT_EQ((std::vector<int>{row[0].alpha, row[1].alpha, row[2].alpha}), (std::vector<int>{0, 255, 0}));
 }
 
@@ -94,7 +89,7 @@ TEST(Stamp, originalIsLaidCentredWithTheHalfTruncated) {
 }
 
 TEST(Stamp, texturePressesTheReliefIntoWhatLiesUnder) {
-  // One dark dot in a flat grey stamp. Against its neighbour to the left and above, a difference d gives the relief
+  // One dark dot in a flat grey stamp. Against its neighbour to the left and canvas, a difference d gives the relief
   // 128 + d / 2 at weight 0.5; the ground 100 then becomes 100 + that - 128.
   const Ink ink = {{'o', rgb(200, 200, 200)}, {'d', rgb(100, 100, 100)}, {'#', kBlack},
                    {'=', rgb(100, 100, 100)}, {'-', rgb(50, 50, 50)},    {'+', rgb(150, 150, 150)}};

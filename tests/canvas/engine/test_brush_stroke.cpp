@@ -1,6 +1,7 @@
 #include "canvas/engine/brush_dab.h"
 #include "canvas/engine/stroke_start.h"
 #include "support/pictures.h"
+#include "support/steady_random.h"
 
 namespace ruvo::brush {
 namespace {
@@ -10,11 +11,6 @@ using test::Rows;
 using test::rowsOf;
 
 const test::Ink kGreys = {{'.', kWhite}, {'#', kBlack}, {'h', rgb(128, 128, 128)}, {'q', rgb(64, 64, 64)}};
-
-struct Always : RandomSource {
-  void reseed() override {}
-  double next() override { return 0.9; }
-};
 
 TEST(BrushStroke, translucentStrokeStaysEvenHoweverOftenItCrossesItself) {
   clsDIB dib = dibOf(Rows(7, ".........."));
@@ -37,7 +33,7 @@ TEST(BrushStroke, translucentStrokeStaysEvenHoweverOftenItCrossesItself) {
 
 TEST(BrushStroke, burstsBuildUp) {
   clsDIB dib = dibOf({"..."});
-  Always random;
+  test::SteadyRandom random(0.9);
   BrushStroke stroke;
   stroke.setRandomSource(&random);
   stroke.BrushStrokeBegin(dib, kBlack);
@@ -47,30 +43,23 @@ TEST(BrushStroke, burstsBuildUp) {
   EXPECT_PICTURE(rowsOf(dib, kGreys), {"qqq"});
 }
 
-TEST(BrushStroke, densityIsAThresholdOnBothNumbers) {
-  struct Alternating : RandomSource {
-    void reseed() override {}
-    double next() override { return (++count % 2) ? first : second; }
-    double first = 0, second = 0;
-    int count = 0;
+TEST(BrushStroke, densityIsAThresholdForTheRandomNumbers) {
+  struct Row {
+    int density;
+    double threshold;
   };
-  const auto sprayed = [](double first, double second, int density) {
+  for (const Row& row : {Row{0, 0.8}, Row{1, 0.6}, Row{2, 0.4}}) {
     clsDIB dib = dibOf({"."});
-    Alternating random;
-    random.first = first;
-    random.second = second;
+    test::SteadyRandom random(row.threshold);
     BrushStroke stroke;
     stroke.setRandomSource(&random);
     stroke.BrushStrokeBegin(dib, kBlack);
-    stroke.SprayBurst(0, 0, 1, 100, density);
-    return rowsOf(dib)[0] == "#";
-  };
-  EXPECT_FALSE(sprayed(0.8, 0.8, 0));
-  EXPECT_TRUE(sprayed(0.81, 0.81, 0));
-  EXPECT_FALSE(sprayed(0.61, 0.6, 1));
-  EXPECT_TRUE(sprayed(0.61, 0.61, 1));
-  EXPECT_FALSE(sprayed(0.4, 0.9, 2));
-  EXPECT_TRUE(sprayed(0.41, 0.41, 2));
+    stroke.SprayBurst(0, 0, 1, 100, row.density);
+    EXPECT_PICTURE(rowsOf(dib), {"."});
+    random.value += 0.01;
+    stroke.SprayBurst(0, 0, 1, 100, row.density);
+    EXPECT_PICTURE(rowsOf(dib), {"#"});
+  }
 }
 
 TEST(BrushStroke, walksDabsAtEachWholeDistance) {
