@@ -14,7 +14,6 @@ namespace ruvo {
 namespace {
 
 constexpr std::uint32_t kHeadersBytes = 14 + 40;
-constexpr std::size_t kChunkBytes = 256 * 1024;  // converted rows are written while they are still in the cache
 
 // Both headers for `table` bytes of colour table; `stated` is what the size field is to say.
 ByteWriter bmpHeaders(Size size, int depth, std::uint32_t table, std::uint32_t stated) {
@@ -32,25 +31,51 @@ ByteWriter bmpHeaders(Size size, int depth, std::uint32_t table, std::uint32_t s
   return out;
 }
 
-// The rows of a picture at 24 or 32 bits, bottom line first.
-void writeDeepRows(FileReplacement& file, const raster::Surface& surface, int depth) {
+// Gathers what goes to a file into blocks that begin at whole pages of it: parts of a page cost a file system about as
+// much as the page. A block is written while the cache still has it.
+class BlockWriter {
+ public:
+  BlockWriter(FileReplacement& file, std::size_t longestPart) : file_(file), buffer_(kBlock + longestPart) {}
+
+  // Room for the next part, of at most longestPart bytes, which took() then adds.
+  std::uint8_t* room() { return buffer_.data() + filled_; }
+  void took(std::size_t bytes) {
+    filled_ += bytes;
+    if (filled_ < kBlock) return;
+    file_.write(std::span(buffer_).first(kBlock));
+    filled_ -= kBlock;
+    std::memcpy(buffer_.data(), buffer_.data() + kBlock, filled_);
+  }
+  void finish() { file_.write(std::span(buffer_).first(filled_)); }
+
+ private:
+  static constexpr std::size_t kBlock = 256 * 1024;
+
+  FileReplacement& file_;
+  std::vector<std::uint8_t> buffer_;
+  std::size_t filled_ = 0;
+};
+
+// The headers, then the rows of a picture at 24 or 32 bits, bottom line first.
+void writeDeep(FileReplacement& file, const ByteWriter& headers, const raster::Surface& surface, int depth) {
   if (surface.depth() == depth && surface.order() == raster::RowOrder::BottomUp) {
+    file.write(headers.bytes());
     file.write(surface.bytes());
     return;
   }
   const auto stride = static_cast<std::size_t>(raster::strideFor(surface.width(), depth));
-  const std::size_t used = static_cast<std::size_t>(surface.width()) * (depth / 8);
-  const int rows = std::clamp(static_cast<int>(kChunkBytes / stride), 1, surface.height());
-  std::vector<std::uint8_t> chunk(stride * static_cast<std::size_t>(rows));  // its padding stays zero
+  const std::size_t used = static_cast<std::size_t>(surface.width()) * static_cast<std::size_t>(depth / 8);
+  BlockWriter blocks(file, std::max(stride, headers.size()));
+  std::copy(headers.bytes().begin(), headers.bytes().end(), blocks.room());
+  blocks.took(headers.size());
   RowReader reader(surface, depth);
-  for (int first = 0; first < surface.height() && file.ok(); first += rows) {
-    const int count = std::min(rows, surface.height() - first);
-    for (int i = 0; i < count; ++i) {
-      const int memoryRow = surface.memoryRowOf(surface.height() - 1 - first - i);
-      std::memcpy(chunk.data() + stride * static_cast<std::size_t>(i), reader.bytes(memoryRow), used);
-    }
-    file.write(std::span(chunk).first(stride * static_cast<std::size_t>(count)));
+  for (int y = surface.height() - 1; y >= 0 && file.ok(); --y) {
+    std::uint8_t* row = blocks.room();
+    reader.read(surface.memoryRowOf(y), row);
+    std::fill(row + used, row + stride, std::uint8_t{0});
+    blocks.took(stride);
   }
+  blocks.finish();
 }
 
 void writePackedRows(FileReplacement& file, const raster::Surface& surface, const clsPalDither& dither) {
@@ -79,8 +104,7 @@ bool clsDIB::Save_DIB_To_File(const std::filesystem::path& FileName, const clsDI
   const int depth = bpp_ == 32 && hasAlpha_ ? 32 : 24;
   const std::int64_t rows = raster::strideFor(Dib.DIBWidth(), depth) * Dib.DIBHeight();
   FileReplacement file(FileName);
-  file.write(bmpHeaders(Dib.size(), depth, 0, static_cast<std::uint32_t>(rows + 40)).bytes());
-  writeDeepRows(file, Dib.surface_, depth);
+  writeDeep(file, bmpHeaders(Dib.size(), depth, 0, static_cast<std::uint32_t>(rows + 40)), Dib.surface_, depth);
   return finish(file, reason);
 }
 
@@ -101,11 +125,11 @@ bool clsDIB::Save_DIB_To_File_Paletted(const std::filesystem::path& FileName, co
     head.u8(Pal.rgbR(i));
     head.u8(0);
   }
-  file.write(head.bytes());
   if (packed) {
+    file.write(head.bytes());
     writePackedRows(file, Dib.surface_, Dither);
   } else {
-    writeDeepRows(file, Dib.surface_, 24);
+    writeDeep(file, head, Dib.surface_, 24);
   }
   return finish(file, reason);
 }

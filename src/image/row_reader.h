@@ -20,19 +20,23 @@ class RowReader {
     if (!converter_.identity()) scratch_.resize(loose_.size() * raster::looseBytes(depth));
   }
 
+  // Copies the pixels of a memory row.
+  void read(int memoryRow, std::uint8_t* to) { converter_.convert(loose(memoryRow), to, surface_.width()); }
   // The pixels of a memory row, valid until the next call and while the surface is. Rows of the wanted depth are the
   // surface's own; byte 3 of converted ones is zero.
   const std::uint8_t* bytes(int memoryRow) {
-    const std::uint8_t* row =
-        raster::looseRow(surface_, surface_.memoryRowOf(memoryRow), 0, surface_.width(), loose_.data());
-    if (converter_.identity()) return row;
-    converter_.convert(row, scratch_.data(), surface_.width());
+    if (converter_.identity()) return loose(memoryRow);
+    read(memoryRow, scratch_.data());
     return scratch_.data();
   }
   // The same at 32 bits.
   const Pixel32* pixels(int memoryRow) { return reinterpret_cast<const Pixel32*>(bytes(memoryRow)); }
 
  private:
+  const std::uint8_t* loose(int memoryRow) {
+    return raster::looseRow(surface_, surface_.memoryRowOf(memoryRow), 0, surface_.width(), loose_.data());
+  }
+
   const raster::Surface& surface_;
   raster::RowConverter converter_;
   std::vector<std::uint8_t> loose_;

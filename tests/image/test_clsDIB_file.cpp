@@ -129,6 +129,27 @@ TEST(ClsDibFile, ATruncatedFileIsRefused) {
   EXPECT_FALSE(read.CreateDIBFromFile(folder / "missing.bmp"));
 }
 
+TEST(ClsDibFile, ThePictureLoaderGoesByTheExtension) {
+  const test::TempFolder folder;
+  const clsDIB dib = dibOf({"#.", "..", ".#"});
+  ASSERT_TRUE(dib.Save_DIB_To_File(folder / "a.bmp", dib));
+  clsDIB read;
+  ASSERT_TRUE(read.CreateDIBFromFile2(folder / "a.bmp", true, 16));
+  EXPECT_EQ(read.DIBbpp(), 32);
+  EXPECT_PICTURE(rowsOf(read), ({"#.", "..", ".#"}));
+  ASSERT_TRUE(read.CreateDIBFromFile2(folder / "a.bmp", false, 32));
+  EXPECT_PICTURE(rowsOf(read), ({".#", "..", "#."}));
+  ASSERT_TRUE(read.CreateDIBFromFile2(folder / "a.bmp", true, 24));
+  EXPECT_EQ(read.DIBbpp(), 24);
+  std::filesystem::copy_file(folder / "a.bmp", folder / "a.dib");
+  std::filesystem::copy_file(folder / "a.bmp", folder / "A.JPEG");  // the content decides what it is
+  EXPECT_TRUE(read.CreateDIBFromFile2(folder / "A.JPEG", true, 24));
+  EXPECT_FALSE(read.CreateDIBFromFile2(folder / "a.dib", true, 24));
+  EXPECT_TRUE(read.empty());
+  EXPECT_FALSE(read.CreateDIBFromFile2(".bmp", true, 24));
+  EXPECT_FALSE(read.CreateDIBFromFile2(folder / "none.bmp", true, 24));
+}
+
 TEST(ClsDibFile, EightBitsKeepFewColoursExactly) {
   const test::TempFolder folder;
   clsDIB greys, eight;

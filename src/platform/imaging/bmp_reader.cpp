@@ -16,7 +16,7 @@ namespace {
 using raster::strideFor;
 using raster::Surface;
 
-constexpr std::size_t kChunkBytes = 256 * 1024;  // stays in the second-level cache
+constexpr std::size_t kChunkBytes = 128 * 1024;  // stays in the cache between reading and converting
 
 // The bytes of a BMP, in memory or in a file.
 class Input {
