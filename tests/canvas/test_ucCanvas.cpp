@@ -1,0 +1,150 @@
+#include "canvas/ucCanvas.h"
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "support/pictures.h"
+
+namespace ruvo {
+namespace {
+
+struct ShownCanvas {
+  ucCanvas canvas;
+  QWidget* view = canvas.findChild<QWidget*>("picDisp");
+
+  ShownCanvas(int width, int height, int client = 200) {
+    canvas.resize(client, client);
+    canvas.show();
+    canvas.DIB().CreateBlankDIB(width, height, 32, kWhite);
+    canvas.setCanvasScreenMode(1);
+    canvas.CanvasResize();
+  }
+  QWidget* child(const char* name) { return canvas.findChild<QWidget*>(name); }
+  QScrollBar* bar(const char* name) { return canvas.findChild<QScrollBar*>(name); }
+  // The widget's point of an image pixel's middle.
+  QPoint at(int x, int y) {
+    int left = 0, top = 0, startX = 0, startY = 0;
+    canvas.GetPicdispStartPos(left, top);
+    canvas.GetVisibleStartInfo(startX, startY);
+    const int m = canvas.settings().Magnify;
+    return {left + (x - startX) * m + m / 2, top + (y - startY) * m + m / 2};
+  }
+  Pixel32 pixel(int x, int y) { return reinterpret_cast<const Pixel32*>(canvas.DIB().surface().pictureRow(y))[x]; }
+};
+
+TEST(UcCanvas, StartsBlankWithItsChildControls) {
+  ucCanvas canvas;
+  for (const char* name : {"picDisp", "HsbDisp", "VsbDisp", "picJunction", "picDrag(0)", "picDrag(3)",
+                           "picDragHorizontal", "picDragVertical", "picLoadingMsg"}) {
+    EXPECT_NE(canvas.findChild<QWidget*>(name), nullptr) << name;
+  }
+  EXPECT_EQ(canvas.CanvasOp(), 18);
+  EXPECT_FALSE(canvas.HasScrollBarVisible());
+}
+
+TEST(UcCanvas, PaintsByTheMouse) {
+  ShownCanvas shown(40, 40);
+  shown.canvas.settings().ColorToUse = rgb(200, 10, 20);
+  shown.canvas.settings().BrushSize = 1;
+  shown.canvas.settings().Magnify = 4;
+  shown.canvas.CanvasResize();
+  shown.canvas.setCanvasOp(0);
+  QSignalSpy undo(&shown.canvas, &ucCanvas::NotifyToPrepareUndo);
+  QTest::mousePress(shown.view, Qt::LeftButton, {}, shown.at(10, 10));
+  QTest::mouseMove(shown.view, shown.at(20, 10));
+  QTest::mouseRelease(shown.view, Qt::LeftButton, {}, shown.at(20, 10));
+  EXPECT_EQ(undo.count(), 1);
+  EXPECT_EQ(shown.pixel(15, 10).colour(), rgb(200, 10, 20));
+  EXPECT_EQ(shown.pixel(15, 11).colour(), kWhite);
+  const QImage screen = shown.view->grab().toImage();
+  EXPECT_EQ(screen.pixelColor(shown.at(20, 10)), QColor(200, 10, 20));
+  EXPECT_EQ(screen.pixelColor(shown.at(20, 12)), QColor(Qt::white));
+}
+
+TEST(UcCanvas, BarsWheelAndValuesMoveTheSameView) {
+  ShownCanvas shown(1000, 900);
+  QSignalSpy scrolled(&shown.canvas, &ucCanvas::NotifyScroll);
+  ASSERT_TRUE(shown.bar("HsbDisp")->isVisible() && shown.bar("VsbDisp")->isVisible());
+  EXPECT_TRUE(shown.child("picJunction")->isVisible());
+  shown.bar("HsbDisp")->setValue(120);
+  int x = 0, y = 0, maxX = 0, maxY = 0;
+  shown.canvas.GetScrollValues(x, y);
+  EXPECT_EQ(x, 120);
+  EXPECT_EQ(scrolled.count(), 1);
+  shown.canvas.GetScrollMaxInfo(maxX, maxY);
+  shown.canvas.SetScrollValues(5000, 5000);
+  EXPECT_EQ(shown.bar("HsbDisp")->value(), maxX);
+  EXPECT_EQ(shown.bar("VsbDisp")->value(), maxY);
+  EXPECT_EQ(scrolled.count(), 2);
+
+  const auto wheel = [&](Qt::KeyboardModifiers keys) {
+    QWheelEvent event(QPointF(50, 50), shown.view->mapToGlobal(QPointF(50, 50)), {}, {0, 120}, {}, keys,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(shown.view, &event);
+  };
+  wheel({});
+  shown.canvas.GetScrollValues(x, y);
+  EXPECT_EQ(x, maxX);
+  EXPECT_LT(y, maxY);
+  wheel(Qt::ShiftModifier);
+  shown.canvas.GetScrollValues(x, y);
+  EXPECT_LT(x, maxX);
+  QSignalSpy zoom(&shown.canvas, &ucCanvas::zoomRequested);
+  wheel(Qt::ControlModifier);
+  ASSERT_EQ(zoom.count(), 1);
+  EXPECT_EQ(zoom[0][0].toInt(), 1);
+}
+
+TEST(UcCanvas, AnEdgeIsDraggedByItsHandle) {
+  ShownCanvas shown(40, 40);
+  QWidget* handle = shown.child("picDrag(1)");
+  ASSERT_TRUE(handle->isVisible());
+  QSignalSpy resized(&shown.canvas, &ucCanvas::NotifyDragResize);
+  QTest::mousePress(handle, Qt::LeftButton, {}, QPoint(3, 3));
+  const QPoint to = handle->mapToGlobal(QPoint(3, 3)) + QPoint(10, 0);
+  QTest::mouseMove(handle, handle->mapFromGlobal(to));
+  EXPECT_TRUE(shown.child("picDragVertical")->isVisible());
+  QTest::mouseRelease(handle, Qt::LeftButton, {}, handle->mapFromGlobal(to));
+  EXPECT_FALSE(shown.child("picDragVertical")->isVisible());
+  ASSERT_EQ(resized.count(), 1);
+  EXPECT_TRUE(resized[0][0].toBool());
+  EXPECT_EQ(shown.canvas.DIB().size(), (Size{50, 40}));
+}
+
+TEST(UcCanvas, TakesDroppedFilesOfAllowedKindsOnly) {
+  ShownCanvas shown(40, 40);
+  shown.canvas.settings().FileExtAllowed = "bmp/png";
+  QSignalSpy dropped(&shown.canvas, &ucCanvas::doLoadFileByDragDrop);
+  const auto drop = [&](const QString& path) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(shown.view, &enter);
+    QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    if (enter.isAccepted()) QCoreApplication::sendEvent(shown.view, &event);
+    return enter.isAccepted();
+  };
+  EXPECT_FALSE(drop("/pictures/notes.txt"));
+  EXPECT_TRUE(drop(QString::fromUtf8("/pictures/blüte.PNG")));
+  ASSERT_EQ(dropped.count(), 1);
+  EXPECT_EQ(dropped[0][0].toString(), QString::fromUtf8("/pictures/blüte.PNG"));
+}
+
+TEST(UcCanvas, TheViewFollowsTheWindowsSize) {
+  ShownCanvas shown(150, 150);
+  EXPECT_FALSE(shown.canvas.HasScrollBarVisible());
+  shown.canvas.resize(100, 100);
+  EXPECT_TRUE(shown.canvas.HasScrollBarVisible());
+  shown.canvas.settings().FitInView = true;
+  shown.canvas.CanvasResize();
+  int width = 0, height = 0;
+  shown.canvas.GetCurrentGrossImageSize(width, height);
+  EXPECT_EQ(width, 98);
+  EXPECT_FALSE(shown.bar("HsbDisp")->isVisible());
+}
+
+}  // namespace
+}  // namespace ruvo
