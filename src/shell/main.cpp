@@ -1,6 +1,67 @@
-#include <QApplication>
+// The process: its command line, its application object, and `Sub Main`.
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+#include <vector>
+
+#include "shell/basRuvoMain.h"
+#include "shell/frmRuvoAbout.h"
+#include "shell/ruvo_application.h"
+#include "shell/theme.h"
+
+namespace {
+
+bool isSet(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value && *value;
+}
+
+// Whether there is anything to show windows on.
+bool hasDisplay(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view argument = argv[i];
+    if (argument.starts_with("-platform") || argument.starts_with("--platform") || argument == "-display") return true;
+  }
+  return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM");
+}
+
+// `words` are those after the program's name.
+ruvo::ProgramArguments parsed(int argc, char** argv) {
+  const std::vector<std::string> words(argv + 1, argv + argc);
+  return ruvo::parseCommandLine(words);
+}
+
+// A question about the program, which needs no window.
+bool answered(const ruvo::ProgramArguments& arguments) {
+  if (arguments.help) {
+    std::fputs(std::string(ruvo::helpText()).c_str(), stdout);
+  } else if (arguments.version) {
+    std::printf("ruvopaint %s\n", ruvo::programVersion());
+  }
+  return arguments.help || arguments.version;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
-  return 0;
+  if (argc < 1) return 2;
+  const ruvo::ProgramArguments first = parsed(argc, argv);
+  if (answered(first)) return 0;
+  if (!hasDisplay(argc, argv)) {
+    if (!first.alone()) {
+      std::fputs("ruvopaint: there is no display to open a window on\n", stderr);
+      return 1;
+    }
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  }
+  // Takes the toolkit's own options out of the words.
+  ruvo::RuvoApplication application(argc, argv);
+  const ruvo::ProgramArguments arguments = parsed(argc, argv);
+  if (answered(arguments)) return 0;
+  if (!arguments.error.empty()) {
+    std::fprintf(stderr, "ruvopaint: %s (see --help)\n", arguments.error.c_str());
+    return 2;
+  }
+  ruvo::theme::apply(application);
+  return ruvo::basRuvoMain(arguments).run();
 }
