@@ -174,6 +174,8 @@ void basRuvoMain::openMainWindow() {
   retry_->setInterval(kRetry);
   QObject::connect(retry_.get(), &QTimer::timeout, retry_.get(), [this] { runWaiting(); });
   window_->show();
+  // The file's window takes its size from what is free in the shown main window.
+  QCoreApplication::processEvents();
   opener_->push(startFile_);
   runWaiting();
   std::error_code ignored;
