@@ -77,7 +77,8 @@ class SecondProgram : public testing::Test {
   SecondProgram() {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, text(temp_.path()));
     ::setenv("TMPDIR", temp_.path().c_str(), 1);
-    first_ = std::make_unique<desktop::SingleInstance>(store_, text(temp_.path()));
+    store_ = std::make_unique<desktop::PerUserStore>();
+    first_ = std::make_unique<desktop::SingleInstance>(*store_, text(temp_.path()));
     EXPECT_EQ(first_->claim(), desktop::SingleInstance::Role::First);
     QObject::connect(first_.get(), &desktop::SingleInstance::received,
                      [this](const QString& path) { received_ << path; });
@@ -92,7 +93,7 @@ class SecondProgram : public testing::Test {
   }
 
   test::TempFolder temp_;
-  desktop::PerUserStore store_;
+  std::unique_ptr<desktop::PerUserStore> store_;
   std::unique_ptr<desktop::SingleInstance> first_;
   QStringList received_;
 };
