@@ -123,6 +123,8 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   void windowActivated(QMdiSubWindow* window);
   void showActive(frmRuvoPaint* document);
   void activateAnother();
+  void placeWindow(QMdiSubWindow& window);
+  void fitWindow(QMdiSubWindow& window);
   void removeDocument(frmRuvoPaint* document);
   bool closeDocuments();
   bool confirmClosing();

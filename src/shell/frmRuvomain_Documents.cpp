@@ -2,10 +2,12 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHelpEvent>
+#include <QLayout>
 #include <QStyleOptionTitleBar>
 #include <QToolTip>
 
 #include "base/paths.h"
+#include "canvas/ucCanvas.h"
 #include "document/frmRuvoPaint.h"
 #include "platform/desktop/desktop.h"
 #include "platform/imaging/imaging_service.h"
@@ -16,6 +18,12 @@
 
 namespace ruvo {
 namespace {
+
+constexpr int kCascadeStep = 28;
+constexpr int kCascadeLength = 6;
+// Room around a picture in its window, for the handles at its edges and a little air.
+constexpr QSize kAroundPicture(72, 64);
+constexpr QSize kSmallestDocument(420, 320);
 
 // Qt takes "[*]" in a title for its mark of an unsaved window; doubled it stands for itself.
 QString literalTitle(QString text) { return text.replace("[*]", "[*][*]"); }
@@ -74,7 +82,7 @@ void frmRuvomain::openDocument(PendingOpen command, const QString& file) {
   d_->active = document;
   d_->workspace->addSubWindow(window);
   const bool alone = session().options.sdiOnly || (before != nullptr && windowOf(before)->isMaximized());
-  window->resize(d_->workspace->viewport()->size() * 4 / 5);
+  placeWindow(*window);
   if (alone)
     window->showMaximized();
   else
@@ -82,7 +90,28 @@ void frmRuvomain::openDocument(PendingOpen command, const QString& file) {
   d_->workspace->setActiveSubWindow(window);
   if (!file.isEmpty()) setDocumentCaption(document, QString::fromStdString(shortenPath(file.toStdString())), file);
   showActive(document);
-  if (!document->firstActivation(command, file)) removeDocument(document);
+  if (!document->firstActivation(command, file)) return removeDocument(document);
+  fitWindow(*window);
+}
+
+// Each window begins a little lower and further right than the one before.
+void frmRuvomain::placeWindow(QMdiSubWindow& window) {
+  // The layouts may not have run since the window was made.
+  for (QLayout* layout : {this->layout(), centralWidget()->layout()}) layout->activate();
+  const QSize room = d_->workspace->viewport()->size();
+  const int step = kCascadeStep * ((documentCount() - 1) % kCascadeLength);
+  window.setGeometry(QRect(QPoint(step, step), (room * 4 / 5).boundedTo(room - QSize(step, step))));
+}
+
+// As large as the picture wants it, within what is free.
+void frmRuvomain::fitWindow(QMdiSubWindow& window) {
+  frmRuvoPaint* shown = documentOf(&window);
+  if (shown == nullptr || window.isMaximized() || window.isMinimized()) return;
+  ucCanvas& canvas = *shown->canvas();
+  const QSize picture = QSizeF(QSizeF(canvas.DIB().DIBWidth(), canvas.DIB().DIBHeight()) / devicePixelRatioF()).toSize();
+  const QSize chrome = window.size() - canvas.size();
+  const QSize room = d_->workspace->viewport()->size() - QSize(window.x(), window.y());
+  window.resize((picture + kAroundPicture).expandedTo(kSmallestDocument).boundedTo(room - chrome) + chrome);
 }
 
 void frmRuvomain::openInActiveDocument(const QString& file) {

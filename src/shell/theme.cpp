@@ -131,7 +131,7 @@ QPalette paletteOf(const Roles& r) {
 constexpr const char* kStyleSheet = R"(
 QToolTip { background: @raised; color: @ink; border: 1px solid @line; padding: 4px 6px; }
 QMenuBar { background: @window; border-bottom: 1px solid @line; padding: 1px 3px; }
-QMenuBar::item { background: transparent; padding: 4px 6px; border-radius: 4px; }
+QMenuBar::item { background: transparent; padding: 4px 5px; border-radius: 4px; }
 QMenuBar::item:selected { background: @hover; }
 QMenuBar::item:pressed { background: @pressed; }
 QMenuBar::item:disabled { color: @quietInk; }
@@ -139,6 +139,7 @@ QToolButton { border: 1px solid transparent; border-radius: 5px; background: tra
 QToolButton:hover:enabled { background: @hover; }
 QToolButton:pressed:enabled { background: @pressed; }
 QToolButton:checked { background: @selected; border-color: @accent; }
+QToolButton:checked:disabled { background: @hover; border-color: @line; }
 QToolButton:focus { border-color: @accent; }
 QToolButton[framed="true"] { background: @raised; border-color: @line; padding: 2px 6px; }
 QToolButton[framed="true"]:hover:enabled { background: @hover; }
@@ -148,6 +149,12 @@ QToolButton[framed="true"]:pressed:enabled { background: @pressed; }
 #picStatusBar { background: @window; border-top: 1px solid @line; }
 #fraOptionHost { background: @raised; border: 1px solid @line; border-radius: 6px; }
 QScrollArea#picOptionArea, QScrollArea#picOptionArea > QWidget > QWidget { background: transparent; border: none; }
+QLineEdit { background: @field; border: 1px solid @line; border-radius: 4px; padding: 2px 4px; }
+QLineEdit:focus { border-color: @accent; }
+QAbstractSpinBox QLineEdit, QComboBox QLineEdit { border: none; padding: 0; }
+QSlider::groove:horizontal { height: 4px; border-radius: 2px; background: @pressed; }
+QSlider::sub-page:horizontal { border-radius: 2px; background: @accent; }
+QSlider::handle:horizontal { width: 14px; margin: -5px 0; border-radius: 7px; background: @accent; }
 QLabel[role="heading"] { font-weight: 600; }
 QLabel[role="quiet"] { color: @quietInk; }
 QFrame[role="divider"] { background: @line; border: none; }
@@ -156,8 +163,8 @@ QFrame[role="divider"] { background: @line; border: none; }
 QString styleSheetOf(const Roles& r) {
   QString sheet = QString::fromLatin1(kStyleSheet);
   const std::pair<const char*, QColor> colours[] = {
-      {"@window", r.window}, {"@raised", r.raised}, {"@ink", r.ink},         {"@quietInk", r.quietInk}, {"@line", r.line},
-      {"@accent", r.accent}, {"@hover", r.hover},   {"@pressed", r.pressed}, {"@selected", r.selected}};
+      {"@window", r.window}, {"@raised", r.raised}, {"@field", r.field}, {"@ink", r.ink},         {"@quietInk", r.quietInk},
+      {"@line", r.line},     {"@accent", r.accent}, {"@hover", r.hover}, {"@pressed", r.pressed}, {"@selected", r.selected}};
   for (const auto& [name, colour] : colours) sheet.replace(name, colour.name());
   return sheet;
 }

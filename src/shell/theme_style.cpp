@@ -31,6 +31,31 @@ void drawGlyph(QPainter& painter, QStyle::SubControl control, const QRectF& box)
   }
 }
 
+// A box or a circle that stands out from its ground in both themes.
+void drawIndicator(QPainter& painter, const QStyleOption& option, bool round) {
+  const Roles& r = roles();
+  const bool on = (option.state & QStyle::State_On) != 0;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  if ((option.state & QStyle::State_Enabled) == 0) painter.setOpacity(0.45);
+  QRectF box(0, 0, 15, 15);
+  box.moveCenter(QRectF(option.rect).center());
+  const bool hot = (option.state & (QStyle::State_MouseOver | QStyle::State_HasFocus)) != 0;
+  painter.setPen(QPen(on || hot ? r.accent : r.quietInk, 1.2));
+  painter.setBrush(on ? r.accent : r.field);
+  round ? painter.drawEllipse(box) : painter.drawRoundedRect(box, 3, 3);
+  if (on && round) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(r.accentInk);
+    painter.drawEllipse(box.center(), 3, 3);
+  } else if (on) {
+    painter.setPen(QPen(r.accentInk, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF{box.topLeft() + QPointF(3.5, 7.8), box.topLeft() + QPointF(6.4, 10.7),
+                                   box.topLeft() + QPointF(11.6, 4.6)});
+  }
+  painter.restore();
+}
+
 }  // namespace
 
 ShellStyle::ShellStyle() : QProxyStyle("Fusion") {}
@@ -49,6 +74,24 @@ int ShellStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
   if (metric == PM_MdiSubWindowFrameWidth) return 3;
   if (metric == PM_TitleBarHeight) return 28;
   return QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+void ShellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
+  switch (element) {
+    case PE_IndicatorCheckBox: return drawIndicator(*painter, *option, false);
+    case PE_IndicatorRadioButton: return drawIndicator(*painter, *option, true);
+    case PE_FrameWindow: {
+      const QRect outer = option->rect.adjusted(0, 0, -1, -1);
+      painter->setPen(roles().line);
+      painter->drawRect(outer);
+      painter->setPen(roles().raised);
+      painter->drawRect(outer.adjusted(1, 1, -1, -1));
+      painter->drawRect(outer.adjusted(2, 2, -2, -2));
+      return;
+    }
+    default: QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
 }
 
 void ShellStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
