@@ -1,6 +1,8 @@
 // Figures on a surface, in picture coordinates. Pens, brushes, clip and the way of combining come from the context; one
 // integer model a figure gives the same pixels at every depth and row order. Boxes are [left, right) x [top, bottom)
-// and may come with their corners in any order; a pen of width w reaches w \ 2 pixels beyond them.
+// and may come with their corners in any order; a pen of width w reaches w \ 2 pixels beyond them. Coordinates of up to
+// a million either way are followed exactly, and round figures with a side above half a million are not drawn. Time
+// grows with a figure's own size, not with the surface.
 #pragma once
 
 #include <cstdint>

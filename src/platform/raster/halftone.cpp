@@ -35,7 +35,14 @@ class Halftone {
         unpacked_(static_cast<std::size_t>(width_)),
         colours_(static_cast<std::size_t>(width_) * 4),
         output_(static_cast<std::size_t>(columns.count()) * 4),
-        converted_(output_.size()) {}
+        converted_(output_.size()) {
+    if (columns.shrinks || unscaled_) return;
+    neighbours_.reserve(columns.parts.size());
+    for (const AreaMap::Part& part : columns.parts) {
+      neighbours_.push_back(
+          {(part.begin - left_) * 4, (part.end - left_) * 4, static_cast<std::uint32_t>(part.weight)});
+    }
+  }
 
   void run() {
     if (rows_.shrinks) {
@@ -63,6 +70,13 @@ class Halftone {
   std::uint8_t* target(int row);
   void emit(int row);
 
+  // Where a column that grows comes from: two places in a row of bytes. Small, so that all of them stay in the cache.
+  struct Neighbours {
+    std::int32_t first;
+    std::int32_t second;
+    std::uint32_t weight;
+  };
+
   const Surface& src_;
   const AreaMap& columns_;
   const AreaMap& rows_;
@@ -80,6 +94,7 @@ class Halftone {
   std::vector<std::uint16_t> sums_;
   std::vector<float> averages_;
   std::vector<std::uint8_t> rounded_;
+  std::vector<Neighbours> neighbours_;
 };
 
 void addBytes(const std::uint8_t* from, std::uint16_t* sums, std::size_t n) {
@@ -199,24 +214,27 @@ void Halftone::shrinkColumns(const float* from, std::uint8_t* to) const {
   }
 }
 
+void copyWithoutAlpha(const std::uint8_t* from, std::uint8_t* to, int count) {
+  for (int i = 0; i < count; ++i) {
+    std::uint32_t pixel;
+    std::memcpy(&pixel, from + static_cast<std::ptrdiff_t>(i) * 4, 4);
+    pixel &= 0xFFFFFF;
+    std::memcpy(to + static_cast<std::ptrdiff_t>(i) * 4, &pixel, 4);
+  }
+}
+
 // Two channels at a time in one word: 8 bits of colour, 8 bits for the weight's product.
 void Halftone::growColumns(const std::uint8_t* from, std::uint8_t* to) const {
   if (unscaled_) {
-    from += static_cast<std::ptrdiff_t>(columns_.parts.front().begin - left_) * 4;
-    for (int i = 0; i < columns_.count(); ++i) {
-      std::uint32_t pixel;
-      std::memcpy(&pixel, from + static_cast<std::ptrdiff_t>(i) * 4, 4);
-      pixel &= 0xFFFFFF;
-      std::memcpy(to + static_cast<std::ptrdiff_t>(i) * 4, &pixel, 4);
-    }
-    return;
+    return copyWithoutAlpha(from + static_cast<std::ptrdiff_t>(columns_.parts.front().begin - left_) * 4, to,
+                            columns_.count());
   }
   constexpr std::uint32_t kPairs = 0x00FF00FF;
-  for (const AreaMap::Part& part : columns_.parts) {
+  for (const Neighbours& pair : neighbours_) {
     std::uint32_t a, b;
-    std::memcpy(&a, from + static_cast<std::ptrdiff_t>(part.begin - left_) * 4, 4);
-    std::memcpy(&b, from + static_cast<std::ptrdiff_t>(part.end - left_) * 4, 4);
-    const auto far = static_cast<std::uint32_t>(part.weight);
+    std::memcpy(&a, from + pair.first, 4);
+    std::memcpy(&b, from + pair.second, 4);
+    const std::uint32_t far = pair.weight;
     const std::uint32_t near = 256 - far;
     const std::uint32_t even = (((a & kPairs) * near + (b & kPairs) * far + 0x00800080) >> 8) & kPairs;
     const std::uint32_t odd = ((a >> 8 & kPairs) * near + (b >> 8 & kPairs) * far + 0x00800080) & ~kPairs;

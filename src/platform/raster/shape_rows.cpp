@@ -4,10 +4,20 @@
 #include <cstdint>
 
 namespace ruvo::raster {
+namespace {
+
+// The walk's products of three lengths still fit 64 bits.
+constexpr int kMaxSide = 500000;
+
+bool drawable(int width, int height) {
+  return width > 0 && height > 0 && width <= kMaxSide && height <= kMaxSide;
+}
+
+}  // namespace
 
 // A midpoint walk from the left vertex, two mirrored rows at a time.
 std::vector<int> ellipseRows(int width, int height) {
-  if (width <= 0 || height <= 0) return {};
+  if (!drawable(width, height)) return {};
   std::vector<int> rows(static_cast<std::size_t>(height), kRowNotReached);
   const std::int64_t a = width - 1, b = height - 1, odd = b & 1;
   std::int64_t dx = 4 * (1 - a) * b * b, dy = 4 * (odd + 1) * a * a;
@@ -46,7 +56,7 @@ std::vector<int> wholeEllipseRows(int width, int height) {
 
 std::vector<Span> roundRectSpans(int x, int y, int width, int height, int ew, int eh) {
   std::vector<Span> spans;
-  if (width <= 0 || height <= 0) return spans;
+  if (!drawable(width, height)) return spans;
   ew = std::min(ew, width);
   eh = std::min(eh, height);
   const std::vector<int> corner = ew > 0 ? wholeEllipseRows(ew, eh) : std::vector<int>();
@@ -167,7 +177,7 @@ std::vector<Point> quarterRing(int ew, int eh) {
 
 std::vector<Point> outlineRing(int width, int height, int ew, int eh) {
   std::vector<Point> ring;
-  if (width <= 0 || height <= 0) return ring;
+  if (!drawable(width, height)) return ring;
   const std::vector<Point> quarter = quarterRing(std::min(ew, width), std::min(eh, height));
   const auto add = [&](int x, int y) {
     if (ring.empty() || ring.back() != Point{x, y}) ring.push_back({x, y});

@@ -1,4 +1,6 @@
 // The integer models behind ellipses, round corners and polygons, shared by regions, fills and outlines.
+//
+// A side below 1 or above half a million gives nothing.
 #pragma once
 
 #include <limits>
