@@ -1,5 +1,5 @@
-// The one pixel container of the program: every picture, layer, frame, mask, brush and codec result is a clsDIB. It owns
-// a raster surface; drawing calls and pixel algorithms work on the same pixels.
+// The one pixel container of the program: every picture, layer, frame, mask, brush and codec result is a clsDIB. It
+// owns a raster surface; drawing calls and pixel algorithms work on the same pixels.
 //
 // Unless an operation says otherwise: coordinates are picture coordinates (x right, y down from the top line), colours
 // are packed 0x00BBGGRR, an empty surface makes an operation do nothing and answer false or zero, and no operation
@@ -32,7 +32,7 @@ class clsDIB {
   clsDIB(clsDIB&& other) noexcept;
   clsDIB& operator=(clsDIB&& other) noexcept;
 
-  // --- What the surface is -------------------------------------------------------------------------------------------
+  // --- What the surface is ---
   bool empty() const { return surface_.empty(); }
   int DIBWidth() const { return surface_.width(); }
   int DIBHeight() const { return surface_.height(); }
@@ -54,7 +54,7 @@ class clsDIB {
   raster::Surface& surface() { return surface_; }
   const raster::Surface& surface() const { return surface_; }
 
-  // --- Creation ------------------------------------------------------------------------------------------------------
+  // --- Creation ---
   // Drops any content first. Depth 8 or fewer: the bits are index 0, the table is black but for entry 1 = BackColor.
   // Deeper: filled with BackColor (byte 3 zero). Force32 makes the section 32 bits while DIBbpp and BytesPerScanline
   // keep the depth asked for. False leaves the instance empty.
@@ -65,8 +65,8 @@ class clsDIB {
   // Takes over a loaded surface with no copy (a loader's result that becomes a picture).
   void adopt(raster::Surface&& surface, bool hasAlpha);
   // Reads a BMP file at its own depth (16-bit files as 24). 32-bit files set DIBhasAlpha when any alpha byte is not
-  // zero. FlipVertical turns a picture without alpha upside down. False, leaving the instance empty, for anything that is
-  // not a whole BMP (imaging::readBmpFile also gives what there is of a truncated one).
+  // zero. FlipVertical turns a picture without alpha upside down. False, leaving the instance empty, for anything that
+  // is not a whole BMP (imaging::readBmpFile also gives what there is of a truncated one).
   bool CreateDIBFromFile(const std::filesystem::path& FileName, bool FlipVertical = false);
   // Reads .bmp, .gif, .jpg, .jpeg through the platform's picture loader into Bpp 24 or 32 (anything else is 32);
   // Straight false turns the picture upside down.
@@ -74,14 +74,15 @@ class clsDIB {
   // Fills a 32-bit surface from icon arrays indexed [x + y * width] in picture order: mask 0 takes colour and alpha,
   // any other mask byte makes the pixel FF FF FF FF. The arrays hold width x height elements.
   static void Post_Icon_Arrays_To_DIB(clsDIB& Dib, std::span<const Colour> ColourArray,
-                                      std::span<const std::uint8_t> MaskArray, std::span<const std::uint8_t> AlphaArray);
-  // A Dst of Src's size and depth with its table, its bits as they lie in memory and its DIBhasAlpha. False for an empty
-  // Src, with Dst as it was.
+                                      std::span<const std::uint8_t> MaskArray,
+                                      std::span<const std::uint8_t> AlphaArray);
+  // A Dst of Src's size and depth with its table, its bits as they lie in memory and its DIBhasAlpha. False for an
+  // empty Src, with Dst as it was.
   static bool CloneDIB(const clsDIB& Src, clsDIB& Dst, Colour BackColor, bool BottomUp);
   // Back to empty; the memory is released at once.
   void ClearUp();
 
-  // --- Painting (source copy) ------------------------------------------------------------------------------------------
+  // --- Painting (source copy) ---
   // Width or Height below 1 means that of Src. Parts outside either surface are left out.
   static void PaintFromDIBtoDIB(const clsDIB& Src, clsDIB& Dst, int DestX = 0, int DestY = 0, int Width = 0,
                                 int Height = 0, int SrcX = 0, int SrcY = 0);
@@ -109,9 +110,10 @@ class clsDIB {
   // side at least 1. Place is (box - size) \ 2; an empty surface gives 0, 0.
   void GetBestFitPointAndSize(int MaxW, int MaxH, int& X, int& Y, int& W, int& H, bool Force) const;
 
-  // --- Alpha and masks -------------------------------------------------------------------------------------------------
+  // --- Alpha and masks ---
   // Where Mask is black the pixel's alpha takes AlphaArray (picture order), elsewhere all four bytes become 255.
-  static void Fill_DIB_With_AlphaValues(clsDIB& Dib32, const raster::Surface& Mask, std::span<const std::uint8_t> AlphaArray);
+  static void Fill_DIB_With_AlphaValues(clsDIB& Dib32, const raster::Surface& Mask,
+                                        std::span<const std::uint8_t> AlphaArray);
   // Composes on a plain background into a 32-bit target at 0, 0: t = round(alpha / 255 x 100), each channel
   // round(((100 - t) x back + t x pixel) / 100). Without alpha the pixels are copied. Flip turns it upside down.
   static void Display_DIB_With_Alpha(const clsDIB& Dib32, raster::Surface& Target, Colour BackColor, bool Flip = false);
@@ -121,7 +123,7 @@ class clsDIB {
   // below 0 takes the colour of the picture's top left. Mask is remade when its size differs.
   static void Create_ImageMask_Pair(clsDIB& Image, clsDIB& Mask, std::int64_t TransparentColor);
 
-  // --- Colour inquiry (byte 3 never counts) ----------------------------------------------------------------------------
+  // --- Colour inquiry (byte 3 never counts) ---
   // Number of distinct colours; stops early, below the true number, past 32767 distinct blue-red pairs.
   static int CountColorsDIB(const clsDIB& Dib);
   // kMultiColor as soon as a second colour appears, else the single colour.
@@ -138,18 +140,20 @@ class clsDIB {
   static const std::array<Colour, 16>& sixteenColours();
   // Bounding box (inclusive, memory rows) of the pixels that differ from colour; false when there is none. With Flip,
   // Top and Bottom are height minus their value, the smaller one in Top.
-  static bool DIBNetPaintedArea(const clsDIB& Dib, int& Left, int& Top, int& Right, int& Bottom, Colour colour, bool Flip);
+  static bool DIBNetPaintedArea(const clsDIB& Dib, int& Left, int& Top, int& Right, int& Bottom, Colour colour,
+                                bool Flip);
 
-  // --- Geometry and blending -------------------------------------------------------------------------------------------
+  // --- Geometry and blending ---
   // 0 mirrors left to right, 1 top to bottom, 2 turns a quarter anticlockwise, 3 clockwise; above 3 nothing.
   static void RotateDIB(clsDIB& Dib, int Mode);
   // Dst = (1 - f) x Dst + f x Src over the smaller of both sizes from the top left, f = Percent / 100 held as a 32-bit
   // float, sums in double, rounded once. Colour of 0 or above: pixels of Src in that colour are skipped.
   static void BlendIn(clsDIB& Dst, const clsDIB& Src, int Percent, std::int64_t colour, const Progress& progress = {});
   // The same where Mask is black. All three surfaces are 32 bits.
-  static void BlendIn_Masked(clsDIB& Dst, const clsDIB& Src, const clsDIB& Mask, int Percent, const Progress& progress = {});
+  static void BlendIn_Masked(clsDIB& Dst, const clsDIB& Src, const clsDIB& Mask, int Percent,
+                             const Progress& progress = {});
 
-  // --- Palette and 8 bits ----------------------------------------------------------------------------------------------
+  // --- Palette and 8 bits ---
   // Colour tables as bytes, 4 an entry (B, G, R, 0).
   void GetDIBPalette(std::span<std::uint8_t> Array) const;
   void SetPaletteToDIB8BPP(std::span<const std::uint8_t> Array);
@@ -157,17 +161,18 @@ class clsDIB {
   // The byte at column X of memory row Y of an 8-bit surface; 0 outside.
   static int PaletteIndex_In_DIB_XY(const clsDIB& Dib, int X, int Y);
 
-  // --- Files -----------------------------------------------------------------------------------------------------------
-  // Writes a BMP: 32 bits when this object is a 32-bit one with alpha, else 24. The size field of the file header leaves
-  // the 14 bytes of that header out; readers of older versions expect it so. The file is replaced whole; false, with the
-  // old file as it was, when it can not be written; `reason` then says why in the system's words.
+  // --- Files ---
+  // Writes a BMP: 32 bits when this object is a 32-bit one with alpha, else 24. The size field of the file header
+  // leaves the 14 bytes of that header out; readers of older versions expect it so. The file is replaced whole; false,
+  // with the old file as it was, when it can not be written; `reason` then says why in the system's words.
   bool Save_DIB_To_File(const std::filesystem::path& FileName, const clsDIB& Dib, std::string* reason = nullptr) const;
-  // Writes a BMP at Bpp 1, 4, 8 (rows from Dither, which must be of Dib's size and that depth, table from Pal) or 24 (rows
-  // from Dib). Here the size field counts every byte.
+  // Writes a BMP at Bpp 1, 4, 8 (rows from Dither, which must be of Dib's size and that depth, table from Pal) or 24
+  // (rows from Dib). Here the size field counts every byte.
   static bool Save_DIB_To_File_Paletted(const std::filesystem::path& FileName, const clsDIB& Dib, const clsPal& Pal,
                                         const clsPalDither& Dither, int Bpp, std::string* reason = nullptr);
-  // Src reduced to at most 256 colours as an 8-bit Dst, by way of "tmpGIFPal.bmp" in `tempFolder`. A picture that has no
-  // more keeps its colours exactly; otherwise Src too becomes the dithered picture. Pal and Dither hold table and rows.
+  // Src reduced to at most 256 colours as an 8-bit Dst, by way of "tmpGIFPal.bmp" in `tempFolder`. A picture that has
+  // no more keeps its colours exactly; otherwise Src too becomes the dithered picture. Pal and Dither hold table and
+  // rows.
   static bool ConvertDIB_To_DIB8BPP(clsDIB& Src, clsDIB& Dst, clsPal& Pal, clsPalDither& Dither,
                                     const std::filesystem::path& tempFolder);
 

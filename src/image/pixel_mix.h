@@ -49,7 +49,10 @@ class Composer {
   Pixel32 over(Pixel32 p) const {
     const int t = percent_[p.alpha];
     if (t == 0) return back_;
-    if (t == 100) return {p.blue, p.green, p.red, 0};
+    if (t == 100) {
+      p.alpha = 0;
+      return p;
+    }
     return {hundredths((100 - t) * back_.blue + t * p.blue), hundredths((100 - t) * back_.green + t * p.green),
             hundredths((100 - t) * back_.red + t * p.red), 0};
   }
