@@ -45,6 +45,8 @@ MenuSet::MenuSet(unsigned scope, QWidget* owner, std::function<void(const QStrin
     entries_ << Entry{&row, action, nullptr};
     if (QLatin1String(row.text) == QLatin1String("-")) {
       action->setSeparator(true);
+      // A separator with a text would show it.
+      action->setText(QString());
       continue;
     }
     action->setCheckable(row.checkable);

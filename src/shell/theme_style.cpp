@@ -1,7 +1,9 @@
 #include "shell/theme_style.h"
 
+#include <QIconEngine>
 #include <QPainter>
 #include <QStyleOption>
+#include <functional>
 
 #include "shell/theme.h"
 
@@ -56,7 +58,69 @@ void drawIndicator(QPainter& painter, const QStyleOption& option, bool round) {
   painter.restore();
 }
 
+// An icon that a function paints, at any size and scale.
+class PaintedIcon : public QIconEngine {
+ public:
+  using Paint = std::function<void(QPainter&, const QRectF&)>;
+  explicit PaintedIcon(Paint paint) : paint_(std::move(paint)) {}
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    paint_(*painter, QRectF(rect));
+    painter->restore();
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    QPixmap picture(size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    paint(&painter, QRect(QPoint(), size), mode, state);
+    return picture;
+  }
+  QIconEngine* clone() const override { return new PaintedIcon(*this); }
+
+ private:
+  Paint paint_;
+};
+
+// The sign of a message box: a glyph on a disc.
+QIcon signIcon(QChar glyph, const QColor& disc) {
+  return QIcon(new PaintedIcon([glyph, disc](QPainter& painter, const QRectF& box) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(disc);
+    const qreal margin = box.width() / 16;
+    painter.drawEllipse(box.adjusted(margin, margin, -margin, -margin));
+    QFont font = painter.font();
+    font.setPixelSize(static_cast<int>(box.height()) * 5 / 8);
+    font.setBold(true);
+    painter.setFont(font);
+    painter.setPen(Qt::white);
+    painter.drawText(box, Qt::AlignCenter, glyph);
+  }));
+}
+
+// A title bar button's glyph as an icon: those of a maximized document stand in the menu bar.
+QIcon glyphIcon(QStyle::SubControl control) {
+  return QIcon(new PaintedIcon([control](QPainter& painter, const QRectF& box) {
+    const qreal margin = box.width() / 4;
+    painter.setPen(QPen(roles().ink, box.width() / 14));
+    drawGlyph(painter, control, box.adjusted(margin, margin, -margin, -margin));
+  }));
+}
+
 }  // namespace
+
+QIcon ShellStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
+  switch (which) {
+    case SP_MessageBoxInformation: return signIcon('i', "#2563D9");
+    case SP_MessageBoxQuestion: return signIcon('?', "#2563D9");
+    case SP_MessageBoxWarning: return signIcon('!', "#D97A12");
+    case SP_MessageBoxCritical: return signIcon('!', "#C8342B");
+    case SP_TitleBarCloseButton: return glyphIcon(SC_TitleBarCloseButton);
+    case SP_TitleBarNormalButton: return glyphIcon(SC_TitleBarNormalButton);
+    case SP_TitleBarMinButton: return glyphIcon(SC_TitleBarMinButton);
+    default: return QProxyStyle::standardIcon(which, option, widget);
+  }
+}
 
 ShellStyle::ShellStyle() : QProxyStyle("Fusion") {}
 
@@ -65,6 +129,7 @@ int ShellStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
   switch (hint) {
     case SH_ToolTip_WakeUpDelay: return 450;
     case SH_EtchDisabledText: return 0;
+    case SH_DialogButtonBox_ButtonsHaveIcons: return 0;
     case SH_WindowFrame_Mask: return 0;  // no rounded corners cut out of a document window
     default: return QProxyStyle::styleHint(hint, option, widget, returned);
   }

@@ -1,4 +1,5 @@
-// The widget style: Fusion, with flat title bars for the document windows and calmer tool tips.
+// The widget style: Fusion with flat title bars and frames for the document windows, clear check and radio indicators, and
+// plain signs in message boxes.
 #pragma once
 
 #include <QProxyStyle>
@@ -14,6 +15,7 @@ class ShellStyle : public QProxyStyle {
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* returned) const override;
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+  QIcon standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
