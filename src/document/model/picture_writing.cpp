@@ -75,6 +75,8 @@ bool writePicture(const clsDIB& picture, const SaveItem& item, const std::filesy
     case SaveFormat::Jpeg:
       break;
   }
+  // A JPEG loses its camera data here. The block of the record's own file has to be read before the target is replaced,
+  // and go into the new file as it is written.
   bits = 24;
   if (!picture.DIBhasAlpha()) return SaveDIBWithEncoder(picture, file, kEncodeJpeg, item.quality);
   clsDIB flat;
