@@ -9,11 +9,14 @@ namespace ruvo {
 namespace {
 
 QColor hsl(double hue, double saturation, double lightness) {
-  return QColor::fromHslF(static_cast<float>(std::clamp(hue, 0.0, 1.0)), static_cast<float>(std::clamp(saturation, 0.0, 1.0)),
+  return QColor::fromHslF(static_cast<float>(std::clamp(hue, 0.0, 1.0)),
+                          static_cast<float>(std::clamp(saturation, 0.0, 1.0)),
                           static_cast<float>(std::clamp(lightness, 0.0, 1.0)));
 }
 
-double share(double value, double length) { return std::clamp(length > 0 ? value / length : 0.0, 0.0, 1.0); }
+double share(double value, double length) {
+  return std::clamp(length > 0 ? value / length : 0.0, 0.0, 1.0);
+}
 
 }  // namespace
 
@@ -24,7 +27,9 @@ HueField::HueField(QWidget* parent) : QWidget(parent) {
   field_ = QImage(size(), QImage::Format_RGB32);
   for (int y = 0; y < field_.height(); ++y)
     for (int x = 0; x < field_.width(); ++x)
-      field_.setPixelColor(x, y, hsl(x / static_cast<double>(field_.width() - 1), 1 - y / static_cast<double>(field_.height() - 1), 0.5));
+      field_.setPixelColor(
+          x, y,
+          hsl(x / static_cast<double>(field_.width() - 1), 1 - y / static_cast<double>(field_.height() - 1), 0.5));
 }
 
 void HueField::setValues(double hue, double saturation) {

@@ -77,11 +77,14 @@ frmRuvoColorChart::frmRuvoColorChart(QWidget* parent, std::function<void(Colour)
     change(QColor::fromHslF(static_cast<float>(hue), static_cast<float>(saturation), lightness));
   };
   bar_->picked = [this](double lightness) {
-    change(QColor::fromHslF(std::max(0.0F, colour_.hslHueF()), colour_.hslSaturationF(), static_cast<float>(lightness)));
+    change(
+        QColor::fromHslF(std::max(0.0F, colour_.hslHueF()), colour_.hslSaturationF(), static_cast<float>(lightness)));
   };
   connect(html_, &QLineEdit::editingFinished, this, [this] {
-    if (html_->hasAcceptableInput()) change(QColor("#" + html_->text()));
-    else showAll();
+    if (html_->hasAcceptableInput())
+      change(QColor("#" + html_->text()));
+    else
+      showAll();
   });
   showAll();
 }
@@ -111,7 +114,9 @@ void frmRuvoColorChart::buildChannels() {
   static_cast<QVBoxLayout*>(layout())->addLayout(grid);
 }
 
-Colour frmRuvoColorChart::colour() const { return rgb(colour_.red(), colour_.green(), colour_.blue()); }
+Colour frmRuvoColorChart::colour() const {
+  return rgb(colour_.red(), colour_.green(), colour_.blue());
+}
 
 void frmRuvoColorChart::setColour(Colour colour) {
   if (colour == this->colour()) return;

@@ -1,5 +1,5 @@
-// The colour chart: a field of hue and saturation, a lightness bar, the three channels with values, and the HTML form. Each
-// change is passed on at once, so that the chart can stay open while one paints.
+// The colour chart: a field of hue and saturation, a lightness bar, the three channels with values, and the HTML form.
+// Each change is passed on at once, so that the chart can stay open while one paints.
 #pragma once
 
 #include <QColor>

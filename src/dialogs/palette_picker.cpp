@@ -17,7 +17,8 @@ constexpr int kMargin = 10;
 constexpr int kHeading = 24;
 
 Colour fromHsl(double hue, double saturation, double lightness) {
-  const QColor colour = QColor::fromHslF(static_cast<float>(hue), static_cast<float>(saturation), static_cast<float>(lightness));
+  const QColor colour =
+      QColor::fromHslF(static_cast<float>(hue), static_cast<float>(saturation), static_cast<float>(lightness));
   return rgb(colour.red(), colour.green(), colour.blue());
 }
 
@@ -37,7 +38,8 @@ std::vector<Colour> PalettePicker::colours(Kind kind) {
   for (int grey = 0; grey < kHues; ++grey) made.push_back(rgb(grey * 17, grey * 17, grey * 17));
   for (int shade = 0; shade < kShades; ++shade)
     for (int hue = 0; hue < kHues; ++hue)
-      made.push_back(fromHsl(hue / static_cast<double>(kHues), shade % 3 == 2 ? 0.45 : 1.0, 0.1 + 0.82 * shade / (kShades - 1)));
+      made.push_back(
+          fromHsl(hue / static_cast<double>(kHues), shade % 3 == 2 ? 0.45 : 1.0, 0.1 + 0.82 * shade / (kShades - 1)));
   return made;
 }
 
@@ -52,7 +54,8 @@ PalettePicker::PalettePicker(Kind kind, Colour current, QWidget* parent, std::fu
   setAttribute(Qt::WA_DeleteOnClose);
   setMouseTracking(true);
   const int rows = static_cast<int>(colours_.size()) / columns_;
-  setFixedSize(2 * kMargin + columns_ * (kSwatch + kGap) - kGap, 2 * kMargin + kHeading + rows * (kSwatch + kGap) - kGap);
+  setFixedSize(2 * kMargin + columns_ * (kSwatch + kGap) - kGap,
+               2 * kMargin + kHeading + rows * (kSwatch + kGap) - kGap);
 }
 
 void PalettePicker::showBeside(const QPoint& place) {
@@ -63,8 +66,8 @@ void PalettePicker::showBeside(const QPoint& place) {
 }
 
 QRect PalettePicker::swatchRect(int index) const {
-  return {kMargin + index % columns_ * (kSwatch + kGap), kMargin + kHeading + index / columns_ * (kSwatch + kGap), kSwatch,
-          kSwatch};
+  return {kMargin + index % columns_ * (kSwatch + kGap), kMargin + kHeading + index / columns_ * (kSwatch + kGap),
+          kSwatch, kSwatch};
 }
 
 int PalettePicker::swatchAt(const QPoint& place) const {

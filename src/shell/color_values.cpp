@@ -22,7 +22,9 @@ QImage toImage(const clsDIB& picture) {
 namespace shell {
 namespace {
 
-int percentOf(double share) { return static_cast<int>(std::lround(share * 100)); }
+int percentOf(double share) {
+  return static_cast<int>(std::lround(share * 100));
+}
 
 }  // namespace
 
@@ -34,7 +36,8 @@ QString colourValuesText(Colour colour) {
   const int hue = std::max(0, hsl.hslHue());  // a grey has none
   const double black = 1 - std::max({red, green, blue}) / 255.0;
   const auto ink = [black](int value) { return black >= 1 ? 0.0 : (1 - value / 255.0 - black) / (1 - black); };
-  return QStringLiteral("RGB ( %1,  %2,  %3 )\n\nHLS:     H = %4   L = %5   S = %6\n\nCMYK:   C = %7   M = %8   Y = %9   ")
+  return QStringLiteral(
+             "RGB ( %1,  %2,  %3 )\n\nHLS:     H = %4   L = %5   S = %6\n\nCMYK:   C = %7   M = %8   Y = %9   ")
              .arg(red)
              .arg(green)
              .arg(blue)

@@ -23,9 +23,13 @@ constexpr QSize kFirstSize(1180, 800);
 
 }  // namespace
 
-QString toText(const std::filesystem::path& path) { return QString::fromStdString(utf8Of(path)); }
+QString toText(const std::filesystem::path& path) {
+  return QString::fromStdString(utf8Of(path));
+}
 
-std::filesystem::path toPath(const QString& text) { return pathOf(text.toStdString()); }
+std::filesystem::path toPath(const QString& text) {
+  return pathOf(text.toStdString());
+}
 
 Workspace::Workspace(QWidget* parent) : QMdiArea(parent) {
   setObjectName("mdiWorkspace");
@@ -48,8 +52,9 @@ void Workspace::paintEvent(QPaintEvent* event) {
   painter.setPen(QPen(edge, 1.4, Qt::DashLine));
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(card, 14, 14);
-  theme::icon("open").paint(&painter, QRect(QPoint(static_cast<int>(card.center().x()) - 20, static_cast<int>(card.top()) + 26),
-                                            QSize(40, 40)));
+  theme::icon("open").paint(
+      &painter,
+      QRect(QPoint(static_cast<int>(card.center().x()) - 20, static_cast<int>(card.top()) + 26), QSize(40, 40)));
   QFont font = painter.font();
   font.setPointSizeF(font.pointSizeF() * 1.35);
   painter.setFont(font);
@@ -90,20 +95,19 @@ void frmRuvomain::buildControls() {
   auto* rows = new QVBoxLayout(centre);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
-  d_->toolbar = new shell::Toolbar(
-      centre, {.newPicture = [this] { newClicked(); },
-               .openPicture = [this] { openClicked(); },
-               .edit = [this](int index) { editButtonClicked(index); },
-               .glass = [this] { cmdGlass_Click(); },
-               .glassFactor = [this] { tell(&frmRuvoPaint::Do_cboGlassClick); },
-               .mode = [this](int index) { cmdMode_Click(index); },
-               .zoom = [this](int index) { tell(&frmRuvoPaint::Do_cmdZoomClick, index); },
-               .magnify = [this] { tell(&frmRuvoPaint::Do_cboMagnifyClick); },
-               .zoomScale = [this] { tell(&frmRuvoPaint::Do_zoomScaleChanged); },
-               .fitIn = [this] { fitInClicked(); },
-               .upperLeft = [this] { tell(&frmRuvoPaint::Do_imgUpperLeftClick); },
-               .lowerRight = [this] { tell(&frmRuvoPaint::Do_imgLowerRightClick); },
-               .panoramic = [this] { tell(&frmRuvoPaint::Do_imgPanoramicClick); }});
+  d_->toolbar = new shell::Toolbar(centre, {.newPicture = [this] { newClicked(); },
+                                            .openPicture = [this] { openClicked(); },
+                                            .edit = [this](int index) { editButtonClicked(index); },
+                                            .glass = [this] { cmdGlass_Click(); },
+                                            .glassFactor = [this] { tell(&frmRuvoPaint::Do_cboGlassClick); },
+                                            .mode = [this](int index) { cmdMode_Click(index); },
+                                            .zoom = [this](int index) { tell(&frmRuvoPaint::Do_cmdZoomClick, index); },
+                                            .magnify = [this] { tell(&frmRuvoPaint::Do_cboMagnifyClick); },
+                                            .zoomScale = [this] { tell(&frmRuvoPaint::Do_zoomScaleChanged); },
+                                            .fitIn = [this] { fitInClicked(); },
+                                            .upperLeft = [this] { tell(&frmRuvoPaint::Do_imgUpperLeftClick); },
+                                            .lowerRight = [this] { tell(&frmRuvoPaint::Do_imgLowerRightClick); },
+                                            .panoramic = [this] { tell(&frmRuvoPaint::Do_imgPanoramicClick); }});
   rows->addWidget(d_->toolbar);
 
   auto* panel = new QWidget(centre);
@@ -162,7 +166,9 @@ void frmRuvomain::buildControls() {
   setCentralWidget(centre);
 }
 
-SessionState& frmRuvomain::session() { return d_->services.state; }
+SessionState& frmRuvomain::session() {
+  return d_->services.state;
+}
 
 ToolboxState frmRuvomain::toolbox() const {
   ToolboxState state;
@@ -179,13 +185,27 @@ ToolboxState frmRuvomain::toolbox() const {
   return state;
 }
 
-void frmRuvomain::setStatusPanel(int panel, const QString& text) { d_->status->setPanel(panel, text); }
-void frmRuvomain::setProgress(int percent) { d_->status->setProgress(percent); }
-void frmRuvomain::endProgress() { d_->status->endProgress(); }
-void frmRuvomain::setEditButtons(const EditButtonState& state) { d_->toolbar->setEditButtons(state); }
-void frmRuvomain::setZoomButtons(bool in, bool out, bool original) { d_->toolbar->setZoomButtons(in, out, original); }
-void frmRuvomain::setScrollButtons(bool corners, bool panoramic) { d_->toolbar->setScrollButtons(corners, panoramic); }
-void frmRuvomain::setGlassEnabled(bool enabled) { d_->toolbar->setGlassEnabled(enabled); }
+void frmRuvomain::setStatusPanel(int panel, const QString& text) {
+  d_->status->setPanel(panel, text);
+}
+void frmRuvomain::setProgress(int percent) {
+  d_->status->setProgress(percent);
+}
+void frmRuvomain::endProgress() {
+  d_->status->endProgress();
+}
+void frmRuvomain::setEditButtons(const EditButtonState& state) {
+  d_->toolbar->setEditButtons(state);
+}
+void frmRuvomain::setZoomButtons(bool in, bool out, bool original) {
+  d_->toolbar->setZoomButtons(in, out, original);
+}
+void frmRuvomain::setScrollButtons(bool corners, bool panoramic) {
+  d_->toolbar->setScrollButtons(corners, panoramic);
+}
+void frmRuvomain::setGlassEnabled(bool enabled) {
+  d_->toolbar->setGlassEnabled(enabled);
+}
 
 void frmRuvomain::setMagnify(int magnify) {
   const LoadingFlag loading(session());

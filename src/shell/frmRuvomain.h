@@ -1,5 +1,5 @@
-// The main window: an MDI frame that holds the whole tool state in visible controls and passes each change by name to the
-// active document. It holds no picture. Every control's objectName is its fixed name.
+// The main window: an MDI frame that holds the whole tool state in visible controls and passes each change by name to
+// the active document. It holds no picture. Every control's objectName is its fixed name.
 #pragma once
 
 #include <QMainWindow>
@@ -20,8 +20,8 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   Q_OBJECT
 
  public:
-  // The constructor is the window's load: it starts the imaging service, builds the controls, reads the settings and lists
-  // the histories. `services` outlives the window.
+  // The constructor is the window's load: it starts the imaging service, builds the controls, reads the settings and
+  // lists the histories. `services` outlives the window.
   explicit frmRuvomain(SessionServices& services);
   ~frmRuvomain() override;
 
@@ -32,15 +32,17 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   // A file from outside when only one window is allowed: asks first when there are changes.
   void openInActiveDocument(const QString& file);
 
-  // --- Operations that others call by name ------------------------------------------------------------------------------
-  void updateColorToUse();            // gives the current colour to the box that was asked for
+  // --- Operations that others call by name
+  // ------------------------------------------------------------------------------
+  void updateColorToUse();  // gives the current colour to the box that was asked for
   void cmdGlass_Click();
-  void cmdMode_Click(int index);      // 0 to View mode, 1 to Paint mode
-  void MDI_UpdateOptionMenus();       // the option flags into every Options menu
+  void cmdMode_Click(int index);  // 0 to View mode, 1 to Paint mode
+  void MDI_UpdateOptionMenus();   // the option flags into every Options menu
   void MDI_List_File_History();
   void MDI_List_File_History_GIFani();
 
-  // --- MainWindowLink ------------------------------------------------------------------------------------------------------
+  // --- MainWindowLink
+  // ------------------------------------------------------------------------------------------------------
   SessionState& session() override;
   ToolboxState toolbox() const override;
   QWidget* window() override { return this; }

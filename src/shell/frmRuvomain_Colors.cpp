@@ -52,14 +52,15 @@ void BrushAndColors::buildColors(const std::function<void(PaletteKind, int)>& pa
   row->setSpacing(0);
   wells_ = new QWidget(this);
   wells_->setFixedSize(72, 56);
-  boxes_[1] = new ColorBox("picColorToUse(1)",
-                           "Second color  (Left click for color value.  Right click if swap with first color)", kWhite,
-                           wells_);
+  boxes_[1] =
+      new ColorBox("picColorToUse(1)",
+                   "Second color  (Left click for color value.  Right click if swap with first color)", kWhite, wells_);
   boxes_[1]->move(28, 22);
-  boxes_[0] = new ColorBox("picColorToUse(0)",
-                           "First color (i.e. current color)  for Paint/ Fill /Shape ...  (Left click for color value.  "
-                           "Right click if swap with second color)",
-                           kBlack, wells_);
+  boxes_[0] =
+      new ColorBox("picColorToUse(0)",
+                   "First color (i.e. current color)  for Paint/ Fill /Shape ...  (Left click for color value.  "
+                   "Right click if swap with second color)",
+                   kBlack, wells_);
   boxes_[0]->move(0, 2);
   auto* swap = new PictureButton("imgSwapColor", "swap", "Swap first and second color", wells_);
   swap->setIconSize({14, 14});
@@ -115,7 +116,9 @@ void BrushAndColors::buildBrushSize() {
   static_cast<QVBoxLayout*>(layout())->addLayout(row);
 }
 
-int BrushAndColors::brushSizeIndex() const { return brushSize_->currentIndex(); }
+int BrushAndColors::brushSizeIndex() const {
+  return brushSize_->currentIndex();
+}
 
 void BrushAndColors::setBrushSizeIndex(int index) {
   brushSize_->setCurrentIndex(index >= 0 && index < brushSize_->count() ? index : kDefaultBrushSizeIndex);

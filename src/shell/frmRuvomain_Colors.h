@@ -17,7 +17,8 @@ class ColorBox;
 enum class PaletteKind { Chart, Palette256, WebSafe };
 
 // The three palette buttons of a colour box: `cmdPalette256`, `cmdPaletteWebSafe`, `cmdColorChart` with its index.
-std::array<QToolButton*, 3> paletteButtons(int box, QWidget* parent, const std::function<void(PaletteKind, int)>& asked);
+std::array<QToolButton*, 3> paletteButtons(int box, QWidget* parent,
+                                           const std::function<void(PaletteKind, int)>& asked);
 
 class BrushAndColors : public QWidget {
  public:

@@ -5,6 +5,7 @@
 #include <QLayout>
 #include <QStyleOptionTitleBar>
 #include <QToolTip>
+#include <algorithm>
 
 #include "base/paths.h"
 #include "canvas/ucCanvas.h"
@@ -26,7 +27,9 @@ constexpr QSize kAroundPicture(72, 64);
 constexpr QSize kSmallestDocument(420, 320);
 
 // Qt takes "[*]" in a title for its mark of an unsaved window; doubled it stands for itself.
-QString literalTitle(QString text) { return text.replace("[*]", "[*][*]"); }
+QString literalTitle(QString text) {
+  return text.replace("[*]", "[*][*]");
+}
 
 }  // namespace
 
@@ -43,12 +46,14 @@ bool DocumentWindow::event(QEvent* event) {
   return QMdiSubWindow::event(event);
 }
 
-frmRuvoPaint* frmRuvomain::activeDocument() const { return d_->active; }
+frmRuvoPaint* frmRuvomain::activeDocument() const {
+  return d_->active;
+}
 
 int frmRuvomain::documentCount() const {
-  int count = 0;
-  for (const DocumentFlags& flags : d_->services.state.documents) count += flags.free ? 0 : 1;
-  return count;
+  const auto loaded =
+      std::count_if(d_->documents.begin(), d_->documents.end(), [](const auto* d) { return d != nullptr; });
+  return countDocuments(d_->services.state.documents, 1 + static_cast<int>(loaded));
 }
 
 frmRuvoPaint* frmRuvomain::documentAt(int slot) const {
@@ -108,7 +113,8 @@ void frmRuvomain::fitWindow(QMdiSubWindow& window) {
   frmRuvoPaint* shown = documentOf(&window);
   if (shown == nullptr || window.isMaximized() || window.isMinimized()) return;
   ucCanvas& canvas = *shown->canvas();
-  const QSize picture = QSizeF(QSizeF(canvas.DIB().DIBWidth(), canvas.DIB().DIBHeight()) / devicePixelRatioF()).toSize();
+  const QSize picture =
+      QSizeF(QSizeF(canvas.DIB().DIBWidth(), canvas.DIB().DIBHeight()) / devicePixelRatioF()).toSize();
   const QSize chrome = window.size() - canvas.size();
   const QSize room = d_->workspace->viewport()->size() - QSize(window.x(), window.y());
   window.resize((picture + kAroundPicture).expandedTo(kSmallestDocument).boundedTo(room - chrome) + chrome);
@@ -193,7 +199,9 @@ bool frmRuvomain::closeDocuments() {
   return true;
 }
 
-void frmRuvomain::closeAllDocuments() { closeDocuments(); }
+void frmRuvomain::closeAllDocuments() {
+  closeDocuments();
+}
 
 void frmRuvomain::arrangeWindows(int index) {
   if (index == 0) return d_->workspace->cascadeSubWindows();
@@ -208,8 +216,9 @@ void frmRuvomain::arrangeWindows(int index) {
     windows[i]->showNormal();
     const auto from = [&](int length) { return length * i / count; };
     const auto to = [&](int length) { return length * (i + 1) / count; };
-    windows[i]->setGeometry(index == 1 ? QRect(0, from(room.height()), room.width(), to(room.height()) - from(room.height()))
-                                       : QRect(from(room.width()), 0, to(room.width()) - from(room.width()), room.height()));
+    windows[i]->setGeometry(index == 1
+                                ? QRect(0, from(room.height()), room.width(), to(room.height()) - from(room.height()))
+                                : QRect(from(room.width()), 0, to(room.width()) - from(room.width()), room.height()));
   }
 }
 
@@ -217,7 +226,8 @@ bool frmRuvomain::busy() const {
   return QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr;
 }
 
-// --- Closing ---------------------------------------------------------------------------------------------------------------------
+// --- Closing
+// ---------------------------------------------------------------------------------------------------------------------
 
 bool frmRuvomain::confirmClosing() {
   if (!session().closingConfirmed && anyUnsavedDocument(session().documents) &&

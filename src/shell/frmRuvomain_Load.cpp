@@ -15,7 +15,8 @@ namespace {
 SettingsContext settingsContext(const SessionState& state) {
   const QScreen* screen = QGuiApplication::primaryScreen();
   const QSize size = screen != nullptr ? screen->size() : QSize(1024, 768);
-  return {.screen = {size.width() * kTwipsPerPixel, size.height() * kTwipsPerPixel}, .programFolder = state.programFolder};
+  return {.screen = {size.width() * kTwipsPerPixel, size.height() * kTwipsPerPixel},
+          .programFolder = state.programFolder};
 }
 
 // Windows that belong to what is shown and go when something else is. The browser may be spared.

@@ -20,18 +20,23 @@ constexpr int kOptionAddBackExif = 8;
 constexpr int kOptionPixelRgb = 10;
 
 // The flag behind an item that merely toggles.
-bool OptionFlags::* optionFlag(int index) {
+bool OptionFlags::*optionFlag(int index) {
   switch (index) {
-    case kOptionRemindColor: return &OptionFlags::remindColorSetting;
-    case kOptionFitInSmaller: return &OptionFlags::fitInEvenIfSmaller;
-    case kOptionAddBackExif: return &OptionFlags::jpgAddBackExif;
-    case kOptionPixelRgb: return &OptionFlags::showPixelRgb;
-    default: return nullptr;
+    case kOptionRemindColor:
+      return &OptionFlags::remindColorSetting;
+    case kOptionFitInSmaller:
+      return &OptionFlags::fitInEvenIfSmaller;
+    case kOptionAddBackExif:
+      return &OptionFlags::jpgAddBackExif;
+    case kOptionPixelRgb:
+      return &OptionFlags::showPixelRgb;
+    default:
+      return nullptr;
   }
 }
 
-constexpr bool OptionFlags::* kSessionFlags[] = {&OptionFlags::alternativeMarquee, &OptionFlags::suspendCanvasResize,
-                                                 &OptionFlags::suspendRegionResize, &OptionFlags::axisLines};
+constexpr bool OptionFlags::*kSessionFlags[] = {&OptionFlags::alternativeMarquee, &OptionFlags::suspendCanvasResize,
+                                                &OptionFlags::suspendRegionResize, &OptionFlags::axisLines};
 
 void showOptions(const MenuSet& menus, const OptionFlags& options) {
   const auto check = [&menus](const char* control, int index, bool on) {
@@ -77,7 +82,8 @@ void frmRuvomain::menuTriggered(const QString& control, int index) {
   if (control == "mnuHelpSub") return mnuHelpSub_Click(index);
 }
 
-// --- Options -------------------------------------------------------------------------------------------------------------------
+// --- Options
+// -------------------------------------------------------------------------------------------------------------------
 
 void frmRuvomain::MDI_UpdateOptionMenus() {
   showOptions(*d_->menus, session().options);
@@ -91,7 +97,7 @@ void frmRuvomain::mnuOptionsSub_Click(int index) {
   if (index == kOptionSdi) {
     options.sdiOnly = !options.sdiOnly;
     d_->status->showSdi(options.sdiOnly);
-  } else if (bool OptionFlags::* flag = optionFlag(index)) {
+  } else if (bool OptionFlags::*flag = optionFlag(index)) {
     options.*flag = !(options.*flag);
   }
   MDI_UpdateOptionMenus();
@@ -122,7 +128,8 @@ void frmRuvomain::gdiPlusMissingMessage(const QString& prefix) {
                              desktop::Icon::Exclamation);
 }
 
-// --- Histories -----------------------------------------------------------------------------------------------------------------
+// --- Histories
+// -----------------------------------------------------------------------------------------------------------------
 
 void frmRuvomain::MDI_List_File_History() {
   const auto paths = d_->services.fileHistory.list();
@@ -184,9 +191,12 @@ void frmRuvomain::openFromHistory(int index) {
   }
 }
 
-// --- The rest --------------------------------------------------------------------------------------------------------------------
+// --- The rest
+// --------------------------------------------------------------------------------------------------------------------
 
-void frmRuvomain::mnuFileExit_Click() { close(); }
+void frmRuvomain::mnuFileExit_Click() {
+  close();
+}
 
 void frmRuvomain::mnuHelpSub_Click(int index) {
   if (index == 1) {
@@ -196,7 +206,8 @@ void frmRuvomain::mnuHelpSub_Click(int index) {
   std::error_code error;
   const auto help = std::filesystem::current_path(error) / kHelpFile;
   if (!fileExists(help) || !desktop::desktop().open(toText(help)))
-    desktop::desktop().message(this, QString("%1 missing in current folder.").arg(kHelpFile), desktop::Icon::Exclamation);
+    desktop::desktop().message(this, QString("%1 missing in current folder.").arg(kHelpFile),
+                               desktop::Icon::Exclamation);
 }
 
 }  // namespace ruvo

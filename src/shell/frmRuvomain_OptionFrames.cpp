@@ -77,7 +77,9 @@ QPushButton* loadButton(const QString& name, const QString& text, QWidget* paren
   return button;
 }
 
-QVBoxLayout* column(QWidget* frame) { return static_cast<QVBoxLayout*>(frame->layout()); }
+QVBoxLayout* column(QWidget* frame) {
+  return static_cast<QVBoxLayout*>(frame->layout());
+}
 
 }  // namespace
 
@@ -203,15 +205,19 @@ bool OptionFrames::patternAllowed(int pattern) {
 
 void OptionFrames::buildBrushFrame() {
   QWidget* frame = frames_[0];
-  addTiles(frame, brushStyle_,
-           {"optBrushStyle", "imgBrushStyle", "brush",
-            {"Normal brush", "Round brush", "Smoothed round brush", "Spray brush", "Backward diagonal brush",
-             "Forward diagonal brush", "Vertical brush", "Horizontal brush", "Custom brush"}, 5},
-           [this](int style) { return brushAllowed(style); },
-           [this] {
-             customBrushRow_->setVisible(brushStyle_.value == kCustomBrush);
-             calls_.tell(&frmRuvoPaint::Notify_BrushStyle_FromMDI);
-           });
+  addTiles(
+      frame, brushStyle_,
+      {"optBrushStyle",
+       "imgBrushStyle",
+       "brush",
+       {"Normal brush", "Round brush", "Smoothed round brush", "Spray brush", "Backward diagonal brush",
+        "Forward diagonal brush", "Vertical brush", "Horizontal brush", "Custom brush"},
+       5},
+      [this](int style) { return brushAllowed(style); },
+      [this] {
+        customBrushRow_->setVisible(brushStyle_.value == kCustomBrush);
+        calls_.tell(&frmRuvoPaint::Notify_BrushStyle_FromMDI);
+      });
   brushOpaque_ = addCombo(frame, "Opaque %", "cboPaintBrushTranslucencyPercent", percents(), 0,
                           &frmRuvoPaint::Notify_PaintBrushTranslucencyPercent_FromMDI);
   auto* load = loadButton("cmdCustomBrush", "Load custom brush image", frame);
@@ -246,12 +252,16 @@ void OptionFrames::buildBrushFrame() {
 
 void OptionFrames::buildFillFrame() {
   QWidget* frame = frames_[1];
-  addTiles(frame, fillPattern_,
-           {"optFillPattern", "imgPatternOption", "pattern",
-            {"Solid", "Dot - style 1", "Dot - style 2", "Horizontal line", "Vertical line", "Forward diagonal",
-             "Backward diagonal", "Cross", "Diagonal cross", "Custom pattern"}, 5},
-           [this](int pattern) { return patternAllowed(pattern); },
-           [this] { calls_.tell(&frmRuvoPaint::Notify_FillPattern_FromMDI); });
+  addTiles(
+      frame, fillPattern_,
+      {"optFillPattern",
+       "imgPatternOption",
+       "pattern",
+       {"Solid", "Dot - style 1", "Dot - style 2", "Horizontal line", "Vertical line", "Forward diagonal",
+        "Backward diagonal", "Cross", "Diagonal cross", "Custom pattern"},
+       5},
+      [this](int pattern) { return patternAllowed(pattern); },
+      [this] { calls_.tell(&frmRuvoPaint::Notify_FillPattern_FromMDI); });
   auto* load = loadButton("cmdCustomPattern", "Load custom pattern image", frame);
   connect(load, &QPushButton::clicked, this, [this] { calls_.tell(&frmRuvoPaint::Do_cmdCustomPatternClick); });
   column(frame)->addWidget(load);
@@ -265,11 +275,11 @@ void OptionFrames::buildPolygonFrame() {
     showPolygonParts();
     calls_.tell(&frmRuvoPaint::Notify_PolygonDrawMethod_FromMDI);
   });
-  polygonOperation_ = addCombo(frame, QString(), "cboPolygonOperationType",
-                               {" 1.    Outline", " 2.    Filled", " 3.    Clear inside", " 4.    1 & Clipboard",
-                                " 5.    2 & Clipboard", " 6.    3 & Clipboard", " 7.    1 & Crop", " 8.    2 & Crop",
-                                " 9.    3 & Crop"},
-                               0, &frmRuvoPaint::Notify_PolygonOperationType_FromMDI);
+  polygonOperation_ = addCombo(
+      frame, QString(), "cboPolygonOperationType",
+      {" 1.    Outline", " 2.    Filled", " 3.    Clear inside", " 4.    1 & Clipboard", " 5.    2 & Clipboard",
+       " 6.    3 & Clipboard", " 7.    1 & Crop", " 8.    2 & Crop", " 9.    3 & Crop"},
+      0, &frmRuvoPaint::Notify_PolygonOperationType_FromMDI);
   polygonAuto_ = new QWidget(frame);
   auto* inner = new QVBoxLayout(polygonAuto_);
   inner->setContentsMargins(0, 0, 0, 0);
@@ -297,19 +307,24 @@ void OptionFrames::buildPolygonFrame() {
 
 void OptionFrames::showPolygonParts() {
   polygonAuto_->setVisible(polygonMethod_.value == 1);
-  static_cast<PolygonSpecimen*>(specimen_)->setFigure(
-      polygonSetting_[0]->currentText().toInt(), polygonSetting_[2]->currentText().toDouble(),
-      polygonSetting_[3]->currentText().toInt());
+  static_cast<PolygonSpecimen*>(specimen_)->setFigure(polygonSetting_[0]->currentText().toInt(),
+                                                      polygonSetting_[2]->currentText().toDouble(),
+                                                      polygonSetting_[3]->currentText().toInt());
 }
 
-void OptionFrames::setSpecimenColour(const QColor& colour) { static_cast<PolygonSpecimen*>(specimen_)->setColour(colour); }
+void OptionFrames::setSpecimenColour(const QColor& colour) {
+  static_cast<PolygonSpecimen*>(specimen_)->setColour(colour);
+}
 
 void OptionFrames::buildLineFrame() {
   QWidget* frame = frames_[3];
   addTiles(frame, lineType_,
-           {"optLineType", "imgToolOptionLine", "line",
+           {"optLineType",
+            "imgToolOptionLine",
+            "line",
             {"Solid  non-square brush", "Solid  square brush", "Dash", "Dot", "Dash Dot", "Dash Dot Dot",
-             "Solid - arrow at one end", "Solid  - arrow at both ends", "Antialiased solid line"}, 4},
+             "Solid - arrow at one end", "Solid  - arrow at both ends", "Antialiased solid line"},
+            4},
            nullptr, [this] {
              calls_.lineTypeChanged();
              calls_.tell(&frmRuvoPaint::Notify_LineType_FromMDI);
@@ -340,8 +355,11 @@ void OptionFrames::buildBezierFrame() {
 
 void OptionFrames::buildRectangleFrame() {
   addTiles(frames_[5], rectangleCorner_,
-           {"optRectangleCornerShape", "imgRectangleOption", "rect",
-            {"Normal", "Small rounded", "Medium rounded", "Large rounded"}, 4},
+           {"optRectangleCornerShape",
+            "imgRectangleOption",
+            "rect",
+            {"Normal", "Small rounded", "Medium rounded", "Large rounded"},
+            4},
            nullptr, [this] { calls_.tell(&frmRuvoPaint::Notify_RectangleCornerShape_FromMDI); });
 }
 
@@ -360,7 +378,8 @@ void OptionFrames::buildStampFrame() {
   auto* caption = label("Weight", stampWeightRow_);
   caption->setObjectName("lblStampTextureWeight");
   const QStringList weights = tenths(1, 10);
-  stampWeight_ = combo("cboStampTextureWeight", weights, static_cast<int>(weights.size()) - 1, kSmallCombo, stampWeightRow_);
+  stampWeight_ =
+      combo("cboStampTextureWeight", weights, static_cast<int>(weights.size()) - 1, kSmallCombo, stampWeightRow_);
   row->addWidget(caption);
   row->addStretch();
   row->addWidget(stampWeight_);
@@ -390,7 +409,9 @@ void OptionFrames::buildStampFrame() {
   showStampWeight();
 }
 
-void OptionFrames::showStampWeight() { stampWeightRow_->setVisible(stampStyle_->currentIndex() > 0); }
+void OptionFrames::showStampWeight() {
+  stampWeightRow_->setVisible(stampStyle_->currentIndex() > 0);
+}
 
 void OptionFrames::buildSprayFrame() {
   sprayDensity_ = addCombo(frames_[8], "Density", "cboSprayDensity", {"Low", "Medium", "High"}, 1,
@@ -404,7 +425,8 @@ void OptionFrames::buildRegionFrame() {
   const struct {
     const char* text;
     const char* tip;
-  } rows[] = {{"Create border", "Create border of region"}, {"Add dropdown\nshadow to region", "Add dropdown shadow to region"}};
+  } rows[] = {{"Create border", "Create border of region"},
+              {"Add dropdown\nshadow to region", "Add dropdown shadow to region"}};
   for (int i = 0; i < 2; ++i) {
     auto* button = loadButton(controlName("cmdRegionOperation", i), rows[i].text, frame);
     button->setToolTip(rows[i].tip);
@@ -415,7 +437,9 @@ void OptionFrames::buildRegionFrame() {
   }
 }
 
-void OptionFrames::enableShadow(bool enable) { regionOperation_[1]->setEnabled(enable && toolAvailable(kRegionTool)); }
+void OptionFrames::enableShadow(bool enable) {
+  regionOperation_[1]->setEnabled(enable && toolAvailable(kRegionTool));
+}
 
 void OptionFrames::readInto(ToolboxState& state) const {
   state.brushStyle = brushStyle_.value;

@@ -78,8 +78,8 @@ class OptionFrames : public QWidget {
   void buildStampFrame();
   void buildSprayFrame();
   void buildRegionFrame();
-  // A grid of picture tiles with the chosen one's name beneath; `call` is told after each choice. An option that `allowed`
-  // refuses is not chosen.
+  // A grid of picture tiles with the chosen one's name beneath; `call` is told after each choice. An option that
+  // `allowed` refuses is not chosen.
   struct Tiles {
     const char* optionArray;
     const char* pictureArray;

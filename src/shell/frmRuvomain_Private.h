@@ -40,7 +40,9 @@ class DocumentWindow : public QMdiSubWindow {
 // Raises the settings-loading flag while controls are set from code, so that their change events do nothing.
 class LoadingFlag {
  public:
-  explicit LoadingFlag(SessionState& state) : state_(state), before_(state.settingsLoading) { state.settingsLoading = true; }
+  explicit LoadingFlag(SessionState& state) : state_(state), before_(state.settingsLoading) {
+    state.settingsLoading = true;
+  }
   ~LoadingFlag() { state_.settingsLoading = before_; }
   LoadingFlag(const LoadingFlag&) = delete;
   LoadingFlag& operator=(const LoadingFlag&) = delete;

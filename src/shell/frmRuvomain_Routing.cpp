@@ -46,7 +46,8 @@ void frmRuvomain::tell(void (frmRuvoPaint::*call)(int), int index) {
   if (frmRuvoPaint* document = activeDocument()) (document->*call)(index);
 }
 
-// --- Tools -------------------------------------------------------------------------------------------------------------------
+// --- Tools
+// -------------------------------------------------------------------------------------------------------------------
 
 void frmRuvomain::toolClicked(int index) {
   if (frmRuvoPaint* document = activeDocument()) return document->Do_imgToolsClick(index);
@@ -67,7 +68,9 @@ void frmRuvomain::FlatAllToolsImages() {
   tell(&frmRuvoPaint::Notify_SetScrollOp_FromMDI);
 }
 
-void frmRuvomain::SetOptionFrame(int index) { d_->options->SetOptionFrame(index); }
+void frmRuvomain::SetOptionFrame(int index) {
+  d_->options->SetOptionFrame(index);
+}
 
 // The antialiased line is drawn with a fixed brush while it is the chosen line.
 void frmRuvomain::lockBrushForLine() {
@@ -109,7 +112,8 @@ void frmRuvomain::handCustomPictures(frmRuvoPaint& document) {
   copyPicture(tools.stampMask, canvas.DIBStampMask());
 }
 
-// --- Colours -----------------------------------------------------------------------------------------------------------------
+// --- Colours
+// -----------------------------------------------------------------------------------------------------------------
 
 void frmRuvomain::updateColorToUse() {
   if (d_->forFirst) {
@@ -165,7 +169,8 @@ void frmRuvomain::paletteAsked(shell::PaletteKind kind, int box) {
   const shell::ColorBox& well = box < 2 ? d_->colors->box(box) : d_->options->bezierBox();
   const auto chosen = [this](Colour colour) { colorChosen(colour); };
   if (kind != shell::PaletteKind::Chart) {
-    const auto which = kind == shell::PaletteKind::WebSafe ? PalettePicker::Kind::WebSafe : PalettePicker::Kind::Colours256;
+    const auto which =
+        kind == shell::PaletteKind::WebSafe ? PalettePicker::Kind::WebSafe : PalettePicker::Kind::Colours256;
     auto* picker = new PalettePicker(which, well.BackColor(), this, chosen);
     picker->showBeside(well.mapToGlobal(QPoint(well.width() + 8, 0)));
     return;
@@ -182,19 +187,24 @@ void frmRuvomain::paletteAsked(shell::PaletteKind kind, int box) {
   d_->chart->raise();
 }
 
-// --- Toolbar -------------------------------------------------------------------------------------------------------------------
+// --- Toolbar
+// -------------------------------------------------------------------------------------------------------------------
 
 void frmRuvomain::editButtonClicked(int index) {
   frmRuvoPaint* document = activeDocument();
   if (document == nullptr) return;
   switch (index) {
-    case 0: return document->mnuEditUndoAll_Click();
-    case 1: return document->mnuEditUndo_Click();
-    case 2: return document->mnuEditRedo_Click();
+    case 0:
+      return document->mnuEditUndoAll_Click();
+    case 1:
+      return document->mnuEditUndo_Click();
+    case 2:
+      return document->mnuEditRedo_Click();
     case 7:
     case 8:
     case 9:
-    case 10: return document->Do_mnuRotateSubClick(shell::editButtons()[static_cast<std::size_t>(index)].index);
+    case 10:
+      return document->Do_mnuRotateSubClick(shell::editButtons()[static_cast<std::size_t>(index)].index);
     default: {
       const shell::EditButton& row = shell::editButtons()[static_cast<std::size_t>(index)];
       document->triggerMenu(row.control, row.index);
@@ -219,9 +229,13 @@ void frmRuvomain::openClicked() {
   if (!file.isEmpty()) openDocument(PendingOpen::FileOpen, file);
 }
 
-void frmRuvomain::cmdGlass_Click() { tell(&frmRuvoPaint::Do_cmdGlassClick); }
+void frmRuvomain::cmdGlass_Click() {
+  tell(&frmRuvoPaint::Do_cmdGlassClick);
+}
 
-void frmRuvomain::fitInClicked() { tell(&frmRuvoPaint::Do_ckbFitInClick); }
+void frmRuvomain::fitInClicked() {
+  tell(&frmRuvoPaint::Do_ckbFitInClick);
+}
 
 void frmRuvomain::cmdMode_Click(int index) {
   const bool toView = index == 0;

@@ -17,7 +17,7 @@ constexpr int kProgressWidth = 120;
 // Widths of the panels 1 to 4; panel 0 takes what is left.
 constexpr std::array<int, kStatusPanelCount> kPanelWidths = {0, 52, 220, 112, 112};
 constexpr std::array<const char*, kStatusPanelCount> kPanelTips = {"", "Size of incoming image", "", "Size on screen",
-                                                                  "Net image size"};
+                                                                   "Net image size"};
 
 }  // namespace
 

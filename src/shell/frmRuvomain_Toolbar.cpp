@@ -58,7 +58,9 @@ QString withShortcut(const QString& tip, const QString& shortcut) {
 
 }  // namespace
 
-const std::array<EditButton, kEditButtonCount>& editButtons() { return kEditButtons; }
+const std::array<EditButton, kEditButtonCount>& editButtons() {
+  return kEditButtons;
+}
 
 Toolbar::Toolbar(QWidget* parent, Calls calls) : QWidget(parent), calls_(std::move(calls)) {
   setObjectName("picToolbar");
@@ -84,7 +86,7 @@ QWidget* Toolbar::addGroup() {
 PictureButton* Toolbar::addButton(QWidget* group, const QString& name, const QString& picture, const QString& tip,
                                   const std::function<void()>& clicked) {
   auto* button = new PictureButton(name, picture, tip, group);
-  connect(button, &QToolButton::clicked, this, [clicked] { clicked(); });
+  if (clicked) connect(button, &QToolButton::clicked, this, [clicked] { clicked(); });
   group->layout()->addWidget(button);
   buttons_.push_back(button);
   return button;
@@ -96,8 +98,8 @@ void Toolbar::buildFileAndEdit() {
   addButton(file, "cmdOpen", "open", withShortcut("Open", "Ctrl+O"), calls_.openPicture);
   // The animation windows are not built yet.
   QWidget* animation = addGroup();
-  addButton(animation, "cmdGIFaniNew", "ani_new", "Assemble frames from files", [] {})->setEnabled(false);
-  addButton(animation, "cmdGIFaniOpen", "ani_open", "Open animated GIF file", [] {})->setEnabled(false);
+  addButton(animation, "cmdGIFaniNew", "ani_new", "Assemble frames from files", {})->setEnabled(false);
+  addButton(animation, "cmdGIFaniOpen", "ani_open", "Open animated GIF file", {})->setEnabled(false);
 
   QWidget* group = nullptr;
   for (int i = 0; i < kEditButtonCount; ++i) {
@@ -164,7 +166,8 @@ void Toolbar::buildViewFrame() {
   viewFrame_->layout()->addWidget(fitInBox_);
   connect(fitInBox_, &QCheckBox::toggled, this, [this] { calls_.fitIn(); });
   upperLeft_ = addButton(viewFrame_, "imgUpperLeft", "upper_left", "To upper left", [this] { calls_.upperLeft(); });
-  lowerRight_ = addButton(viewFrame_, "imgLowerRight", "lower_right", "To lower right", [this] { calls_.lowerRight(); });
+  lowerRight_ =
+      addButton(viewFrame_, "imgLowerRight", "lower_right", "To lower right", [this] { calls_.lowerRight(); });
   panoramic_ = addButton(viewFrame_, "imgPanoramic", "panoramic", "Panoramic (toggle)", [this] { calls_.panoramic(); });
 }
 
@@ -221,22 +224,34 @@ void Toolbar::disableAll() {
   setGlassEnabled(false);
 }
 
-int Toolbar::magnify() const { return magnifyBox_->currentIndex() + 1; }
+int Toolbar::magnify() const {
+  return magnifyBox_->currentIndex() + 1;
+}
 
-void Toolbar::setMagnify(int magnify) { magnifyBox_->setCurrentIndex(std::clamp(magnify, 1, kMaxMagnify) - 1); }
+void Toolbar::setMagnify(int magnify) {
+  magnifyBox_->setCurrentIndex(std::clamp(magnify, 1, kMaxMagnify) - 1);
+}
 
-int Toolbar::glassFactor() const { return glassBox_->currentIndex() + kMinGlass; }
+int Toolbar::glassFactor() const {
+  return glassBox_->currentIndex() + kMinGlass;
+}
 
 void Toolbar::setZoomScale(int scale) {
   zoomScale_ = scale;
   scaleBox_->setText(QString::number(scale));
 }
 
-bool Toolbar::fitIn() const { return fitInBox_->isChecked(); }
+bool Toolbar::fitIn() const {
+  return fitInBox_->isChecked();
+}
 
-void Toolbar::setFitIn(bool checked) { fitInBox_->setChecked(checked); }
+void Toolbar::setFitIn(bool checked) {
+  fitInBox_->setChecked(checked);
+}
 
-void Toolbar::focusBeside() { container(0)->setFocus(); }
+void Toolbar::focusBeside() {
+  container(0)->setFocus();
+}
 
 int Toolbar::widthWithButtons(int side) {
   for (PictureButton* button : buttons_) button->setFixedSize(side, side);

@@ -1,5 +1,5 @@
-// The main window's toolbar: file and edit buttons, magnifying glass, mode switch and the frame of magnification controls
-// that belongs to the mode.
+// The main window's toolbar: file and edit buttons, magnifying glass, mode switch and the frame of magnification
+// controls that belongs to the mode.
 #pragma once
 
 #include <QWidget>

@@ -16,7 +16,8 @@ constexpr std::array<const char*, kToolCount> kToolTips = {
     "Fill ",
     "Polygon",
     "Line (+Shift key if for a straight vertical, horizontal or diagonal line )",
-    "Arc (Click 3 points to form an arc.   You may drag to change size before releasing mouse for last point.  +Shift if "
+    "Arc (Click 3 points to form an arc.   You may drag to change size before releasing mouse for last point.  +Shift "
+    "if "
     "chord wanted.)",
     "Bezier curve",
     "Filled Bezier curve",
@@ -56,8 +57,9 @@ Toolbox::Toolbox(QWidget* parent) : QWidget(parent) {
     }
     for (int place = 0; place < static_cast<int>(group.size()); ++place) {
       const int index = group[static_cast<std::size_t>(place)];
-      auto* tool = new PictureButton(controlName("imgTools", index), QStringLiteral("tool_%1").arg(index, 2, 10, QChar('0')),
-                                     QString::fromLatin1(kToolTips[static_cast<std::size_t>(index)]), this);
+      auto* tool =
+          new PictureButton(controlName("imgTools", index), QStringLiteral("tool_%1").arg(index, 2, 10, QChar('0')),
+                            QString::fromLatin1(kToolTips[static_cast<std::size_t>(index)]), this);
       tool->setFixedSize(kTileSize);
       connect(tool, &QToolButton::clicked, this, [this, index] {
         if (clicked) clicked(index);

@@ -39,7 +39,9 @@ class TilePicture : public QWidget {
 
 }  // namespace
 
-QString controlName(const QString& array, int index) { return QStringLiteral("%1(%2)").arg(array).arg(index); }
+QString controlName(const QString& array, int index) {
+  return QStringLiteral("%1(%2)").arg(array).arg(index);
+}
 
 PictureButton::PictureButton(const QString& name, const QString& picture, const QString& tip, QWidget* parent)
     : QToolButton(parent) {
@@ -95,9 +97,13 @@ void ColorBox::paintEvent(QPaintEvent*) {
   painter.drawRoundedRect(outer.adjusted(2, 2, -2, -2), 2.5, 2.5);
 }
 
-QColor toQColor(Colour colour) { return QColor(redOf(colour), greenOf(colour), blueOf(colour)); }
+QColor toQColor(Colour colour) {
+  return QColor(redOf(colour), greenOf(colour), blueOf(colour));
+}
 
-Colour fromQColor(const QColor& colour) { return rgb(colour.red(), colour.green(), colour.blue()); }
+Colour fromQColor(const QColor& colour) {
+  return rgb(colour.red(), colour.green(), colour.blue());
+}
 
 QFrame* divider(Qt::Orientation orientation, QWidget* parent) {
   auto* line = new QFrame(parent);

@@ -22,7 +22,8 @@ QString controlName(const QString& array, int index);
 inline constexpr int kIconSide = 20;
 inline constexpr int kPanelMargin = 9;
 
-// A flat button with a picture. A click only reports: whether it looks pressed (checked) is set by the code that decides.
+// A flat button with a picture. A click only reports: whether it looks pressed (checked) is set by the code that
+// decides.
 class PictureButton : public QToolButton {
  public:
   PictureButton(const QString& name, const QString& picture, const QString& tip, QWidget* parent);
@@ -31,7 +32,8 @@ class PictureButton : public QToolButton {
   void nextCheckState() override {}
 };
 
-// A tile of an option frame: the option itself (`opt...`), and in it the picture (`img...`) that may be clicked as well.
+// A tile of an option frame: the option itself (`opt...`), and in it the picture (`img...`) that may be clicked as
+// well.
 class PictureOption : public PictureButton {
  public:
   PictureOption(const QString& optionName, const QString& pictureName, const QString& picture, const QString& caption,

@@ -12,7 +12,9 @@
 
 // The drawings lie in a static library, whose resources are not there until they are asked for. (The macro must stand
 // outside any namespace.)
-static void loadDrawings() { Q_INIT_RESOURCE(assets); }
+static void loadDrawings() {
+  Q_INIT_RESOURCE(assets);
+}
 
 namespace ruvo::theme {
 namespace {
@@ -163,8 +165,9 @@ QFrame[role="divider"] { background: @line; border: none; }
 QString styleSheetOf(const Roles& r) {
   QString sheet = QString::fromLatin1(kStyleSheet);
   const std::pair<const char*, QColor> colours[] = {
-      {"@window", r.window}, {"@raised", r.raised}, {"@field", r.field}, {"@ink", r.ink},         {"@quietInk", r.quietInk},
-      {"@line", r.line},     {"@accent", r.accent}, {"@hover", r.hover}, {"@pressed", r.pressed}, {"@selected", r.selected}};
+      {"@window", r.window},     {"@raised", r.raised},    {"@field", r.field},   {"@ink", r.ink},
+      {"@quietInk", r.quietInk}, {"@line", r.line},        {"@accent", r.accent}, {"@hover", r.hover},
+      {"@pressed", r.pressed},   {"@selected", r.selected}};
   for (const auto& [name, colour] : colours) sheet.replace(name, colour.name());
   return sheet;
 }
@@ -181,8 +184,12 @@ void apply(QApplication& application) {
   application.setStyleSheet(styleSheetOf(current));
 }
 
-const Roles& roles() { return current; }
+const Roles& roles() {
+  return current;
+}
 
-QIcon icon(const QString& name) { return QIcon(new InkIconEngine(name)); }
+QIcon icon(const QString& name) {
+  return QIcon(new InkIconEngine(name));
+}
 
 }  // namespace ruvo::theme

@@ -1,5 +1,6 @@
-// The program's look: a few colour roles for a light and a dark theme, the palette and style sheet made from them, and the
-// icons, which are SVG drawings recoloured with the theme's ink and rendered at the size and scale that is asked for.
+// The program's look: a few colour roles for a light and a dark theme, the palette and style sheet made from them, and
+// the icons, which are SVG drawings recoloured with the theme's ink and rendered at the size and scale that is asked
+// for.
 #pragma once
 
 #include <QColor>

@@ -26,9 +26,9 @@ void drawGlyph(QPainter& painter, QStyle::SubControl control, const QRectF& box)
     default: {  // back to normal: two overlapping squares
       const qreal shift = box.width() * 0.3;
       painter.drawRect(box.adjusted(0, shift, -shift, 0));
-      painter.drawPolyline(QPolygonF{QPointF(box.left() + shift, box.top() + shift), QPointF(box.left() + shift, box.top()),
-                                     box.topRight(), QPointF(box.right(), box.bottom() - shift),
-                                     QPointF(box.right() - shift, box.bottom() - shift)});
+      painter.drawPolyline(QPolygonF{
+          QPointF(box.left() + shift, box.top() + shift), QPointF(box.left() + shift, box.top()), box.topRight(),
+          QPointF(box.right(), box.bottom() - shift), QPointF(box.right() - shift, box.bottom() - shift)});
     }
   }
 }
@@ -111,14 +111,22 @@ QIcon glyphIcon(QStyle::SubControl control) {
 
 QIcon ShellStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
   switch (which) {
-    case SP_MessageBoxInformation: return signIcon('i', "#2563D9");
-    case SP_MessageBoxQuestion: return signIcon('?', "#2563D9");
-    case SP_MessageBoxWarning: return signIcon('!', "#D97A12");
-    case SP_MessageBoxCritical: return signIcon('!', "#C8342B");
-    case SP_TitleBarCloseButton: return glyphIcon(SC_TitleBarCloseButton);
-    case SP_TitleBarNormalButton: return glyphIcon(SC_TitleBarNormalButton);
-    case SP_TitleBarMinButton: return glyphIcon(SC_TitleBarMinButton);
-    default: return QProxyStyle::standardIcon(which, option, widget);
+    case SP_MessageBoxInformation:
+      return signIcon('i', "#2563D9");
+    case SP_MessageBoxQuestion:
+      return signIcon('?', "#2563D9");
+    case SP_MessageBoxWarning:
+      return signIcon('!', "#D97A12");
+    case SP_MessageBoxCritical:
+      return signIcon('!', "#C8342B");
+    case SP_TitleBarCloseButton:
+      return glyphIcon(SC_TitleBarCloseButton);
+    case SP_TitleBarNormalButton:
+      return glyphIcon(SC_TitleBarNormalButton);
+    case SP_TitleBarMinButton:
+      return glyphIcon(SC_TitleBarMinButton);
+    default:
+      return QProxyStyle::standardIcon(which, option, widget);
   }
 }
 
@@ -127,11 +135,16 @@ ShellStyle::ShellStyle() : QProxyStyle("Fusion") {}
 int ShellStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* returned) const {
   switch (hint) {
-    case SH_ToolTip_WakeUpDelay: return 450;
-    case SH_EtchDisabledText: return 0;
-    case SH_DialogButtonBox_ButtonsHaveIcons: return 0;
-    case SH_WindowFrame_Mask: return 0;  // no rounded corners cut out of a document window
-    default: return QProxyStyle::styleHint(hint, option, widget, returned);
+    case SH_ToolTip_WakeUpDelay:
+      return 450;
+    case SH_EtchDisabledText:
+      return 0;
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+      return 0;
+    case SH_WindowFrame_Mask:
+      return 0;  // no rounded corners cut out of a document window
+    default:
+      return QProxyStyle::styleHint(hint, option, widget, returned);
   }
 }
 
@@ -144,8 +157,10 @@ int ShellStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
 void ShellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
   switch (element) {
-    case PE_IndicatorCheckBox: return drawIndicator(*painter, *option, false);
-    case PE_IndicatorRadioButton: return drawIndicator(*painter, *option, true);
+    case PE_IndicatorCheckBox:
+      return drawIndicator(*painter, *option, false);
+    case PE_IndicatorRadioButton:
+      return drawIndicator(*painter, *option, true);
     case PE_FrameWindow: {
       const QRect outer = option->rect.adjusted(0, 0, -1, -1);
       painter->setPen(roles().line);
@@ -155,7 +170,8 @@ void ShellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
       painter->drawRect(outer.adjusted(2, 2, -2, -2));
       return;
     }
-    default: QProxyStyle::drawPrimitive(element, option, painter, widget);
+    default:
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
   }
 }
 

@@ -1,5 +1,5 @@
-// The widget style: Fusion with flat title bars and frames for the document windows, clear check and radio indicators, and
-// plain signs in message boxes.
+// The widget style: Fusion with flat title bars and frames for the document windows, clear check and radio indicators,
+// and plain signs in message boxes.
 #pragma once
 
 #include <QProxyStyle>

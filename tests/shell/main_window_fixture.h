@@ -45,8 +45,8 @@ class MainWindowTest : public testing::Test {
   void mouse(QWidget& target, Qt::MouseButton button) {
     const QPointF at(target.width() / 2.0, target.height() / 2.0);
     for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-      QMouseEvent event(type, at, target.mapToGlobal(at), button, type == QEvent::MouseButtonPress ? button : Qt::NoButton,
-                        Qt::NoModifier);
+      QMouseEvent event(type, at, target.mapToGlobal(at), button,
+                        type == QEvent::MouseButtonPress ? button : Qt::NoButton, Qt::NoModifier);
       QApplication::sendEvent(&target, &event);
     }
   }

@@ -18,7 +18,9 @@ QStringList barOf(QMenuBar& bar) {
   return names;
 }
 
-QAction* actionOf(QMenuBar& bar, const QString& name) { return bar.parentWidget()->findChild<QAction*>(name); }
+QAction* actionOf(QMenuBar& bar, const QString& name) {
+  return bar.parentWidget()->findChild<QAction*>(name);
+}
 
 TEST_F(Documents, EachTakesTheToolsAndEveryChangeOfThem) {
   click("imgTools(13)");

@@ -42,17 +42,16 @@ TEST_F(Tools, CombosHoldTheirItemsAndFirstSelections) {
     const char* last;
     int selected;
   };
-  for (const Row& row : {Row{"cboMagnify", 8, "1", "8", 0}, Row{"cboGlass", 7, "2", "8", 0},
-                         Row{"cboBrushSize", 20, "1  ", "20  ", 2},
-                         Row{"cboPaintBrushTranslucencyPercent", 17, "100", "20", 0},
-                         Row{"cboSprayDensity", 3, "Low", "High", 1},
-                         Row{"cboSprayTranslucencyPercent", 17, "100", "20", 0},
-                         Row{"cboCustomBrushShape", 2, "As Oval", "Rectangle", 0},
-                         Row{"cboCustomBrushApplyManner", 2, "Normal", "Overlap", 0},
-                         Row{"cboPolygonOperationType", 9, " 1.    Outline", " 9.    3 & Crop", 0},
-                         Row{"cboPolygonSetting(0)", 6, "3", "8", 3}, Row{"cboPolygonSetting(1)", 186, "15", "200", 35},
-                         Row{"cboPolygonSetting(2)", 9, "1", "0.2", 0}, Row{"cboPolygonSetting(3)", 361, "0", "360", 0},
-                         Row{"cboStampStyle", 3, "Stamp Original", "Texture Engrave", 0}}) {
+  for (const Row& row :
+       {Row{"cboMagnify", 8, "1", "8", 0}, Row{"cboGlass", 7, "2", "8", 0}, Row{"cboBrushSize", 20, "1  ", "20  ", 2},
+        Row{"cboPaintBrushTranslucencyPercent", 17, "100", "20", 0}, Row{"cboSprayDensity", 3, "Low", "High", 1},
+        Row{"cboSprayTranslucencyPercent", 17, "100", "20", 0},
+        Row{"cboCustomBrushShape", 2, "As Oval", "Rectangle", 0},
+        Row{"cboCustomBrushApplyManner", 2, "Normal", "Overlap", 0},
+        Row{"cboPolygonOperationType", 9, " 1.    Outline", " 9.    3 & Crop", 0},
+        Row{"cboPolygonSetting(0)", 6, "3", "8", 3}, Row{"cboPolygonSetting(1)", 186, "15", "200", 35},
+        Row{"cboPolygonSetting(2)", 9, "1", "0.2", 0}, Row{"cboPolygonSetting(3)", 361, "0", "360", 0},
+        Row{"cboStampStyle", 3, "Stamp Original", "Texture Engrave", 0}}) {
     const QStringList items = itemsOf(control<QComboBox>(row.name));
     ASSERT_EQ(items.size(), row.count) << row.name;
     EXPECT_EQ(items.first(), row.first) << row.name;
