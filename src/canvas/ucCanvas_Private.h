@@ -15,8 +15,8 @@ struct ucCanvas::Private final : CanvasEvents, CanvasWindow {
   explicit Private(ucCanvas& canvas);
 
   // --- Device pixels
-  // --------------------------------------------------------------------------------------------------- Control points
-  // for the core, counted from the device pixel at which the control begins.
+
+  // Control points for the core, counted from the device pixel at which the control begins.
   Point toDevice(QPointF logical) const;
   Size deviceClient() const;
   // The logical rectangle that holds device pixels.
@@ -24,7 +24,6 @@ struct ucCanvas::Private final : CanvasEvents, CanvasWindow {
   void takeClient();  // hands size and bars to the core
 
   // --- CanvasEvents: each becomes the signal of its name
-  // -------------------------------------------------------------------
   void NotifyScroll() override { Q_EMIT q.NotifyScroll(); }
   void NotifyClickData(int button, Colour colour, int x, int y) override {
     Q_EMIT q.NotifyClickData(button, colour, x, y);
@@ -42,7 +41,6 @@ struct ucCanvas::Private final : CanvasEvents, CanvasWindow {
   void DIBProgressEnd() override { Q_EMIT q.DIBProgressEnd(); }
 
   // --- CanvasWindow
-  // ---------------------------------------------------------------------------------------------------------
   void repaint(const Rect& control) override;
   void arrange() override;
   void setCursor(CursorWord word) override;

@@ -53,7 +53,7 @@ const QList<QMenu*>& frmRuvoPaint::menus() {
   return d_->menus->menus();
 }
 
-// --- Talking -----------------------------------------------------------------------------------------------
+// --- Talking
 
 void frmRuvoPaint::Private::tell(const QString& text, desktop::Icon icon) {
   desktop::desktop().message(link.window(), text, icon);
@@ -90,7 +90,7 @@ bool frmRuvoPaint::Private::hasUnsavedChanges() const {
   return slot >= 0 && static_cast<std::size_t>(slot) < documents.size() && documents[slot].changed;
 }
 
-// --- Display -----------------------------------------------------------------------------------------------
+// --- Display
 
 void frmRuvoPaint::Private::showPicture() {
   canvas->CanvasResize();

@@ -27,7 +27,7 @@ class frmRuvoPaint : public QWidget {
   // The document's menus in menu bar order; the main window shows them while this document is the active one.
   const QList<QMenu*>& menus();
 
-  // --- Life ------------------------------------------------------------------------------------------------------------
+  // --- Life
   // Called by the opener once the window is shown (first) and whenever another child was active before. The first one
   // acts on `command`; false means that the document could not be opened and its window must go.
   bool firstActivation(PendingOpen command, const QString& file);
@@ -36,7 +36,7 @@ class frmRuvoPaint : public QWidget {
   // The closing question: true when the window may close. Silent when nothing is unsaved or closing was confirmed.
   bool queryUnload();
 
-  // --- Operations that others call by name ---------------------------------------------------------------------------------
+  // --- Operations that others call by name
   // openMode is the number of the pending open command; 2 is quiet (no message boxes).
   bool LoadOpenFile(const QString& FileSpec, int openMode, bool inUpdateFileHistory);
   void UpdateDisplay();
@@ -48,7 +48,7 @@ class frmRuvoPaint : public QWidget {
   void rebuildFileHistoryMenu();
   void updateOptionMenus();  // copies the option flags to the document's own Options menu
 
-  // --- Routed from the main window's controls --------------------------------------------------------------------------------
+  // --- Routed from the main window's controls
   void Do_imgToolsClick(int index);
   void Do_ckbFitInClick();
   void Do_cmdGlassClick();

@@ -83,7 +83,7 @@ void frmRuvoPaint::Do_cmdRegionOperation(int) {
   updateEditButtons();
 }
 
-// --- Options -----------------------------------------------------------------------------------------------
+// --- Options
 
 void frmRuvoPaint::Private::runOption(const QString& control, int index) {
   if (control == QLatin1String("mnuSubMonitorRAM")) {
@@ -132,7 +132,7 @@ void frmRuvoPaint::rebuildFileHistoryMenu() {
   d_->menus->setHistory(QStringLiteral("mnuFileHistory"), shortened, whole);
 }
 
-// --- What is enabled ---------------------------------------------------------------------------------------
+// --- What is enabled
 
 void frmRuvoPaint::Private::updateMenus() {
   unsigned have = 0;
@@ -170,7 +170,7 @@ void frmRuvoPaint::UpdateAllowableMenusForScreenMode() {
   }
 }
 
-// --- Inquiry -----------------------------------------------------------------------------------------------
+// --- Inquiry
 
 void frmRuvoPaint::Private::runInquiry(const QString& control) {
   const clsDIB& picture = canvas->DIB();

@@ -50,7 +50,7 @@ struct frmRuvoPaint::Private {
   bool hasUnsavedChanges() const;
   bool isActiveWindow() const;
 
-  // --- Talking ---------------------------------------------------------------------------------------------
+  // --- Talking
   void tell(const QString& text, desktop::Icon icon = desktop::Icon::Exclamation);
   bool ask(const QString& question);
   void setPixelPanel(const std::string& text) { link.setStatusPanel(kPanelPixel, qt(text)); }
@@ -58,13 +58,13 @@ struct frmRuvoPaint::Private {
   void updatePanels();
   void setChanged(bool changed);
 
-  // --- Life ------------------------------------------------------------------------------------------------
+  // --- Life
   bool makeNew(const std::string& name, int width, int height);
   void releaseEverything();
   void readSession();
   void readToolbox();
 
-  // --- The frame around every command that changes the picture ---------------------------------------------
+  // --- The frame around every command that changes the picture
   // Ends a stroke that is still drawn and what floats, the latter as a state of its own; true when something floated.
   bool commitFloatingAndPush();
   void pushState();
@@ -84,7 +84,7 @@ struct frmRuvoPaint::Private {
     return true;
   }
 
-  // --- Tools and view --------------------------------------------------------------------------------------
+  // --- Tools and view
   int operationOfMode() const;
   int effectiveBrushSize() const;
   // No tool: ends a curve or a polygon that is under way, without a trace.
@@ -97,7 +97,7 @@ struct frmRuvoPaint::Private {
     canvas->settings().*setting = link.toolbox().*value;
   }
 
-  // --- Commands --------------------------------------------------------------------------------------------
+  // --- Commands
   void commandNew();
   void commandOpen(bool inExistingWindow);
   void openDropped();

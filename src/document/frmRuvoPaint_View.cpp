@@ -114,7 +114,7 @@ void frmRuvoPaint::Do_UpdateModeChange() {
   d_->showPicture();
 }
 
-// --- Quick scroll: the hand, while a bar shows and no tool is chosen ---------------------------------------
+// --- Quick scroll: the hand, while a bar shows and no tool is chosen
 
 void frmRuvoPaint::AllowOrDisallowQuickScroll() {
   d_->link.setScrollButtons(d_->hasPicture() && d_->canvas->HasScrollBarVisible(), false);
@@ -141,7 +141,7 @@ void frmRuvoPaint::Do_imgPanoramicClick() {
   AllowOrDisallowQuickScroll();
 }
 
-// --- Magnifying glass --------------------------------------------------------------------------------------
+// --- Magnifying glass
 
 // The lens is not drawn yet, so its button stays disabled.
 void frmRuvoPaint::Do_UpdateGlassButton() {

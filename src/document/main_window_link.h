@@ -32,7 +32,7 @@ class MainWindowLink {
   virtual ToolboxState toolbox() const = 0;
   virtual QWidget* window() = 0;  // parent for message boxes
 
-  // --- Document list -------------------------------------------------------------------------------------------------
+  // --- Document list
   // Opens a document window in a free slot; its first activation runs at once and acts on the command.
   virtual void openDocument(PendingOpen command, const QString& file) = 0;
   virtual int documentCount() const = 0;
@@ -41,7 +41,7 @@ class MainWindowLink {
   virtual void closeAllDocuments() = 0;                      // each by its own closing question
   virtual void setDocumentCaption(frmRuvoPaint* document, const QString& shortened, const QString& wholePath) = 0;
 
-  // --- Status, progress, toolbar --------------------------------------------------------------------------------------
+  // --- Status, progress, toolbar
   virtual void setStatusPanel(int panel, const QString& text) = 0;
   virtual void setProgress(int percent) = 0;  // 0 to 100
   virtual void endProgress() = 0;
@@ -54,14 +54,14 @@ class MainWindowLink {
   virtual void setZoomScale(int scale) = 0;    // shows it in txbZoomScale
   virtual void setFitIn(bool checked) = 0;     // sets ckbFitIn without telling the document
 
-  // --- Tools ------------------------------------------------------------------------------------------------------------
+  // --- Tools
   virtual void selectTool(int index) = 0;  // border of the tool image and its option frame
   virtual void FlatAllToolsImages() = 0;   // all flat; tells the document Notify_SetScrollOp_FromMDI
   virtual void SetOptionFrame(int index) = 0;
   virtual void colorPicked(Colour colour, bool second) = 0;  // ends in updateColorToUse
   virtual void showCustomPictures() = 0;   // the option frames' pictures of brush, pattern, stamp changed
 
-  // --- Windows and files ------------------------------------------------------------------------------------------------
+  // --- Windows and files
   virtual void unloadToolWindows(bool spareBrowser) = 0;
   virtual void addToFileHistory(const QString& path) = 0;
   virtual void openFromHistory(int index) = 0;  // index 0 to 7, as clicked on a document's menu
@@ -71,7 +71,7 @@ class MainWindowLink {
   virtual QString lastFolder(const QString& key) const = 0;  // settings "Last Folder"
   virtual void setLastFolder(const QString& key, const QString& folder) = 0;
 
-  // --- Commands that a document's menu shares with the main window --------------------------------------------------------
+  // --- Commands that a document's menu shares with the main window
   virtual void mnuOptionsSub_Click(int index) = 0;
   virtual void mnuSubMonitorRAM_Click(int index) = 0;
   virtual void mnuOptionsSessionOnlySub_Click(int index) = 0;

@@ -26,7 +26,7 @@ constexpr unsigned kEditPaste = kNeedClipboard | kNotBuilt;
 
 // A row stands after the row that it hangs under.
 constexpr MenuRow kRows[] = {
-    // --- File ----------------------------------------------------------------------------------------------
+    // --- File
     bar("mnuFile", "&File", kScopeBoth),
     item("mnuFileSub", 0, "mnuFile", "&New ....", kNeedNothing, kScopeBoth, "Ctrl+N"),
     item("mnuFileSub", 1, "mnuFile", "&Open ....", kNeedNothing, kScopeBoth, "Ctrl+O"),
@@ -99,7 +99,7 @@ constexpr MenuRow kRows[] = {
     item("mnuFileCloseAll", -1, "mnuFile", "Close &All Windows", kNeedPicture, kScopeBoth, "Ctrl+Shift+W"),
     item("mnuFileExit", -1, "mnuFile", "E&xit", kNeedNothing, kScopeBoth, "Ctrl+Q"),
 
-    // --- Animated GIF --------------------------------------------------------------------------------------
+    // --- Animated GIF
     bar("mnuAnimatedGIF", "Animated &GIF", kScopeBoth),
     item("mnuAnimatedGIFNew", 0, "mnuAnimatedGIF", "&Assemble Frames From Files ....", kNotBuilt, kScopeBoth),
     item("mnuAnimatedGIFNew", 1, "mnuAnimatedGIF", "Load &First Frame From GIF File ....", kNotBuilt, kScopeBoth),
@@ -119,7 +119,7 @@ constexpr MenuRow kRows[] = {
     item("mnuFileHistoryGIFani", 7, "mnuAnimatedGIF", "", kNotBuilt, kScopeBoth),
     item("mnuFileHistoryGIFani", 8, "mnuAnimatedGIF", "", kNotBuilt, kScopeBoth),
 
-    // --- DigiPhoto -----------------------------------------------------------------------------------------
+    // --- DigiPhoto
     bar("mnuDigiPhoto", "&DigiPhoto", kScopeBoth),
     item("mnuDigiPhotoSub", 0, "mnuDigiPhoto", "&Browse", kNotBuilt, kScopeBoth),
     item("mnuDigiPhotoBrowseSub", 0, "mnuDigiPhotoSub(0)", "At &Current View Or Paint Mode", kNotBuilt, kScopeBoth),
@@ -134,7 +134,7 @@ constexpr MenuRow kRows[] = {
          kNotBuilt, kScopeBoth),
     item("mnuDigiPhotoSub", 6, "mnuDigiPhoto", "Streamline &Image Size ....", kNotBuilt, kScopeBoth),
 
-    // --- Edit ----------------------------------------------------------------------------------------------
+    // --- Edit
     bar("mnuEdit", "&Edit", kScopeBoth),
     item("mnuEditUndo", -1, "mnuEdit", "&Undo", kNeedUndo, kScopeBoth, "Ctrl+Z"),
     item("mnuEditRedo", -1, "mnuEdit", "&Redo", kNeedRedo, kScopeBoth, "Ctrl+Y"),
@@ -193,7 +193,7 @@ constexpr MenuRow kRows[] = {
     line("mnuEditLine", 2, "mnuEdit", kScopeBoth),
     item("mnuEditClearClipboard", -1, "mnuEdit", "C&lear Clipboard", kNotBuilt, kScopeBoth),
 
-    // --- Menus that need a document ------------------------------------------------------------------------
+    // --- Menus that need a document
     bar("mnuRotate", "&Rotate", kScopeDocument),
     item("mnuRotateSub", 0, "mnuRotate", "Flip &Horizontal", kNeedPicture, kScopeDocument),
     item("mnuRotateSub", 1, "mnuRotate", "Flip &Vertical", kNeedPicture, kScopeDocument),
@@ -228,7 +228,7 @@ constexpr MenuRow kRows[] = {
          kScopeDocument),
     item("mnuInquiryFullFileSpec", -1, "mnuInquiry", "&Full File Specification", kNeedPicture, kScopeDocument),
 
-    // --- Options -------------------------------------------------------------------------------------------
+    // --- Options
     bar("mnuOptions", "&Options", kScopeBoth),
     check("mnuOptionsSub", 1, "mnuOptions", "Set To &SDI Only  (Default Is MDI- Multi-Document-Interface)"),
     line("mnuOptionsSub", 2, "mnuOptions", kScopeBoth),
@@ -253,7 +253,7 @@ constexpr MenuRow kRows[] = {
     check("mnuOptionsSessionOnlySub", 2, "mnuOptionsSub(12)", "Suspend &Region Resize by Edge Dragging"),
     check("mnuOptionsSessionOnlySub", 3, "mnuOptionsSub(12)", "&Turn On [X, Y] Axis Lines (If Applicable)"),
 
-    // --- Windows, Help -------------------------------------------------------------------------------------
+    // --- Windows, Help
     bar("mnuWindows", "&Windows", kScopeBoth),
     item("mnuWindowsSub", 0, "mnuWindows", "&Cascade", kNeedPicture, kScopeBoth),
     item("mnuWindowsSub", 1, "mnuWindows", "Tile &Horizontally", kNeedPicture, kScopeBoth),

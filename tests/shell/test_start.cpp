@@ -70,7 +70,6 @@ TEST(WinVer, CodesOfTheVersionsThatHaveOne) {
 }
 
 // --- A second start
-// ---------------------------------------------------------------------------------------------------------------
 
 class SecondProgram : public testing::Test {
  protected:
@@ -120,7 +119,6 @@ TEST_F(SecondProgram, EndsWithoutAWordWhileAnAnimationIsOpenThere) {
 }
 
 // --- The built program
-// --------------------------------------------------------------------------------------------------------------
 
 class BuiltProgram : public testing::Test {
  protected:

@@ -30,7 +30,6 @@ const ToolRow& CanvasCore::row() const {
 }
 
 // --- Properties
-// ----------------------------------------------------------------------------------------------------------
 
 void CanvasCore::setCanvasOp(int op) {
   if (op < 0 || op > kScrollOp) return;
@@ -69,7 +68,6 @@ bool CanvasCore::toolInProgress(int op) const {
 }
 
 // --- Layout and painting
-// ---------------------------------------------------------------------------------------------------
 
 void CanvasCore::setClient(Size client, Size bars, int scale) {
   client_ = client;
@@ -182,7 +180,6 @@ void CanvasCore::repaintDisplay(const Rect& display) {
 }
 
 // --- Strokes
-// ---------------------------------------------------------------------------------------------------------------
 
 void CanvasCore::resetStroke() {
   if (tool()) tool()->drop();
@@ -243,7 +240,6 @@ void CanvasCore::setWorking(bool working) {
 }
 
 // --- Edges
-// -----------------------------------------------------------------------------------------------------------------
 
 bool CanvasCore::edgeHandlesShown() const {
   return !edgesSuspended_ && !blank() && !view_.anyBar() && !view_.FitInView && op_ == kScrollOp && screenMode_ != 0 &&
@@ -294,7 +290,6 @@ bool CanvasCore::takeNewSize(Size size, Point oldAt) {
 }
 
 // --- Dropped files
-// -----------------------------------------------------------------------------------------------------------
 
 bool CanvasCore::dropAllowed(std::string_view fileName) const {
   constexpr std::size_t kShortestName = 5;

@@ -38,7 +38,6 @@ class CanvasCore final : private ToolContext {
   void setRandomSource(RandomSource* source) { random_ = source; }
 
   // --- Properties whose write acts
-  // -------------------------------------------------------------------------------------
   int CanvasOp() const { return op_; }
   void setCanvasOp(int op);  // 0 to 18, else nothing
   int CanvasScreenMode() const { return screenMode_; }
@@ -53,9 +52,9 @@ class CanvasCore final : private ToolContext {
   bool floats() const { return !bitmaps.DIBregion.empty(); }
 
   // --- Members
-  // --------------------------------------------------------------------------------------------------------- Size of
-  // the control, thickness of its bars (width of the vertical, height of the horizontal one), and how many times as
-  // large as on an ordinary screen handles are.
+
+  // Size of the control, thickness of its bars (width of the vertical, height of the horizontal one), and how many
+  // times as large as on an ordinary screen handles are.
   void setClient(Size client, Size bars, int scale = 1);
   void CanvasResize();
   void CanvasPicPaint();
@@ -70,14 +69,12 @@ class CanvasCore final : private ToolContext {
   void dropFloating();
 
   // --- Mouse, in control pixels
-  // ----------------------------------------------------------------------------------------
   void mousePress(Point at, MouseButton button, KeyModifiers keys);
   void mouseMove(Point at, KeyModifiers keys);
   void mouseRelease(Point at, MouseButton button, KeyModifiers keys);
   void mouseLeave();  // the pointer left the control
 
   // --- Resizing the canvas by its edges
-  // ----------------------------------------------------------------------------------
   bool edgeHandlesShown() const;
   const EdgeDrag& edgeDrag() const { return edgeDrag_; }
   void edgePress(CanvasEdge edge, Point at);
@@ -85,8 +82,8 @@ class CanvasCore final : private ToolContext {
   void edgeRelease();
 
   // --- Painting and files
-  // -------------------------------------------------------------------------------------------------- Renders `area`
-  // of the display with what is drawn over the picture. See ViewRenderer::render.
+
+  // Renders `area` of the display with what is drawn over the picture. See ViewRenderer::render.
   void render(const Rect& area, RenderTarget target);
   // A dropped file's name has one of the extensions of FileExtAllowed.
   bool dropAllowed(std::string_view fileName) const;

@@ -36,12 +36,10 @@ class SingleInstance : public QObject {
   Role claim();
 
   // --- As second
-  // ------------------------------------------------------------------------------------------------------------
   bool firstShowsAnimation();
   HandOver handOver(const QString& text);
 
   // --- As first
-  // ---------------------------------------------------------------------------------------------------------------
   // Answers a second start's question whether an animation window is open here.
   void setAnimationTest(std::function<bool()> test) { showsAnimation_ = std::move(test); }
   // From now on texts are passed on as they arrive, first those that waited.

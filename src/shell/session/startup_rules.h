@@ -8,7 +8,6 @@
 namespace ruvo {
 
 // --- A second start
-// ------------------------------------------------------------------------------------------------------
 enum class SecondStart {
   Proceed,            // nobody else runs
   EndSilently,        // an animation window owns the first instance: the command is lost, without a word
@@ -21,8 +20,8 @@ SecondStart decideSecondStart(bool otherRuns, bool otherShowsAnimation, std::str
 bool isAnimationTitle(std::string_view title);
 
 // --- Imaging service
-// -------------------------------------------------------------------------------------------------------- Version
-// codes of the desktop platform; 0 is any that is not named here.
+
+// Version codes of the desktop platform; 0 is any that is not named here.
 inline constexpr int kVersionCodeWin95 = 3;
 inline constexpr int kVersionCodeXp = 7;
 
@@ -37,11 +36,9 @@ struct ImagingEvidence {
 bool decideGdiPlusUsable(const ImagingEvidence& evidence);
 
 // --- Display
-// ------------------------------------------------------------------------------------------------------------------
 bool needsDepthReminder(int screenBitsPerPixel, bool remindOption);
 
 // --- Memory
-// -------------------------------------------------------------------------------------------------------------------
 // The free memory in KB below which a monitor level reminds; 0 for a level that does not (all but 1 to 4).
 long ramThresholdKb(int monitorLevel);
 

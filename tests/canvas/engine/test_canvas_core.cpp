@@ -208,7 +208,6 @@ TEST(CanvasCore, FittingKeepsSmallPicturesUnlessAskedOtherwise) {
 }
 
 // --- Edge dragging
-// -------------------------------------------------------------------------------------------------------
 
 TEST(CanvasEdges, HandlesShowOnlyWhereADragMakesSense) {
   RecordedCanvas canvas({100, 100});
