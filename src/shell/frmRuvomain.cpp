@@ -110,9 +110,8 @@ void frmRuvomain::buildControls() {
                                             .panoramic = [this] { tell(&frmRuvoPaint::Do_imgPanoramicClick); }});
   rows->addWidget(d_->toolbar);
 
-  auto* panel = new QWidget(centre);
+  auto* panel = new shell::Panel(shell::Panel::Border::Right, centre);
   panel->setObjectName("picToolPanel");
-  panel->setAttribute(Qt::WA_StyledBackground);
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins(shell::kPanelMargin, 8, shell::kPanelMargin, 6);
   column->setSpacing(8);
@@ -132,6 +131,7 @@ void frmRuvomain::buildControls() {
   area->setFrameShape(QFrame::NoFrame);
   area->setWidgetResizable(true);
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area->viewport()->setAutoFillBackground(false);
   auto* holder = new QWidget;
   auto* holderColumn = new QVBoxLayout(holder);
   holderColumn->setContentsMargins(0, 0, 0, 0);
@@ -144,6 +144,7 @@ void frmRuvomain::buildControls() {
   holderColumn->addWidget(d_->options);
   holderColumn->addStretch();
   area->setWidget(holder);
+  holder->setAutoFillBackground(false);
   column->addWidget(area, 1);
   panel->setFixedWidth(std::max(d_->options->widestFrame(), d_->colors->minimumSizeHint().width()) +
                        2 * shell::kPanelMargin + 1);

@@ -89,10 +89,8 @@ void OptionArray::choose(int index) {
   if (chosenName != nullptr) chosenName->setText(options[index]->accessibleName());
 }
 
-OptionFrames::OptionFrames(QWidget* parent, Calls calls) : QWidget(parent), calls_(std::move(calls)) {
+OptionFrames::OptionFrames(QWidget* parent, Calls calls) : Panel(Border::Frame, parent), calls_(std::move(calls)) {
   setObjectName("fraOptionHost");
-  // A style sheet paints a plain widget's background only when told so.
-  setAttribute(Qt::WA_StyledBackground);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   for (int i = 0; i < kOptionFrameCount; ++i) {
@@ -101,7 +99,7 @@ OptionFrames::OptionFrames(QWidget* parent, Calls calls) : QWidget(parent), call
     auto* inner = new QVBoxLayout(frame);
     inner->setContentsMargins(9, 7, 9, 9);
     inner->setSpacing(6);
-    inner->addWidget(label(kFrameCaptions[static_cast<std::size_t>(i)], frame, "heading"));
+    inner->addWidget(label(kFrameCaptions[static_cast<std::size_t>(i)], frame, LabelKind::Heading));
     frame->hide();
     frames_[static_cast<std::size_t>(i)] = frame;
     layout->addWidget(frame);
@@ -147,7 +145,7 @@ void OptionFrames::addTiles(QWidget* frame, OptionArray& array, const Tiles& til
     grid->addWidget(tile, i / tiles.columns, i % tiles.columns);
   }
   grid->setColumnStretch(tiles.columns, 1);
-  array.chosenName = label(QString(), frame, "quiet");
+  array.chosenName = label(QString(), frame, LabelKind::Quiet);
   array.chosenName->setWordWrap(true);
   column(frame)->addLayout(grid);
   column(frame)->addWidget(array.chosenName);

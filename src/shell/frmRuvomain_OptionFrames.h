@@ -8,6 +8,7 @@
 
 #include "document/frmRuvoPaint.h"
 #include "shell/frmRuvomain_Colors.h"
+#include "shell/shell_controls.h"
 
 class QAbstractButton;
 class QComboBox;
@@ -37,7 +38,7 @@ struct OptionArray {
   void choose(int index);
 };
 
-class OptionFrames : public QWidget {
+class OptionFrames : public Panel {
  public:
   // The operation of the active document that a control's change is passed to.
   using Call = void (frmRuvoPaint::*)();

@@ -41,9 +41,8 @@ bool ElidedLabel::event(QEvent* event) {
   return QLabel::event(event);
 }
 
-StatusBar::StatusBar(QWidget* parent) : QWidget(parent) {
+StatusBar::StatusBar(QWidget* parent) : Panel(Border::Top, parent) {
   setObjectName("picStatusBar");
-  setAttribute(Qt::WA_StyledBackground);
   setFixedHeight(kBarHeight);
   for (int i = 0; i < kStatusPanelCount; ++i) {
     const auto at = static_cast<std::size_t>(i);

@@ -5,6 +5,8 @@
 #include <QWidget>
 #include <array>
 
+#include "shell/shell_controls.h"
+
 namespace ruvo {
 class ucProgress;
 }
@@ -23,7 +25,7 @@ class ElidedLabel : public QLabel {
   bool event(QEvent* event) override;
 };
 
-class StatusBar : public QWidget {
+class StatusBar : public Panel {
  public:
   explicit StatusBar(QWidget* parent);
 

@@ -62,9 +62,8 @@ const std::array<EditButton, kEditButtonCount>& editButtons() {
   return kEditButtons;
 }
 
-Toolbar::Toolbar(QWidget* parent, Calls calls) : QWidget(parent), calls_(std::move(calls)) {
+Toolbar::Toolbar(QWidget* parent, Calls calls) : Panel(Border::Bottom, parent), calls_(std::move(calls)) {
   setObjectName("picToolbar");
-  setAttribute(Qt::WA_StyledBackground);
   buildFileAndEdit();
   buildGlassAndMode();
   buildPaintFrame();
@@ -298,7 +297,7 @@ void Toolbar::resizeEvent(QResizeEvent* event) {
 }
 
 void Toolbar::paintEvent(QPaintEvent* event) {
-  QWidget::paintEvent(event);
+  Panel::paintEvent(event);
   QPainter painter(this);
   for (std::size_t i = 0; i + 1 < dividers_.size(); i += 2)
     painter.fillRect(dividers_[i], dividers_[i + 1] + 4, 1, buttons_.front()->height() - 8, theme::roles().line);

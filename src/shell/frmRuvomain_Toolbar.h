@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "document/main_window_link.h"
+#include "shell/shell_controls.h"
 
 class QCheckBox;
 class QComboBox;
@@ -29,7 +30,7 @@ struct EditButton {
 };
 const std::array<EditButton, kEditButtonCount>& editButtons();
 
-class Toolbar : public QWidget {
+class Toolbar : public Panel {
  public:
   struct Calls {
     std::function<void()> newPicture;

@@ -43,6 +43,24 @@ QString controlName(const QString& array, int index) {
   return QStringLiteral("%1(%2)").arg(array).arg(index);
 }
 
+void Panel::paintEvent(QPaintEvent*) {
+  const theme::Roles& r = theme::roles();
+  QPainter painter(this);
+  const QRect inner = rect().adjusted(0, 0, -1, -1);
+  if (border_ == Border::Frame) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(r.line);
+    painter.setBrush(r.raised);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
+    return;
+  }
+  painter.fillRect(rect(), r.window);
+  painter.setPen(r.line);
+  if (border_ == Border::Top) painter.drawLine(inner.topLeft(), inner.topRight());
+  if (border_ == Border::Right) painter.drawLine(inner.topRight(), inner.bottomRight());
+  if (border_ == Border::Bottom) painter.drawLine(inner.bottomLeft(), inner.bottomRight());
+}
+
 PictureButton::PictureButton(const QString& name, const QString& picture, const QString& tip, QWidget* parent)
     : QToolButton(parent) {
   setObjectName(name);
@@ -107,7 +125,10 @@ Colour fromQColor(const QColor& colour) {
 
 QFrame* divider(Qt::Orientation orientation, QWidget* parent) {
   auto* line = new QFrame(parent);
-  line->setProperty("role", "divider");
+  line->setAutoFillBackground(true);
+  QPalette palette = line->palette();
+  palette.setColor(QPalette::Window, theme::roles().line);
+  line->setPalette(palette);
   if (orientation == Qt::Vertical)
     line->setFixedWidth(1);
   else
@@ -115,8 +136,27 @@ QFrame* divider(Qt::Orientation orientation, QWidget* parent) {
   return line;
 }
 
+namespace {
+
+// A combo box whose list may be wider than the box, so that no item is cut. The list is measured when it opens: most
+// never do.
+class WideListCombo : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+  void showPopup() override {
+    int widest = 0;
+    for (int i = 0; i < count(); ++i) widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(i)));
+    view()->setTextElideMode(Qt::ElideNone);
+    view()->setMinimumWidth(widest + 40);
+    QComboBox::showPopup();
+  }
+};
+
+}  // namespace
+
 QComboBox* combo(const QString& name, const QStringList& items, int first, int width, QWidget* parent) {
-  auto* box = new QComboBox(parent);
+  auto* box = new WideListCombo(parent);
   box->setObjectName(name);
   box->addItems(items);
   box->setCurrentIndex(first);
@@ -124,18 +164,22 @@ QComboBox* combo(const QString& name, const QStringList& items, int first, int w
   box->setMaxVisibleItems(20);
   box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box->setMinimumContentsLength(1);
-  // The list may be wider than the box, so that no item is cut.
-  box->view()->setTextElideMode(Qt::ElideNone);
-  int widest = 0;
-  for (const QString& item : items) widest = std::max(widest, box->fontMetrics().horizontalAdvance(item));
-  box->view()->setMinimumWidth(widest + 40);
   return box;
 }
 
-QLabel* label(const QString& text, QWidget* parent, const char* role) {
+QLabel* label(const QString& text, QWidget* parent, LabelKind kind) {
   auto* made = new QLabel(text, parent);
   made->setTextFormat(Qt::PlainText);
-  if (role != nullptr) made->setProperty("role", role);
+  if (kind == LabelKind::Heading) {
+    QFont font = made->font();
+    font.setWeight(QFont::DemiBold);
+    made->setFont(font);
+  } else if (kind == LabelKind::Quiet) {
+    QPalette palette = made->palette();
+    palette.setColor(QPalette::Active, QPalette::WindowText, theme::roles().quietInk);
+    palette.setColor(QPalette::Inactive, QPalette::WindowText, theme::roles().quietInk);
+    made->setPalette(palette);
+  }
   return made;
 }
 

@@ -22,6 +22,19 @@ QString controlName(const QString& array, int index);
 inline constexpr int kIconSide = 20;
 inline constexpr int kPanelMargin = 9;
 
+// A plain ground with a border on one side, or a frame with round corners.
+class Panel : public QWidget {
+ public:
+  enum class Border { Top, Right, Bottom, Frame };
+  Panel(Border border, QWidget* parent) : QWidget(parent), border_(border) {}
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Border border_;
+};
+
 // A flat button with a picture. A click only reports: whether it looks pressed (checked) is set by the code that
 // decides.
 class PictureButton : public QToolButton {
@@ -65,6 +78,7 @@ Colour fromQColor(const QColor& colour);
 QFrame* divider(Qt::Orientation orientation, QWidget* parent);
 // A combo box with its items and first selection, of a fixed width or (0) as wide as its place.
 QComboBox* combo(const QString& name, const QStringList& items, int first, int width, QWidget* parent);
-QLabel* label(const QString& text, QWidget* parent, const char* role = nullptr);
+enum class LabelKind { Plain, Heading, Quiet };
+QLabel* label(const QString& text, QWidget* parent, LabelKind kind = LabelKind::Plain);
 
 }  // namespace ruvo::shell

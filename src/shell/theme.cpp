@@ -129,49 +129,6 @@ QPalette paletteOf(const Roles& r) {
   return p;
 }
 
-// Only what the palette can not say. Colours stand as @role and are put in from the roles.
-constexpr const char* kStyleSheet = R"(
-QToolTip { background: @raised; color: @ink; border: 1px solid @line; padding: 4px 6px; }
-QMenuBar { background: @window; border-bottom: 1px solid @line; padding: 1px 3px; }
-QMenuBar::item { background: transparent; padding: 4px 5px; border-radius: 4px; }
-QMenuBar::item:selected { background: @hover; }
-QMenuBar::item:pressed { background: @pressed; }
-QMenuBar::item:disabled { color: @quietInk; }
-QToolButton { border: 1px solid transparent; border-radius: 5px; background: transparent; padding: 0; }
-QToolButton:hover:enabled { background: @hover; }
-QToolButton:pressed:enabled { background: @pressed; }
-QToolButton:checked { background: @selected; border-color: @accent; }
-QToolButton:checked:disabled { background: @hover; border-color: @line; }
-QToolButton:focus { border-color: @accent; }
-QToolButton[framed="true"] { background: @raised; border-color: @line; padding: 2px 6px; }
-QToolButton[framed="true"]:hover:enabled { background: @hover; }
-QToolButton[framed="true"]:pressed:enabled { background: @pressed; }
-#picToolbar { background: @window; border-bottom: 1px solid @line; }
-#picToolPanel { background: @window; border-right: 1px solid @line; }
-#picStatusBar { background: @window; border-top: 1px solid @line; }
-#fraOptionHost { background: @raised; border: 1px solid @line; border-radius: 6px; }
-QScrollArea#picOptionArea, QScrollArea#picOptionArea > QWidget > QWidget { background: transparent; border: none; }
-QLineEdit { background: @field; border: 1px solid @line; border-radius: 4px; padding: 2px 4px; }
-QLineEdit:focus { border-color: @accent; }
-QAbstractSpinBox QLineEdit, QComboBox QLineEdit { border: none; padding: 0; }
-QSlider::groove:horizontal { height: 4px; border-radius: 2px; background: @pressed; }
-QSlider::sub-page:horizontal { border-radius: 2px; background: @accent; }
-QSlider::handle:horizontal { width: 14px; margin: -5px 0; border-radius: 7px; background: @accent; }
-QLabel[role="heading"] { font-weight: 600; }
-QLabel[role="quiet"] { color: @quietInk; }
-QFrame[role="divider"] { background: @line; border: none; }
-)";
-
-QString styleSheetOf(const Roles& r) {
-  QString sheet = QString::fromLatin1(kStyleSheet);
-  const std::pair<const char*, QColor> colours[] = {
-      {"@window", r.window},     {"@raised", r.raised},    {"@field", r.field},   {"@ink", r.ink},
-      {"@quietInk", r.quietInk}, {"@line", r.line},        {"@accent", r.accent}, {"@hover", r.hover},
-      {"@pressed", r.pressed},   {"@selected", r.selected}};
-  for (const auto& [name, colour] : colours) sheet.replace(name, colour.name());
-  return sheet;
-}
-
 }  // namespace
 
 void apply(QApplication& application) {
@@ -181,7 +138,6 @@ void apply(QApplication& application) {
   current = dark ? darkRoles() : lightRoles();
   application.setStyle(new ShellStyle);
   application.setPalette(paletteOf(current));
-  application.setStyleSheet(styleSheetOf(current));
 }
 
 const Roles& roles() {

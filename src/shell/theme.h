@@ -1,6 +1,5 @@
-// The program's look: a few colour roles for a light and a dark theme, the palette and style sheet made from them, and
-// the icons, which are SVG drawings recoloured with the theme's ink and rendered at the size and scale that is asked
-// for.
+// The program's look: a few colour roles for a light and a dark theme, the palette made from them, and the icons, which
+// are SVG drawings recoloured with the theme's ink and rendered at the size and scale that is asked for.
 #pragma once
 
 #include <QColor>
@@ -27,7 +26,8 @@ struct Roles {
   QColor selected;  // fill of a chosen tool
 };
 
-// Sets style, palette and style sheet. Dark when the desktop's own palette is dark; the environment variable RUVO_THEME
+// Sets style and palette (a style sheet would more than double the time that a start takes). Dark when the desktop's
+// own palette is dark; the environment variable RUVO_THEME
 // ("light" or "dark") decides instead when it is set. Call once, before the first window is made.
 void apply(QApplication& application);
 

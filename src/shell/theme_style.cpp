@@ -33,6 +33,17 @@ void drawGlyph(QPainter& painter, QStyle::SubControl control, const QRectF& box)
   }
 }
 
+// A rectangle with round corners; a transparent border is none.
+void drawRounded(QPainter& painter, const QRect& rect, const QColor& ground, const QColor& border, qreal radius) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(border.alpha() == 0 ? QPen(Qt::NoPen) : QPen(border));
+  painter.setBrush(ground);
+  const qreal inset = border.alpha() == 0 ? 0 : 0.5;
+  painter.drawRoundedRect(QRectF(rect).adjusted(inset, inset, -inset, -inset), radius, radius);
+  painter.restore();
+}
+
 // A box or a circle that stands out from its ground in both themes.
 void drawIndicator(QPainter& painter, const QStyleOption& option, bool round) {
   const Roles& r = roles();
@@ -151,6 +162,8 @@ int ShellStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
 int ShellStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
   if (metric == PM_MdiSubWindowFrameWidth) return 3;
   if (metric == PM_TitleBarHeight) return 28;
+  if (metric == PM_MenuBarVMargin) return 2;
+  if (metric == PM_MenuBarHMargin) return 3;
   return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
@@ -161,6 +174,13 @@ void ShellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
       return drawIndicator(*painter, *option, false);
     case PE_IndicatorRadioButton:
       return drawIndicator(*painter, *option, true);
+    case PE_PanelLineEdit: {
+      const auto* field = qstyleoption_cast<const QStyleOptionFrame*>(option);
+      if (field == nullptr || field->lineWidth <= 0) break;  // within a combo or spin box
+      const bool focus = (option->state & State_HasFocus) != 0;
+      drawRounded(*painter, option->rect, roles().field, focus ? roles().accent : roles().line, 4);
+      return;
+    }
     case PE_FrameWindow: {
       const QRect outer = option->rect.adjusted(0, 0, -1, -1);
       painter->setPen(roles().line);
@@ -171,16 +191,82 @@ void ShellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
       return;
     }
     default:
-      QProxyStyle::drawPrimitive(element, option, painter, widget);
+      break;
   }
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void ShellStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+  const Roles& r = roles();
+  if (element == CE_MenuBarEmptyArea) {
+    painter->fillRect(option->rect, r.window);
+    return;
+  }
+  const auto* item = element == CE_MenuBarItem ? qstyleoption_cast<const QStyleOptionMenuItem*>(option) : nullptr;
+  if (item == nullptr) return QProxyStyle::drawControl(element, option, painter, widget);
+  painter->fillRect(item->rect, r.window);
+  const bool enabled = (item->state & State_Enabled) != 0;
+  if (enabled && (item->state & State_Selected) != 0) {
+    const bool open = (item->state & State_Sunken) != 0;
+    drawRounded(*painter, item->rect.adjusted(0, 1, 0, -1), open ? r.pressed : r.hover, Qt::transparent, 4);
+  }
+  int flags = Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextDontClip | Qt::TextSingleLine;
+  if (!proxy()->styleHint(SH_UnderlineShortcut, item, widget)) flags |= Qt::TextHideMnemonic;
+  proxy()->drawItemText(painter, item->rect, flags, item->palette, enabled, item->text, QPalette::WindowText);
+}
+
+void ShellStyle::drawToolButton(const QStyleOptionToolButton& button, QPainter& painter, const QWidget* widget) const {
+  const Roles& r = roles();
+  const bool enabled = (button.state & State_Enabled) != 0;
+  const bool checked = (button.state & State_On) != 0;
+  QColor ground = Qt::transparent;
+  QColor border = Qt::transparent;
+  if (checked) {
+    ground = enabled ? r.selected : r.hover;
+    border = enabled ? r.accent : r.line;
+  } else if (enabled && (button.state & State_Sunken) != 0) {
+    ground = r.pressed;
+  } else if (enabled && (button.state & State_MouseOver) != 0) {
+    ground = r.hover;
+  }
+  if ((button.state & State_HasFocus) != 0 && (button.state & State_KeyboardFocusChange) != 0) border = r.accent;
+  if (ground.alpha() != 0 || border.alpha() != 0) drawRounded(painter, button.rect, ground, border, 5);
+  QStyleOptionToolButton label = button;
+  label.rect = proxy()->subControlRect(CC_ToolButton, &button, SC_ToolButton, widget).adjusted(2, 2, -2, -2);
+  proxy()->drawControl(CE_ToolButtonLabel, &label, &painter, widget);
+}
+
+void ShellStyle::drawSlider(const QStyleOptionSlider& slider, QPainter& painter, const QWidget* widget) const {
+  const Roles& r = roles();
+  const QRect handle = proxy()->subControlRect(CC_Slider, &slider, SC_SliderHandle, widget);
+  QRect groove(slider.rect.left() + 2, 0, slider.rect.width() - 4, 4);
+  groove.moveTop(slider.rect.center().y() - 1);
+  drawRounded(painter, groove, r.pressed, Qt::transparent, 2);
+  QRect done = groove;
+  done.setRight(handle.center().x());
+  const bool enabled = (slider.state & State_Enabled) != 0;
+  drawRounded(painter, done, enabled ? r.accent : r.line, Qt::transparent, 2);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(r.raised, 1.5));
+  painter.setBrush(enabled ? r.accent : r.line);
+  painter.drawEllipse(QRectF(handle).center(), 7, 7);
 }
 
 void ShellStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                                     const QWidget* widget) const {
   const auto* bar = control == CC_TitleBar ? qstyleoption_cast<const QStyleOptionTitleBar*>(option) : nullptr;
-  if (bar == nullptr) return QProxyStyle::drawComplexControl(control, option, painter, widget);
+  const auto* button = control == CC_ToolButton ? qstyleoption_cast<const QStyleOptionToolButton*>(option) : nullptr;
+  const auto* slider = control == CC_Slider ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+  const bool flatButton = button != nullptr && (button->features & QStyleOptionToolButton::HasMenu) == 0;
+  const bool lying = slider != nullptr && slider->orientation == Qt::Horizontal && slider->tickPosition == 0;
+  if (bar == nullptr && !flatButton && !lying) {
+    return QProxyStyle::drawComplexControl(control, option, painter, widget);
+  }
   painter->save();
-  drawTitleBar(*bar, *painter, widget);
+  if (bar != nullptr) drawTitleBar(*bar, *painter, widget);
+  if (flatButton) drawToolButton(*button, *painter, widget);
+  if (lying) drawSlider(*slider, *painter, widget);
   painter->restore();
 }
 
