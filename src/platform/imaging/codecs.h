@@ -20,7 +20,8 @@ enum class FileKind { Unknown, Bmp, Jpeg, Gif, Png, Tiff };
 FileKind kindOf(std::span<const std::uint8_t> firstBytes);
 
 // JPEG (ISO 10918-1): grey, YCbCr, RGB, CMYK and YCCK; sequential, progressive, arithmetic. 32-bit surface, byte 3
-// zero. A file that ends early or has damaged data keeps what was decoded.
+// zero. A file that ends before its last row, or with a progressive picture unfinished, is Broken; one that only lacks
+// its end marker opens, and damaged data cost no more than their place.
 LoadResult readJpeg(ByteSource& source, std::int64_t maxPixels = kMaxPicturePixels);
 // PNG of every colour type: 32-bit surface, straight alpha when the file has an alpha channel or a tRNS chunk.
 LoadResult readPng(ByteSource& source, std::int64_t maxPixels = kMaxPicturePixels);

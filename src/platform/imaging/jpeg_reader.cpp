@@ -1,8 +1,10 @@
 // JPEG through libjpeg-turbo, decoded row by row straight into the picture's surface.
 #include <cstdio>  // jpeglib.h needs FILE
 
+#include <jerror.h>
 #include <jpeglib.h>
 
+#include <algorithm>
 #include <csetjmp>
 #include <cstring>
 
@@ -27,6 +29,8 @@ struct Decoder {
   ByteSource* source = nullptr;
   std::uint64_t offset = 0;
   std::int64_t maxPixels = 0;
+  bool sourceEnded = false;  // without an end marker
+  bool dataMissing = false;  // the data of a scan stopped before its last row
   std::vector<JOCTET> buffer = std::vector<JOCTET>(kInputBytes);
   std::vector<JSAMPLE> inks;  // one row of CMYK
   raster::Surface surface;
@@ -46,8 +50,11 @@ void onError(j_common_ptr info) {
   std::longjmp(decoderOf(info).giveUp, 1);
 }
 void ignoreMessage(j_common_ptr) {}
-void countWarning(j_common_ptr info, int level) {
-  if (level < 0) ++info->err->num_warnings;
+void noteWarning(j_common_ptr info, int level) {
+  if (level >= 0) return;
+  ++info->err->num_warnings;
+  const bool atEnd = reinterpret_cast<j_decompress_ptr>(info)->unread_marker == JPEG_EOI;
+  if (atEnd && info->err->msg_code == JWRN_HIT_MARKER) decoderOf(info).dataMissing = true;
 }
 
 void startInput(j_decompress_ptr) {}
@@ -56,7 +63,10 @@ boolean fillInput(j_decompress_ptr info) {
   std::size_t got = decoder.source->readAt(decoder.offset, decoder.buffer);
   decoder.offset += got;
   if (got == 0) {
-    // A file that stops early: an end marker makes the library finish with the rows that it has.
+    // An end marker makes the library finish with the rows that it has; whether they are all is judged afterwards. The
+    // arithmetic decoder takes zeros for what is missing and never warns.
+    decoder.sourceEnded = true;
+    if (info->arith_code && info->input_iMCU_row + 1 < info->total_iMCU_rows) decoder.dataMissing = true;
     decoder.buffer[0] = 0xFF;
     decoder.buffer[1] = JPEG_EOI;
     got = 2;
@@ -90,7 +100,7 @@ void prepare(Decoder& decoder, ByteSource& source, std::int64_t maxPixels) {
   decoder.info.err = jpeg_std_error(&decoder.errors);
   decoder.errors.error_exit = onError;
   decoder.errors.output_message = ignoreMessage;
-  decoder.errors.emit_message = countWarning;
+  decoder.errors.emit_message = noteWarning;
   decoder.input.init_source = startInput;
   decoder.input.fill_input_buffer = fillInput;
   decoder.input.skip_input_data = skipInput;
@@ -164,6 +174,21 @@ bool readHeader(Decoder& decoder) {
   }
 }
 
+// Whether every row came out of the file. Where data are missing the library leaves grey, or a coarse picture, which a
+// save would make lasting. An absent end marker alone does no harm.
+bool isWhole(const Decoder& decoder) {
+  const jpeg_decompress_struct& info = decoder.info;
+  if (decoder.dataMissing) return false;
+  for (int c = 0; c < info.num_components; ++c) {
+    // A component gets its table with its first scan.
+    if (!info.comp_info[c].quant_table) return false;
+    const bool exact = !info.coef_bits ||
+                       std::all_of(info.coef_bits[c], info.coef_bits[c] + DCTSIZE2, [](int bits) { return bits == 0; });
+    if (decoder.sourceEnded && !exact) return false;
+  }
+  return true;
+}
+
 void decode(Decoder& decoder) {
   jpeg_decompress_struct& info = decoder.info;
   if (setjmp(decoder.giveUp) != 0) {
@@ -187,7 +212,7 @@ void decode(Decoder& decoder) {
   } else {
     readColourRows(decoder);
   }
-  decoder.result.error = LoadError::None;
+  if (isWhole(decoder)) decoder.result.error = LoadError::None;
 }
 
 }  // namespace
