@@ -1,9 +1,11 @@
-// The peer of the start-up figure: the least Qt program that shows an empty MDI window of the same size and ends as soon
-// as it has been painted.
+// The peer of the start-up figure: the least Qt program that shows an empty MDI window, says "shown" once it is exposed
+// and painted, and ends.
 #include <QApplication>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QTimer>
+#include <QWindow>
+#include <cstdio>
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
@@ -11,9 +13,14 @@ int main(int argc, char** argv) {
   window.setCentralWidget(new QMdiArea(&window));
   window.resize(1200, 800);
   window.show();
-  QTimer::singleShot(0, &application, [&] {
+  QTimer poll;
+  QObject::connect(&poll, &QTimer::timeout, &application, [&] {
+    if (!window.windowHandle()->isExposed()) return;
     window.repaint();
-    QTimer::singleShot(0, &application, &QApplication::quit);
+    std::puts("shown");
+    std::fflush(stdout);
+    QApplication::quit();
   });
+  poll.start(1);
   return QApplication::exec();
 }

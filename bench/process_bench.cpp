@@ -21,11 +21,12 @@
 namespace {
 using Clock = std::chrono::steady_clock;
 
-pid_t start(const std::vector<std::string>& command) {
+// Starts a command; what it prints goes to `out` (or nowhere, below 0), its complaints nowhere.
+pid_t start(const std::vector<std::string>& command, int out = -1) {
   const pid_t child = ::fork();
   if (child != 0) return child;
   const int sink = ::open("/dev/null", O_WRONLY);
-  ::dup2(sink, 1);
+  ::dup2(out >= 0 ? out : sink, 1);
   ::dup2(sink, 2);
   std::vector<char*> arguments;
   for (const auto& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
@@ -34,16 +35,23 @@ pid_t start(const std::vector<std::string>& command) {
   ::_exit(127);
 }
 
-double secondsOf(const std::vector<std::string>& command) {
+// From the start to the first byte that the command prints, which it does when its window has been painted.
+double secondsToShown(const std::vector<std::string>& command) {
+  int pipe[2];
+  if (::pipe(pipe) != 0) std::exit(1);
   const auto begin = Clock::now();
-  const pid_t child = start(command);
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
-    std::fprintf(stderr, "%s failed\n", command[0].c_str());
+  const pid_t child = start(command, pipe[1]);
+  ::close(pipe[1]);
+  char first = 0;
+  const bool shown = ::read(pipe[0], &first, 1) == 1;
+  const double seconds = std::chrono::duration<double>(Clock::now() - begin).count();
+  ::close(pipe[0]);
+  ::waitpid(child, nullptr, 0);
+  if (!shown) {
+    std::fprintf(stderr, "%s showed no window\n", command[0].c_str());
     std::exit(1);
   }
-  return std::chrono::duration<double>(Clock::now() - begin).count();
+  return seconds;
 }
 
 double median(std::vector<double> values) {
@@ -90,8 +98,8 @@ int main(int argc, char** argv) {
 
   std::vector<double> ours, peer;
   for (int i = 0; i < 16; ++i) {
-    const double a = secondsOf({folder + "/ruvopaint", "--exit-when-shown"});
-    const double b = secondsOf({folder + "/empty_mdi"});
+    const double a = secondsToShown({folder + "/ruvopaint", "--exit-when-shown"});
+    const double b = secondsToShown({folder + "/empty_mdi"});
     if (i == 0) continue;  // warms the caches
     ours.push_back(a);
     peer.push_back(b);

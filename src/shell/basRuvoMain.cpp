@@ -226,6 +226,10 @@ int basRuvoMain::pictureOrLeave() {
     std::fprintf(stderr, "ruvopaint: cannot write %s\n", utf8Of(*arguments_.screenshot).c_str());
     status = 1;
   }
+  if (status == 0 && arguments_.exitWhenShown) {
+    std::puts("shown");
+    std::fflush(stdout);
+  }
   state_.closingConfirmed = true;
   window_->close();
   leave();

@@ -1,7 +1,10 @@
 // The process: its command line, its application object, and `Sub Main`.
+#include <fontconfig/fontconfig.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "shell/basRuvoMain.h"
@@ -54,6 +57,8 @@ int main(int argc, char** argv) {
     }
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
   }
+  // The list of fonts takes about as long to read as the toolkit takes to start, which needs it right afterwards.
+  const std::jthread fonts([] { FcInit(); });
   // Takes the toolkit's own options out of the words.
   ruvo::RuvoApplication application(argc, argv);
   const ruvo::ProgramArguments arguments = parsed(argc, argv);

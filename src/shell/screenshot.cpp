@@ -13,7 +13,7 @@ namespace ruvo {
 namespace {
 
 constexpr int kLongestWait = 5000;  // milliseconds
-constexpr int kStep = 5;
+constexpr int kStep = 1;
 
 void letEventsThrough(int milliseconds) {
   QEventLoop loop;

@@ -8,6 +8,7 @@
 #include <functional>
 
 #include "base/colour.h"
+#include "shell/theme.h"
 
 class QBoxLayout;
 class QComboBox;
@@ -19,7 +20,7 @@ namespace ruvo::shell {
 QString controlName(const QString& array, int index);
 
 // Sizes in logical pixels that several panels share.
-inline constexpr int kIconSide = 20;
+using theme::kIconSide;
 inline constexpr int kPanelMargin = 9;
 
 // A plain ground with a border on one side, or a frame with round corners.

@@ -1,12 +1,17 @@
 #include "shell/theme.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
-#include <QHash>
 #include <QIconEngine>
+#include <QImage>
 #include <QPainter>
 #include <QPalette>
 #include <QSvgRenderer>
+#include <atomic>
+#include <map>
+#include <mutex>
+#include <thread>
 
 #include "shell/theme_style.h"
 
@@ -57,20 +62,78 @@ Roles darkRoles() {
 
 Roles current = lightRoles();
 
+// The drawings as pictures of a size, each rendered once. A start needs several dozen of them at one size; a second
+// thread renders those while the window is being built.
+class DrawingStore {
+ public:
+  ~DrawingStore() {
+    stop_ = true;
+    if (worker_.joinable()) worker_.join();
+  }
+
+  // A square of `side` device pixels, empty when there is no such drawing.
+  QImage image(const QString& name, int side) {
+    const std::pair key(name, side);
+    {
+      const std::lock_guard lock(mutex_);
+      if (const auto found = images_.find(key); found != images_.end()) return found->second;
+    }
+    QImage rendered = render(name, side);
+    const std::lock_guard lock(mutex_);
+    return images_.try_emplace(key, std::move(rendered)).first->second;
+  }
+
+  void prepare(int side) {
+    worker_ = std::thread([this, side] {
+      for (const QString& file : QDir(":/icons").entryList({"*.svg"})) {
+        if (stop_) return;
+        if (!file.startsWith("cursor_")) image(file.chopped(4), side);
+      }
+    });
+  }
+
+ private:
+  static QImage render(const QString& name, int side) {
+    QFile file(":/icons/" + name + ".svg");
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    QByteArray text = file.readAll();
+    text.replace(kDrawnInk, current.ink.name().toLatin1());
+    QSvgRenderer drawing(text);
+    if (!drawing.isValid()) return {};
+    QImage picture(side, side, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    drawing.render(&painter, QRectF(0, 0, side, side));
+    return picture;
+  }
+
+  std::mutex mutex_;
+  std::map<std::pair<QString, int>, QImage> images_;
+  std::atomic<bool> stop_ = false;
+  std::thread worker_;
+};
+
+DrawingStore& drawings() {
+  static DrawingStore store;
+  return store;
+}
+
 class InkIconEngine : public QIconEngine {
  public:
   explicit InkIconEngine(QString name) : name_(std::move(name)) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-    QSvgRenderer drawing(source());
-    if (!drawing.isValid()) return;
+    const qreal scale = painter->device()->devicePixelRatio();
     const int side = std::min(rect.width(), rect.height());
+    QImage picture = drawings().image(name_, qRound(side * scale));
+    if (picture.isNull()) return;
+    picture.setDevicePixelRatio(scale);
     QRect square(0, 0, side, side);
     square.moveCenter(rect.center());
-    painter->save();
-    if (mode == QIcon::Disabled) painter->setOpacity(kDisabledOpacity);
-    drawing.render(painter, square);
-    painter->restore();
+    const qreal before = painter->opacity();
+    if (mode == QIcon::Disabled) painter->setOpacity(before * kDisabledOpacity);
+    painter->drawImage(square.topLeft(), picture);
+    painter->setOpacity(before);
   }
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
     QPixmap picture(size);
@@ -82,21 +145,6 @@ class InkIconEngine : public QIconEngine {
   QIconEngine* clone() const override { return new InkIconEngine(*this); }
 
  private:
-  const QByteArray& source() {
-    static const bool loaded = (loadDrawings(), true);
-    static_cast<void>(loaded);
-    static QHash<QString, QByteArray> read;
-    auto found = read.constFind(name_);
-    if (found == read.constEnd()) {
-      QFile file(":/icons/" + name_ + ".svg");
-      QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-      text.replace(kDrawnInk, current.ink.name().toLatin1());
-      text.replace(QByteArray(kDrawnInk).toLower(), current.ink.name().toLatin1());
-      found = read.insert(name_, text);
-    }
-    return *found;
-  }
-
   QString name_;
 };
 
@@ -138,6 +186,8 @@ void apply(QApplication& application) {
   current = dark ? darkRoles() : lightRoles();
   application.setStyle(new ShellStyle);
   application.setPalette(paletteOf(current));
+  loadDrawings();
+  drawings().prepare(qRound(kIconSide * application.devicePixelRatio()));
 }
 
 const Roles& roles() {
@@ -145,6 +195,7 @@ const Roles& roles() {
 }
 
 QIcon icon(const QString& name) {
+  loadDrawings();
   return QIcon(new InkIconEngine(name));
 }
 

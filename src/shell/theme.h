@@ -10,6 +10,9 @@ class QApplication;
 
 namespace ruvo::theme {
 
+// Side of the icons on buttons, in logical pixels.
+inline constexpr int kIconSide = 20;
+
 struct Roles {
   bool dark = false;
   QColor window;     // bars and panels
