@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QToolTip>
+#include <algorithm>
 
 #include "base/paths.h"
 
@@ -112,17 +113,53 @@ void PalettePicker::leaveEvent(QEvent*) {
 void PalettePicker::mousePressEvent(QMouseEvent* event) {
   const int index = swatchAt(event->position().toPoint());
   if (index >= 0) {
-    const auto chosen = chosen_;
-    const Colour colour = colours_[static_cast<std::size_t>(index)];
-    close();
-    chosen(colour);
+    choose(index);
   } else if (!rect().contains(event->position().toPoint())) {
     close();
   }
 }
 
+void PalettePicker::choose(int index) {
+  const auto chosen = chosen_;
+  const Colour colour = colours_[static_cast<std::size_t>(index)];
+  close();
+  chosen(colour);
+}
+
+// The arrows walk from the current colour, Enter or Space takes.
 void PalettePicker::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) close();
+  const int last = static_cast<int>(colours_.size()) - 1;
+  int step = 0;
+  switch (event->key()) {
+    case Qt::Key_Left:
+      step = -1;
+      break;
+    case Qt::Key_Right:
+      step = 1;
+      break;
+    case Qt::Key_Up:
+      step = -columns_;
+      break;
+    case Qt::Key_Down:
+      step = columns_;
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+      if (hovered_ >= 0) choose(hovered_);
+      return;
+    case Qt::Key_Escape:
+      close();
+      return;
+    default:
+      return QWidget::keyPressEvent(event);
+  }
+  const auto current = std::find(colours_.begin(), colours_.end(), current_);
+  const int from = hovered_ >= 0               ? hovered_
+                   : current == colours_.end() ? 0
+                                               : static_cast<int>(current - colours_.begin());
+  if (from + step >= 0 && from + step <= last) hovered_ = from + step;
+  update();
 }
 
 bool PalettePicker::event(QEvent* event) {

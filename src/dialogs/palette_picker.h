@@ -32,6 +32,7 @@ class PalettePicker : public QWidget {
   bool event(QEvent* event) override;
 
  private:
+  void choose(int index);
   int swatchAt(const QPoint& place) const;
   QRect swatchRect(int index) const;
 

@@ -1,7 +1,5 @@
 #include "document/frmRuvoPaint.h"
 
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QResizeEvent>
 
 #include "document/frmRuvoPaint_Private.h"
@@ -65,13 +63,12 @@ bool frmRuvoPaint::Private::ask(const QString& question) {
 }
 
 // Arranging windows resizes all documents; only the active one may write to the shared panels.
-bool frmRuvoPaint::Private::isActiveWindow() const {
-  const auto* frame = qobject_cast<QMdiSubWindow*>(self.parentWidget());
-  return !frame || !frame->mdiArea() || frame->mdiArea()->activeSubWindow() == frame;
+bool frmRuvoPaint::Private::isActive() const {
+  return link.activeDocument() == &self;
 }
 
 void frmRuvoPaint::Private::updatePanels() {
-  if (!isActiveWindow()) return;
+  if (!isActive()) return;
   link.setStatusPanel(kPanelMessage, qt(record.name));
   int width = 0;
   int height = 0;
@@ -108,7 +105,7 @@ void frmRuvoPaint::resizeEvent(QResizeEvent*) {
   if (isMinimized()) return;
   d_->canvas->setGeometry(rect());
   d_->canvas->AdjustRegionDispPosition_After_FormMax();
-  if (!d_->isActiveWindow()) return;
+  if (!d_->isActive()) return;
   AllowOrDisallowQuickScroll();
   OnOffQuickScroll();
   d_->updatePanels();

@@ -8,6 +8,7 @@
 #include "base/paths.h"
 #include "document/frmRuvoPaint_Private.h"
 #include "document/model/inquiry_texts.h"
+#include "document/option_rows.h"
 
 namespace ruvo {
 namespace {
@@ -94,7 +95,7 @@ void frmRuvoPaint::Private::runOption(const QString& control, int index) {
     } else {
       link.mnuOptionsSessionOnlySub_Click(index);
     }
-  } else if (index == 1 && !session().options.sdiOnly && link.documentCount() > 1) {
+  } else if (index == kOptionSdi && !session().options.sdiOnly && link.documentCount() > 1) {
     tell(tr("Cannot change to SDI when there are more than one documents currently."));
   } else {
     link.mnuOptionsSub_Click(index);
@@ -104,20 +105,7 @@ void frmRuvoPaint::Private::runOption(const QString& control, int index) {
 }
 
 void frmRuvoPaint::updateOptionMenus() {
-  const OptionFlags& options = d_->session().options;
-  const auto check = [this](const char* control, int index, bool on) {
-    d_->menus->action(QString::fromLatin1(control), index)->setChecked(on);
-  };
-  check("mnuOptionsSub", 1, options.sdiOnly);
-  check("mnuOptionsSub", 4, options.remindColorSetting);
-  check("mnuOptionsSub", 6, options.fitInEvenIfSmaller);
-  check("mnuOptionsSub", 8, options.jpgAddBackExif);
-  check("mnuOptionsSub", 10, options.showPixelRgb);
-  for (int level = 0; level <= 4; ++level) check("mnuSubMonitorRAM", level, options.watchRam == level);
-  check("mnuOptionsSessionOnlySub", 0, options.alternativeMarquee);
-  check("mnuOptionsSessionOnlySub", 1, options.suspendCanvasResize);
-  check("mnuOptionsSessionOnlySub", 2, options.suspendRegionResize);
-  check("mnuOptionsSessionOnlySub", 3, options.axisLines);
+  showOptions(*d_->menus, d_->session().options);
 }
 
 void frmRuvoPaint::rebuildFileHistoryMenu() {

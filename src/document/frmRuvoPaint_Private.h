@@ -48,7 +48,7 @@ struct frmRuvoPaint::Private {
   SessionState& session() { return link.session(); }
   bool hasPicture() const { return !canvas->DIB().empty(); }
   bool hasUnsavedChanges() const;
-  bool isActiveWindow() const;
+  bool isActive() const;
 
   // --- Talking
   void tell(const QString& text, desktop::Icon icon = desktop::Icon::Exclamation);

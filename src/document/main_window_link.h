@@ -36,6 +36,8 @@ class MainWindowLink {
   // Opens a document window in a free slot; its first activation runs at once and acts on the command.
   virtual void openDocument(PendingOpen command, const QString& file) = 0;
   virtual int documentCount() const = 0;
+  // The one that the controls act on, whether or not the program has the focus; null while none is open.
+  virtual frmRuvoPaint* activeDocument() const = 0;
   virtual void setDocumentChanged(int slot, bool changed) = 0;
   virtual void releaseDocument(frmRuvoPaint* document) = 0;  // from the document's unload
   virtual void closeAllDocuments() = 0;                      // each by its own closing question

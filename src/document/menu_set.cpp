@@ -2,6 +2,7 @@
 #include <QMenu>
 
 #include "document/menu_table.h"
+#include "platform/desktop/desktop.h"
 
 namespace ruvo {
 namespace {
@@ -87,7 +88,7 @@ void MenuSet::setHistory(const QString& control, const QStringList& shortened, c
     if (!shown || place == 0) continue;
     QString text = shortened[place - 1];
     entry.action->setText(QStringLiteral("&%1 %2").arg(place).arg(text.replace('&', QLatin1String("&&"))));
-    entry.action->setToolTip(wholePaths.value(place - 1));
+    entry.action->setToolTip(desktop::plainToolTip(wholePaths.value(place - 1)));
   }
 }
 

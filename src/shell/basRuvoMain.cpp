@@ -23,6 +23,7 @@
 #include "shell/screenshot.h"
 #include "shell/session/session_texts.h"
 #include "shell/session/startup_rules.h"
+#include "shell/termination_signals.h"
 
 namespace ruvo {
 namespace {
@@ -65,9 +66,9 @@ SplashClock SplashClock::real() {
           }};
 }
 
-void waitWithEvents(const SplashClock& clock, milliseconds time) {
+void waitWithEvents(const SplashClock& clock, milliseconds time, const bool& cut) {
   const milliseconds end = clock.now() + time;
-  for (milliseconds now = clock.now(); now < end; now = clock.now()) clock.pump(end - now);
+  for (milliseconds now = clock.now(); now < end && !cut; now = clock.now()) clock.pump(end - now);
 }
 
 basRuvoMain::basRuvoMain(ProgramArguments arguments, SplashClock clock)
@@ -78,15 +79,16 @@ basRuvoMain::~basRuvoMain() = default;
 int basRuvoMain::run() {
   try {
     findFolders();
+    signals_ = std::make_unique<TerminationSignals>([this] { endNow(); });
     if (!arguments_.alone()) {
       if (const auto status = claimInstance()) return *status;
     }
     readPlatform();
     showSplash();
+    if (ended_) return leave();
     openMainWindow();
     if (arguments_.alone()) return pictureOrLeave();
     if (!remindOfDisplay()) {
-      splash_.reset();
       window_->close();
       return leave();
     }
@@ -161,12 +163,13 @@ void basRuvoMain::showSplash() {
   state_.splashShowing = true;
   splash_ = std::make_unique<frmRuvoAbout>(frmRuvoAbout::Use::Splash);
   splash_->show();
-  waitWithEvents(clock_, kSplashBefore);
+  waitWithEvents(clock_, kSplashBefore, ended_);
 }
 
 void basRuvoMain::openMainWindow() {
-  services_.emplace(SessionServices{state_, *settings_, *fileHistory_, *fileHistoryGifAni_,
-                                    [this](const std::string& text) { openFromOutside(text); }});
+  services_.emplace(
+      SessionServices{state_, *settings_, *fileHistory_, *fileHistoryGifAni_,
+                      [this](const std::string& text, PendingOpen command) { openFromOutside(text, command); }});
   window_ = std::make_unique<frmRuvomain>(*services_);
   if (arguments_.size) window_->resize(arguments_.size->width, arguments_.size->height);
   opener_ = std::make_unique<OutsideOpener>(outsideHost());
@@ -176,7 +179,7 @@ void basRuvoMain::openMainWindow() {
   window_->show();
   // The file's window takes its size from what is free in the shown main window.
   QCoreApplication::processEvents();
-  opener_->push(startFile_);
+  opener_->push(startFile_, PendingOpen::CommandLine);
   runWaiting();
   std::error_code ignored;
   std::filesystem::current_path(state_.programFolder, ignored);
@@ -191,24 +194,24 @@ bool basRuvoMain::remindOfDisplay() {
 void basRuvoMain::endSplash() {
   if (!splash_) return;
   splash_->releaseTopmost();
-  waitWithEvents(clock_, kSplashOver);
+  waitWithEvents(clock_, kSplashOver, ended_);
   splash_.reset();
   state_.splashShowing = false;
 }
 
 void basRuvoMain::acceptHandOvers() {
   QObject::connect(instance_.get(), &desktop::SingleInstance::received, window_.get(), [this](const QString& text) {
-    if (window_->isMinimized()) window_->showNormal();
+    window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
     window_->raise();
     window_->activateWindow();
-    openFromOutside(text.toStdString());
+    openFromOutside(text.toStdString(), PendingOpen::CommandLine);
   });
   instance_->deliver();
 }
 
 int basRuvoMain::loop() {
   // The window may have been closed under the splash.
-  const int status = window_->isHidden() ? 0 : QApplication::exec();
+  const int status = window_->isHidden() || ended_ ? 0 : QApplication::exec();
   leave();
   return status;
 }
@@ -236,8 +239,17 @@ int basRuvoMain::pictureOrLeave() {
   return status;
 }
 
+// Asked by the system: no question is put any more, and every dialog and the loop end as if they were cancelled.
+void basRuvoMain::endNow() {
+  ended_ = true;
+  state_.closingConfirmed = true;
+  QCoreApplication::exit(0);
+}
+
 int basRuvoMain::leave() {
+  splash_.reset();
   retry_.reset();
+  if (ended_ && window_) window_->close();
   if (!state_.fileToDeleteAtExit.empty() && fileExists(state_.fileToDeleteAtExit)) {
     deleteIfPossible(state_.fileToDeleteAtExit);
   }
@@ -258,14 +270,14 @@ OutsideHost basRuvoMain::outsideHost() {
       .unloadToolWindows = [this] { window_->unloadToolWindows(false); },
       .anyDocumentOpen = [this] { return window_->documentCount() > 0; },
       .sdiOnly = [this] { return state_.options.sdiOnly; },
-      .openInNewWindow =
-          [this](const std::filesystem::path& file) { window_->openDocument(PendingOpen::CommandLine, textOf(file)); },
-      .openInActiveDocument =
-          [this](const std::filesystem::path& file) { window_->openInActiveDocument(textOf(file)); }};
+      .openInNewWindow = [this](const std::filesystem::path& file,
+                                PendingOpen command) { window_->openDocument(command, textOf(file)); },
+      .openInActiveDocument = [this](const std::filesystem::path& file,
+                                     PendingOpen command) { window_->openInActiveDocument(command, textOf(file)); }};
 }
 
-void basRuvoMain::openFromOutside(const std::string& text) {
-  opener_->push(text);
+void basRuvoMain::openFromOutside(const std::string& text, PendingOpen command) {
+  opener_->push(text, command);
   // From the event loop, where no command is under way.
   QTimer::singleShot(0, retry_.get(), [this] { runWaiting(); });
 }

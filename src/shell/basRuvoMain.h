@@ -21,6 +21,7 @@ namespace ruvo {
 
 class frmRuvoAbout;
 class frmRuvomain;
+class TerminationSignals;
 class UnattendedDesktop;
 
 namespace desktop {
@@ -35,8 +36,8 @@ struct SplashClock {
 
   static SplashClock real();
 };
-// Lets events through for a time.
-void waitWithEvents(const SplashClock& clock, std::chrono::milliseconds time);
+// Lets events through for a time, or until `cut` turns true.
+void waitWithEvents(const SplashClock& clock, std::chrono::milliseconds time, const bool& cut);
 
 // How long the splash stands before the main window comes, and over it.
 inline constexpr std::chrono::milliseconds kSplashBefore{2000};
@@ -62,17 +63,20 @@ class basRuvoMain {
   void acceptHandOvers();
   int loop();
   int pictureOrLeave();
+  void endNow();
   int leave();
 
   OutsideHost outsideHost();
-  void openFromOutside(const std::string& text);
+  void openFromOutside(const std::string& text, PendingOpen command);
   void runWaiting();
 
   ProgramArguments arguments_;
   SplashClock clock_;
   SessionState state_;
   std::string startFile_;  // absolute; empty when none
+  bool ended_ = false;     // the system asked to end
   std::unique_ptr<UnattendedDesktop> unattended_;
+  std::unique_ptr<TerminationSignals> signals_;
   std::unique_ptr<SessionTemp> temp_;
   std::unique_ptr<desktop::PerUserStore> store_;
   std::unique_ptr<desktop::SingleInstance> instance_;

@@ -9,6 +9,7 @@
 #include "shell/session_services.h"
 
 class QMdiSubWindow;
+class QMenu;
 
 namespace ruvo {
 
@@ -25,12 +26,10 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   explicit frmRuvomain(SessionServices& services);
   ~frmRuvomain() override;
 
-  // Null while no document is open.
-  frmRuvoPaint* activeDocument() const;
   // A modal dialog or a menu is up: what comes from outside has to wait.
   bool busy() const;
   // A file from outside when only one window is allowed: asks first when there are changes.
-  void openInActiveDocument(const QString& file);
+  void openInActiveDocument(PendingOpen command, const QString& file);
 
   // --- Operations that others call by name
   // ------------------------------------------------------------------------------
@@ -48,6 +47,7 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   QWidget* window() override { return this; }
   void openDocument(PendingOpen command, const QString& file) override;
   int documentCount() const override;
+  frmRuvoPaint* activeDocument() const override;
   void setDocumentChanged(int slot, bool changed) override;
   void releaseDocument(frmRuvoPaint* document) override;
   void closeAllDocuments() override;
@@ -119,13 +119,15 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   void showMenusOf(frmRuvoPaint* document);
   void updateMainMenu();
   void historyClicked(int index);
+  void toggleOption(const QString& control, int index);
+  void listWindows(QMenu& menu);
   // Documents
   QMdiSubWindow* windowOf(const frmRuvoPaint* document) const;
   frmRuvoPaint* documentOf(const QMdiSubWindow* window) const;
   void windowActivated(QMdiSubWindow* window);
   void showActive(frmRuvoPaint* document);
   void activateAnother();
-  void placeWindow(QMdiSubWindow& window);
+  void placeWindow(QMdiSubWindow& window, int place);
   void fitWindow(QMdiSubWindow& window);
   void removeDocument(frmRuvoPaint* document);
   bool closeDocuments();

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QHelpEvent>
 #include <QLayout>
+#include <QMenu>
 #include <QStyleOptionTitleBar>
 #include <QToolTip>
 #include <algorithm>
@@ -25,6 +26,8 @@ constexpr int kCascadeLength = 6;
 // Room around a picture in its window, for the handles at its edges and a little air.
 constexpr QSize kAroundPicture(72, 64);
 constexpr QSize kSmallestDocument(420, 320);
+// Name of each entry of the Windows menu that stands for a window, and of the line above them.
+constexpr const char* kWindowRow = "mnuWindowsList";
 
 // Qt takes "[*]" in a title for its mark of an unsaved window; doubled it stands for itself.
 QString literalTitle(QString text) {
@@ -39,7 +42,7 @@ bool DocumentWindow::event(QEvent* event) {
     const bool inTitle = help->pos().y() < contentsRect().top() + style()->pixelMetric(QStyle::PM_TitleBarHeight) &&
                          help->pos().x() < width() - 100;
     if (inTitle && !isMaximized() && !wholePath.isEmpty()) {
-      QToolTip::showText(help->globalPos(), wholePath.toHtmlEscaped(), this);
+      QToolTip::showText(help->globalPos(), desktop::plainToolTip(wholePath), this);
       return true;
     }
   }
@@ -81,13 +84,16 @@ void frmRuvomain::openDocument(PendingOpen command, const QString& file) {
   window->setAttribute(Qt::WA_DeleteOnClose);
   window->setWidget(document);
   window->setWindowIcon(theme::icon("app"));
+  for (QMenu* menu : document->menus())
+    if (menu->objectName() == "mnuWindows")
+      connect(menu, &QMenu::aboutToShow, this, [this, menu] { listWindows(*menu); });
   d_->documents[static_cast<std::size_t>(slot)] = document;
   // The new child is the active one from here on: that the window system shows it is no activation of its own.
   frmRuvoPaint* before = d_->active;
   d_->active = document;
   d_->workspace->addSubWindow(window);
   const bool alone = session().options.sdiOnly || (before != nullptr && windowOf(before)->isMaximized());
-  placeWindow(*window);
+  placeWindow(*window, documentCount() - 1);
   if (alone)
     window->showMaximized();
   else
@@ -100,11 +106,11 @@ void frmRuvomain::openDocument(PendingOpen command, const QString& file) {
 }
 
 // Each window begins a little lower and further right than the one before.
-void frmRuvomain::placeWindow(QMdiSubWindow& window) {
+void frmRuvomain::placeWindow(QMdiSubWindow& window, int place) {
   // The layouts may not have run since the window was made.
   for (QLayout* layout : {this->layout(), centralWidget()->layout()}) layout->activate();
   const QSize room = d_->workspace->viewport()->size();
-  const int step = kCascadeStep * ((documentCount() - 1) % kCascadeLength);
+  const int step = kCascadeStep * (place % kCascadeLength);
   window.setGeometry(QRect(QPoint(step, step), (room * 4 / 5).boundedTo(room - QSize(step, step))));
 }
 
@@ -120,11 +126,11 @@ void frmRuvomain::fitWindow(QMdiSubWindow& window) {
   window.resize((picture + kAroundPicture).expandedTo(kSmallestDocument).boundedTo(room - chrome) + chrome);
 }
 
-void frmRuvomain::openInActiveDocument(const QString& file) {
+void frmRuvomain::openInActiveDocument(PendingOpen command, const QString& file) {
   frmRuvoPaint* document = activeDocument();
-  if (document == nullptr) return openDocument(PendingOpen::CommandLine, file);
+  if (document == nullptr) return openDocument(command, file);
   if (document->hasUnsavedChanges() && !document->AskSaveCurr()) return;
-  document->LoadOpenFile(file, static_cast<int>(PendingOpen::CommandLine), true);
+  document->LoadOpenFile(file, static_cast<int>(command), true);
 }
 
 void frmRuvomain::windowActivated(QMdiSubWindow* window) {
@@ -153,6 +159,7 @@ void frmRuvomain::setDocumentCaption(frmRuvoPaint* document, const QString& shor
   auto* window = static_cast<DocumentWindow*>(windowOf(document));
   if (window == nullptr) return;
   window->setWindowTitle(literalTitle(shortened));
+  window->shortened = shortened;
   window->wholePath = wholePath;
 }
 
@@ -204,11 +211,19 @@ void frmRuvomain::closeAllDocuments() {
 }
 
 void frmRuvomain::arrangeWindows(int index) {
-  if (index == 0) return d_->workspace->cascadeSubWindows();
   QList<QMdiSubWindow*> windows;
-  for (QMdiSubWindow* window : d_->workspace->subWindowList())
+  // In a cascade the window that lay on top stays there.
+  for (QMdiSubWindow* window :
+       d_->workspace->subWindowList(index == 0 ? QMdiArea::StackingOrder : QMdiArea::CreationOrder))
     if (documentOf(window) != nullptr && !window->isMinimized()) windows << window;
-  if (windows.isEmpty()) return;
+  if (index == 0) {
+    for (int place = 0; place < windows.size(); ++place) {
+      windows[place]->showNormal();
+      placeWindow(*windows[place], place);
+      fitWindow(*windows[place]);
+    }
+    return;
+  }
   // Horizontally: one above the other over the whole width; vertically: side by side.
   const QRect room = d_->workspace->viewport()->rect();
   const int count = static_cast<int>(windows.size());
@@ -219,6 +234,30 @@ void frmRuvomain::arrangeWindows(int index) {
     windows[i]->setGeometry(index == 1
                                 ? QRect(0, from(room.height()), room.width(), to(room.height()) - from(room.height()))
                                 : QRect(from(room.width()), 0, to(room.width()) - from(room.width()), room.height()));
+  }
+}
+
+// The documents' windows below the commands of the Windows menu. They are listed anew each time it opens.
+void frmRuvomain::listWindows(QMenu& menu) {
+  for (QAction* action : menu.actions())
+    if (action->objectName() == kWindowRow) delete action;
+  menu.addSeparator()->setObjectName(kWindowRow);
+  int number = 0;
+  for (QMdiSubWindow* window : d_->workspace->subWindowList()) {
+    frmRuvoPaint* document = documentOf(window);
+    if (document == nullptr) continue;
+    const auto* frame = static_cast<DocumentWindow*>(window);
+    // Nine have a digit to be picked by.
+    const QString mark = ++number <= 9 ? "&" : "";
+    QAction* row = menu.addAction(mark + QString::number(number) + ' ' + QString(frame->shortened).replace('&', "&&"));
+    row->setObjectName(kWindowRow);
+    row->setCheckable(true);
+    row->setChecked(document == d_->active);
+    row->setToolTip(desktop::plainToolTip(frame->wholePath));
+    connect(row, &QAction::triggered, window, [this, window] {
+      if (window->isMinimized()) window->showNormal();
+      d_->workspace->setActiveSubWindow(window);
+    });
   }
 }
 

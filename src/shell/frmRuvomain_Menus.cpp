@@ -4,6 +4,7 @@
 
 #include "base/paths.h"
 #include "document/frmRuvoPaint.h"
+#include "document/option_rows.h"
 #include "platform/desktop/desktop.h"
 #include "shell/frmRuvoAbout.h"
 #include "shell/frmRuvomain_Private.h"
@@ -13,41 +14,6 @@ namespace ruvo {
 namespace {
 
 constexpr const char* kHelpFile = "Ruvopaint.chm";
-constexpr int kOptionSdi = 1;
-constexpr int kOptionRemindColor = 4;
-constexpr int kOptionFitInSmaller = 6;
-constexpr int kOptionAddBackExif = 8;
-constexpr int kOptionPixelRgb = 10;
-
-// The flag behind an item that merely toggles.
-bool OptionFlags::*optionFlag(int index) {
-  switch (index) {
-    case kOptionRemindColor:
-      return &OptionFlags::remindColorSetting;
-    case kOptionFitInSmaller:
-      return &OptionFlags::fitInEvenIfSmaller;
-    case kOptionAddBackExif:
-      return &OptionFlags::jpgAddBackExif;
-    case kOptionPixelRgb:
-      return &OptionFlags::showPixelRgb;
-    default:
-      return nullptr;
-  }
-}
-
-constexpr bool OptionFlags::*kSessionFlags[] = {&OptionFlags::alternativeMarquee, &OptionFlags::suspendCanvasResize,
-                                                &OptionFlags::suspendRegionResize, &OptionFlags::axisLines};
-
-void showOptions(const MenuSet& menus, const OptionFlags& options) {
-  const auto check = [&menus](const char* control, int index, bool on) {
-    if (QAction* action = menus.action(control, index)) action->setChecked(on);
-  };
-  check("mnuOptionsSub", kOptionSdi, options.sdiOnly);
-  for (const int index : {kOptionRemindColor, kOptionFitInSmaller, kOptionAddBackExif, kOptionPixelRgb})
-    check("mnuOptionsSub", index, options.*optionFlag(index));
-  for (int level = 0; level <= 4; ++level) check("mnuSubMonitorRAM", level, options.watchRam == level);
-  for (int index = 0; index < 4; ++index) check("mnuOptionsSessionOnlySub", index, options.*kSessionFlags[index]);
-}
 
 }  // namespace
 
@@ -93,13 +59,19 @@ void frmRuvomain::MDI_UpdateOptionMenus() {
 
 // A document refuses what its windows or its region do not allow before it asks for a change here.
 void frmRuvomain::mnuOptionsSub_Click(int index) {
+  toggleOption("mnuOptionsSub", index);
+  if (index == kOptionSdi) d_->status->showSdi(session().options.sdiOnly);
+}
+
+void frmRuvomain::mnuOptionsSessionOnlySub_Click(int index) {
+  toggleOption("mnuOptionsSessionOnlySub", index);
+}
+
+void frmRuvomain::toggleOption(const QString& control, int index) {
+  bool OptionFlags::*flag = optionFlagOf(control, index);
+  if (flag == nullptr) return;
   OptionFlags& options = session().options;
-  if (index == kOptionSdi) {
-    options.sdiOnly = !options.sdiOnly;
-    d_->status->showSdi(options.sdiOnly);
-  } else if (bool OptionFlags::*flag = optionFlag(index)) {
-    options.*flag = !(options.*flag);
-  }
+  options.*flag = !(options.*flag);
   MDI_UpdateOptionMenus();
   tell(&frmRuvoPaint::Notify_SessionOptions_FromMDI);
 }
@@ -107,14 +79,6 @@ void frmRuvomain::mnuOptionsSub_Click(int index) {
 void frmRuvomain::mnuSubMonitorRAM_Click(int index) {
   session().options.watchRam = index;
   MDI_UpdateOptionMenus();
-}
-
-void frmRuvomain::mnuOptionsSessionOnlySub_Click(int index) {
-  if (index < 0 || index >= static_cast<int>(std::size(kSessionFlags))) return;
-  OptionFlags& options = session().options;
-  options.*kSessionFlags[index] = !(options.*kSessionFlags[index]);
-  MDI_UpdateOptionMenus();
-  tell(&frmRuvoPaint::Notify_SessionOptions_FromMDI);
 }
 
 void frmRuvomain::ramReminder() {
@@ -181,13 +145,12 @@ void frmRuvomain::historyClicked(int index) {
 void frmRuvomain::openFromHistory(int index) {
   if (index < 0 || index >= static_cast<int>(kHistoryLength)) return;
   const std::filesystem::path path = session().fileHistory[static_cast<std::size_t>(index)];
-  frmRuvoPaint* document = activeDocument();
   if (!fileExists(path)) {
     desktop::desktop().message(this, QString::fromStdString(historyFileMissingText(utf8Of(path))));
-  } else if (document == nullptr || !session().options.sdiOnly) {
+  } else if (session().options.sdiOnly) {
+    openInActiveDocument(PendingOpen::FileOpen, toText(path));
+  } else {
     openDocument(PendingOpen::FileOpen, toText(path));
-  } else if (!document->hasUnsavedChanges() || document->AskSaveCurr()) {
-    document->LoadOpenFile(toText(path), static_cast<int>(PendingOpen::FileOpen), true);
   }
 }
 

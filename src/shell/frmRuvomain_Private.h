@@ -31,6 +31,7 @@ class Workspace : public QMdiArea {
 class DocumentWindow : public QMdiSubWindow {
  public:
   explicit DocumentWindow(QWidget* parent) : QMdiSubWindow(parent) {}
+  QString shortened;
   QString wholePath;
 
  protected:

@@ -11,6 +11,7 @@
 #include "document/frmRuvoPaint.h"
 #include "document/frmRuvoSizeOfNew.h"
 #include "document/model/open_rules.h"
+#include "formats/format_names.h"
 #include "platform/desktop/desktop.h"
 #include "shell/color_values.h"
 #include "shell/frmRuvomain_Private.h"
@@ -32,6 +33,13 @@ void copyPicture(const clsDIB& from, clsDIB& to) {
     to.ClearUp();
   else
     clsDIB::CloneDIB(from, to, kWhite, from.BottomUp());
+}
+
+// The first file of a drag; empty when it is none that could be opened.
+std::string openableFile(const QMimeData* dragged) {
+  const QList<QUrl> urls = dragged->urls();
+  const std::string file = urls.isEmpty() ? std::string() : urls.first().toLocalFile().toStdString();
+  return isOpenableExtension(extensionOf(file)) ? file : std::string();
 }
 
 }  // namespace
@@ -270,15 +278,16 @@ void frmRuvomain::addShortcuts() {
   }
 }
 
+// Beside the documents a file may be dropped as on one of them.
 void frmRuvomain::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+  if (!openableFile(event->mimeData()).empty()) event->acceptProposedAction();
 }
 
 void frmRuvomain::dropEvent(QDropEvent* event) {
-  const QList<QUrl> urls = event->mimeData()->urls();
-  if (urls.isEmpty() || !urls.first().isLocalFile()) return;
+  const std::string file = openableFile(event->mimeData());
+  if (file.empty()) return;
   event->acceptProposedAction();
-  d_->services.openFromOutside(urls.first().toLocalFile().toStdString());
+  d_->services.openFromOutside(file, PendingOpen::FileOpen);
 }
 
 }  // namespace ruvo

@@ -6,6 +6,7 @@
 
 #include "canvas/ucProgress.h"
 #include "document/main_window_link.h"
+#include "platform/desktop/desktop.h"
 #include "shell/shell_controls.h"
 #include "shell/theme.h"
 
@@ -35,7 +36,7 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
 
 bool ElidedLabel::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && fontMetrics().horizontalAdvance(text()) > width()) {
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().toHtmlEscaped(), this);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), desktop::plainToolTip(text()), this);
     return true;
   }
   return QLabel::event(event);

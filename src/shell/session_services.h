@@ -21,7 +21,7 @@ struct SessionServices {
   const FileHistory& fileHistory;
   const FileHistory& fileHistoryGifAni;
   // Queues a path that came from outside and opens it as soon as no dialog is up and no command runs.
-  std::function<void(const std::string& text)> openFromOutside;
+  std::function<void(const std::string& text, PendingOpen command)> openFromOutside;
 };
 
 }  // namespace ruvo

@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
@@ -89,6 +90,7 @@ ColorBox::ColorBox(const QString& name, const QString& tip, Colour colour, QWidg
   setToolTip(tip);
   setAccessibleName(tip);
   setFixedSize(36, 32);
+  setFocusPolicy(Qt::TabFocus);
 }
 
 void ColorBox::setBackColor(Colour colour) {
@@ -102,12 +104,19 @@ void ColorBox::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() == Qt::RightButton && rightClicked) rightClicked();
 }
 
+void ColorBox::keyPressEvent(QKeyEvent* event) {
+  const bool takes = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (takes && leftClicked) return leftClicked();
+  QWidget::keyPressEvent(event);
+}
+
 void ColorBox::paintEvent(QPaintEvent*) {
   // A light ring within a dark one: the box stands out from any colour behind and within it.
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const QRectF outer = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-  painter.setPen(QPen(theme::roles().dark ? QColor("#0A0C0F") : QColor("#8793A1"), 1));
+  const QColor edge = hasFocus() ? theme::roles().accent : theme::roles().dark ? QColor("#0A0C0F") : QColor("#8793A1");
+  painter.setPen(QPen(edge, hasFocus() ? 2 : 1));
   painter.setBrush(theme::roles().dark ? QColor("#59636F") : QColor("#FFFFFF"));
   painter.drawRoundedRect(outer, 4, 4);
   painter.setPen(Qt::NoPen);

@@ -258,16 +258,52 @@ void ShellStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
   const auto* bar = control == CC_TitleBar ? qstyleoption_cast<const QStyleOptionTitleBar*>(option) : nullptr;
   const auto* button = control == CC_ToolButton ? qstyleoption_cast<const QStyleOptionToolButton*>(option) : nullptr;
   const auto* slider = control == CC_Slider ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+  const auto* scroll = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
   const bool flatButton = button != nullptr && (button->features & QStyleOptionToolButton::HasMenu) == 0;
   const bool lying = slider != nullptr && slider->orientation == Qt::Horizontal && slider->tickPosition == 0;
-  if (bar == nullptr && !flatButton && !lying) {
+  if (bar == nullptr && !flatButton && !lying && scroll == nullptr) {
     return QProxyStyle::drawComplexControl(control, option, painter, widget);
   }
   painter->save();
   if (bar != nullptr) drawTitleBar(*bar, *painter, widget);
   if (flatButton) drawToolButton(*button, *painter, widget);
   if (lying) drawSlider(*slider, *painter, widget);
+  if (scroll != nullptr) drawScrollBar(*scroll, *painter, widget);
   painter->restore();
+}
+
+// A plain handle that is told from its groove at a glance, between two small arrows.
+void ShellStyle::drawScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget) const {
+  const Roles& r = roles();
+  const bool across = bar.orientation == Qt::Horizontal;
+  const bool enabled = (bar.state & State_Enabled) != 0 && bar.maximum > bar.minimum;
+  const auto inkOf = [&](SubControl part) {
+    QColor ink = r.quietInk;
+    const bool hot = (bar.activeSubControls & part) != 0 && (bar.state & State_MouseOver) != 0;
+    const bool held = (bar.activeSubControls & part) != 0 && (bar.state & State_Sunken) != 0;
+    ink.setAlphaF(!enabled ? 0.25F : held ? 1.0F : hot ? 0.85F : 0.6F);
+    return ink;
+  };
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.fillRect(bar.rect, r.window);
+  const QRectF handle = proxy()->subControlRect(CC_ScrollBar, &bar, SC_ScrollBarSlider, widget);
+  const qreal inset = (across ? handle.height() : handle.width()) / 4;
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(inkOf(SC_ScrollBarSlider));
+  if (enabled)
+    painter.drawRoundedRect(across ? handle.adjusted(1, inset, -1, -inset) : handle.adjusted(inset, 1, -inset, -1),
+                            inset, inset);
+  const bool mirrored = across && bar.direction == Qt::RightToLeft;
+  for (const SubControl part : {SC_ScrollBarSubLine, SC_ScrollBarAddLine}) {
+    const QPointF centre = QRectF(proxy()->subControlRect(CC_ScrollBar, &bar, part, widget)).center();
+    const qreal tip = (part == SC_ScrollBarAddLine) != mirrored ? 1.8 : -1.8;
+    const auto at = [&](qreal along, qreal beside) {
+      return centre + (across ? QPointF(along, beside) : QPointF(beside, along));
+    };
+    painter.setPen(QPen(inkOf(part), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPolyline(QPolygonF{at(-tip, -3.4), at(tip, 0), at(-tip, 3.4)});
+  }
 }
 
 void ShellStyle::drawTitleBar(const QStyleOptionTitleBar& bar, QPainter& painter, const QWidget* widget) const {

@@ -1,5 +1,5 @@
 // The widget style: Fusion with flat menus, tool buttons, fields and sliders, flat title bars and frames for the
-// document windows, clear check and radio indicators, and plain signs in message boxes.
+// document windows, clear scroll bars, check and radio indicators, and plain signs in message boxes.
 #pragma once
 
 #include <QProxyStyle>
@@ -28,6 +28,7 @@ class ShellStyle : public QProxyStyle {
  private:
   void drawToolButton(const QStyleOptionToolButton& button, QPainter& painter, const QWidget* widget) const;
   void drawSlider(const QStyleOptionSlider& slider, QPainter& painter, const QWidget* widget) const;
+  void drawScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget) const;
   void drawTitleBar(const QStyleOptionTitleBar& bar, QPainter& painter, const QWidget* widget) const;
 };
 

@@ -34,6 +34,7 @@ class DocumentTest : public testing::Test {
 
   void newWindow() {
     document = std::make_unique<frmRuvoPaint>(main, 0);
+    main.active = document.get();
     document->resize(300, 200);
     document->show();
   }

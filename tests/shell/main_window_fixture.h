@@ -73,9 +73,10 @@ class MainWindowTest : public testing::Test {
   SettingsFile settings{folder.path() / kSettingsFileName};
   FileHistory history{settings, kPaintHistorySection};
   FileHistory historyGifAni{settings, kGifAniHistorySection};
-  std::vector<std::string> fromOutside;
-  SessionServices services{state, settings, history, historyGifAni,
-                           [this](const std::string& text) { fromOutside.push_back(text); }};
+  std::vector<std::pair<std::string, PendingOpen>> fromOutside;
+  SessionServices services{
+      state, settings, history, historyGifAni,
+      [this](const std::string& text, PendingOpen command) { fromOutside.emplace_back(text, command); }};
   std::unique_ptr<frmRuvomain> window;
 };
 

@@ -1,5 +1,6 @@
 // What the main window does with documents: routing, modes, options, histories, closing.
 #include <QCheckBox>
+#include <QMenu>
 #include <QMenuBar>
 
 #include "canvas/ucCanvas.h"
@@ -137,6 +138,11 @@ TEST_F(Documents, ClosingAsksOnceForAllUnsavedPictures) {
 
 TEST_F(Documents, SettingsComeBackAtTheNextStart) {
   control<QComboBox>("cboBrushSize").setCurrentIndex(7);
+  for (int level = 0; level <= 4; ++level)
+    EXPECT_FALSE(actionOf(*window->menuBar(), QString("mnuSubMonitorRAM(%1)").arg(level))->isChecked()) << level;
+  std::filesystem::create_directory(folder / "palettes");
+  const QString palettes = QString::fromStdString((folder / "palettes").string());
+  window->setLastFolder("PAL", palettes);
   window->mnuOptionsSub_Click(1);
   window->mnuOptionsSub_Click(4);
   window->mnuSubMonitorRAM_Click(3);
@@ -153,6 +159,33 @@ TEST_F(Documents, SettingsComeBackAtTheNextStart) {
   EXPECT_EQ(state.options.watchRam, 3);
   EXPECT_FALSE(state.options.alternativeMarquee);
   EXPECT_EQ(panel(kPanelMode), "SDI");
+  EXPECT_EQ(window->lastFolder("PAL"), palettes);
+}
+
+TEST_F(Documents, TheWindowsMenuListsThemAndBringsOneUp) {
+  frmRuvoPaint& first = openNew();
+  window->setDocumentCaption(&first, "/a/R & B.png", "/a/R & B.png");
+  frameOf(first).showMinimized();
+  frmRuvoPaint& second = openNew();
+  QMenu* menu = nullptr;
+  for (QMenu* candidate : second.menus())
+    if (candidate->objectName() == "mnuWindows") menu = candidate;
+  ASSERT_NE(menu, nullptr);
+  const qsizetype commands = menu->actions().size();
+  for (int opening = 0; opening < 2; ++opening) Q_EMIT menu->aboutToShow();
+  const QList<QAction*> rows = menu->actions().mid(commands);
+  ASSERT_EQ(rows.size(), 3);
+  EXPECT_EQ(rows[1]->text(), "&1 /a/R && B.png");
+  EXPECT_FALSE(rows[1]->isChecked());
+  EXPECT_TRUE(rows[2]->isChecked());
+  rows[1]->trigger();
+  EXPECT_EQ(window->activeDocument(), &first);
+  EXPECT_FALSE(frameOf(first).isMinimized());
+  // In a cascade each keeps a size that shows its picture, and the one on top stays there.
+  window->arrangeWindows(0);
+  EXPECT_GT(first.canvas()->width(), 40);
+  EXPECT_GT(second.canvas()->height(), 30);
+  EXPECT_GT(frameOf(first).x(), frameOf(second).x());
 }
 
 TEST_F(Documents, HistoryOfTheMainMenuOpensOrTellsWhatIsMissing) {

@@ -13,6 +13,7 @@ class FakeMainWindow : public MainWindowLink {
   SessionState state;
   ToolboxState tools;
   int documents = 1;
+  frmRuvoPaint* active = nullptr;
 
   QMap<int, QString> panels;
   QString title;
@@ -34,6 +35,7 @@ class FakeMainWindow : public MainWindowLink {
 
   void openDocument(PendingOpen command, const QString& file) override { opened << qMakePair(command, file); }
   int documentCount() const override { return documents; }
+  frmRuvoPaint* activeDocument() const override { return active; }
   void setDocumentChanged(int slot, bool changed) override { state.documents.at(slot).changed = changed; }
   void releaseDocument(frmRuvoPaint*) override {
     calls << "releaseDocument";

@@ -25,10 +25,13 @@ enum class PendingOpen {
   DigiPhoto = 7,
 };
 
+// No level of memory watching was ever chosen: no item of the menu is checked, and nothing is watched.
+inline constexpr int kNoMonitorLevel = -1;
+
 // The options that the settings file keeps ("Options"), and those of this session only.
 struct OptionFlags {
   bool sdiOnly = false;
-  int watchRam = 0;  // 0 off, 1 to 4: below 10, 20, 30, 40 MB; other values act as 0
+  int watchRam = kNoMonitorLevel;  // 0 off, 1 to 4: below 10, 20, 30, 40 MB; other values act as 0
   bool remindColorSetting = true;
   bool fitInEvenIfSmaller = false;
   bool jpgAddBackExif = true;

@@ -11,6 +11,7 @@
 #include <QMimeData>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QTextDocument>
 #include <QUrl>
 
 #include "base/program_title.h"
@@ -37,11 +38,16 @@ QStringList qtFilters(const QString& classic) {
 
 QMessageBox::Icon qtIcon(Icon icon) {
   switch (icon) {
-    case Icon::Information: return QMessageBox::Information;
-    case Icon::Exclamation: return QMessageBox::Warning;
-    case Icon::Critical: return QMessageBox::Critical;
-    case Icon::Question: return QMessageBox::Question;
-    case Icon::None: break;
+    case Icon::Information:
+      return QMessageBox::Information;
+    case Icon::Exclamation:
+      return QMessageBox::Warning;
+    case Icon::Critical:
+      return QMessageBox::Critical;
+    case Icon::Question:
+      return QMessageBox::Question;
+    case Icon::None:
+      break;
   }
   return QMessageBox::NoIcon;
 }
@@ -111,6 +117,10 @@ class QtDesktop : public Desktop {
 Desktop* installed = nullptr;
 
 }  // namespace
+
+QString plainToolTip(const QString& text) {
+  return Qt::mightBeRichText(text) ? "<qt>" + text.toHtmlEscaped() + "</qt>" : text;
+}
 
 Desktop& desktop() {
   static QtDesktop real;

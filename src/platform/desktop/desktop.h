@@ -45,6 +45,9 @@ class Desktop {
   virtual bool open(const QString& fileOrAddress) = 0;
 };
 
+// A text for a tool tip that shows it as it is: a path may well hold what looks like a tag.
+QString plainToolTip(const QString& text);
+
 // The one in use. Never null; the real one until another is installed.
 Desktop& desktop();
 // Installs another (null: the real one again) and returns the one before.

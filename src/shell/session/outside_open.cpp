@@ -34,29 +34,29 @@ std::optional<std::filesystem::path> fileFromOutside(std::string_view text) {
   return fileExists(file) ? std::optional(file) : std::nullopt;
 }
 
-void OutsideOpener::push(std::string text) {
-  if (!text.empty()) queue_.push_back(std::move(text));
+void OutsideOpener::push(std::string text, PendingOpen command) {
+  if (!text.empty()) queue_.push_back({std::move(text), command});
 }
 
 void OutsideOpener::run() {
   if (running_) return;
   running_ = true;
   while (!queue_.empty() && !host_.busy()) {
-    const std::string text = std::move(queue_.front());
+    const Waiting next = std::move(queue_.front());
     queue_.pop_front();
-    open(text);
+    open(next);
   }
   running_ = false;
 }
 
-void OutsideOpener::open(const std::string& text) {
+void OutsideOpener::open(const Waiting& next) {
   host_.unloadToolWindows();
-  const auto file = fileFromOutside(text);
+  const auto file = next.command == PendingOpen::CommandLine ? fileFromOutside(next.text) : pathOf(next.text);
   if (!file) return;
   if (host_.sdiOnly() && host_.anyDocumentOpen()) {
-    host_.openInActiveDocument(*file);
+    host_.openInActiveDocument(*file, next.command);
   } else {
-    host_.openInNewWindow(*file);
+    host_.openInNewWindow(*file, next.command);
   }
 }
 

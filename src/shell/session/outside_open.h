@@ -1,5 +1,5 @@
-// Files that come from outside: named on the command line, or handed over by a second start. They wait in a queue until
-// the program is ready for them.
+// Files that come from outside: named on the command line, handed over by a second start, or dropped. They wait in a
+// queue until the program is ready for them.
 #pragma once
 
 #include <deque>
@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "document/model/session_state.h"
 
 namespace ruvo {
 
@@ -25,26 +27,31 @@ struct OutsideHost {
   std::function<void()> unloadToolWindows;
   std::function<bool()> anyDocumentOpen;
   std::function<bool()> sdiOnly;
-  std::function<void(const std::filesystem::path&)> openInNewWindow;
+  std::function<void(const std::filesystem::path&, PendingOpen)> openInNewWindow;
   // Asks first when there are changes.
-  std::function<void(const std::filesystem::path&)> openInActiveDocument;
+  std::function<void(const std::filesystem::path&, PendingOpen)> openInActiveDocument;
 };
 
 class OutsideOpener {
  public:
   explicit OutsideOpener(OutsideHost host) : host_(std::move(host)) {}
 
-  // Every text acts, equal to the one before or not. An empty one is dropped.
-  void push(std::string text);
+  // Every text acts, equal to the one before or not. An empty one is left out. With CommandLine a text that names no
+  // file to open is passed over in silence; with FileOpen (a dropped file) the opening says what is wrong.
+  void push(std::string text, PendingOpen command);
   bool waiting() const { return !queue_.empty(); }
   // Opens what waits, in order, until the host is busy. Safe to call from within an opening.
   void run();
 
  private:
-  void open(const std::string& text);
+  struct Waiting {
+    std::string text;
+    PendingOpen command;
+  };
+  void open(const Waiting& next);
 
   OutsideHost host_;
-  std::deque<std::string> queue_;
+  std::deque<Waiting> queue_;
   bool running_ = false;
 };
 

@@ -37,7 +37,7 @@ bool allDigits(std::string_view text) {
 enum class Rule {
   FlagOnlyMinusOne,  // "-1" is true, all else false
   FlagAllButZero,    // "0" is false, all else true
-  MonitorLevel,      // 0 to 4; any other number checks nothing, which is level 0
+  MonitorLevel,      // 0 to 4; any other text is no level, which is written as 0
   BrushIndex,        // outside the list: the default
   Twips,             // a whole number, 0 when there is none
   SlideNumber,       // a text without digits is 0
@@ -75,7 +75,7 @@ const Row kRows[] = {
             [](S& s) -> bool& { return s.dialogShowPreview; }),
     folderRow(kFolderPal, [](S& s) -> std::filesystem::path& { return s.palFolder; }),
     flagRow("Options", "SDIOnly", kFalse, Rule::FlagOnlyMinusOne, [](S& s) -> bool& { return s.options.sdiOnly; }),
-    numberRow("Options", "WatchRAM", "0", Rule::MonitorLevel, [](S& s) -> int& { return s.options.watchRam; }),
+    numberRow("Options", "WatchRAM", "", Rule::MonitorLevel, [](S& s) -> int& { return s.options.watchRam; }),
     flagRow("Options", "RemindColorSetting", kTrue, Rule::FlagAllButZero,
             [](S& s) -> bool& { return s.options.remindColorSetting; }),
     flagRow("Options", "FitInEvenIfSmaller", kFalse, Rule::FlagOnlyMinusOne,
@@ -95,10 +95,10 @@ int numberFor(Rule rule, const std::string& text) {
   const std::optional<double> number = leadingNumber(text);
   switch (rule) {
     case Rule::MonitorLevel:
-      for (int level = 1; level <= kMonitorLevels; ++level) {
+      for (int level = 0; level <= kMonitorLevels; ++level) {
         if (number == level) return level;
       }
-      return 0;
+      return kNoMonitorLevel;
     case Rule::BrushIndex: {
       const int index = number ? toInt(*number) : kDefaultBrushSizeIndex;
       return index >= 0 && index < kBrushSizeCount ? index : kDefaultBrushSizeIndex;
@@ -125,6 +125,7 @@ void readRow(const Row& row, const std::string& text, StoredSettings& settings) 
 
 std::string textOf(const Row& row, StoredSettings& settings) {
   if (row.flag) return row.flag(settings) ? kTrue : kFalse;
+  if (row.rule == Rule::MonitorLevel) return std::to_string(std::max(0, row.number(settings)));
   if (row.number) return std::to_string(row.number(settings));
   return utf8Of(row.folder(settings));
 }

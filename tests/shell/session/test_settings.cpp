@@ -30,7 +30,7 @@ class Settings : public testing::Test {
 TEST_F(Settings, WithoutAFileEverythingIsAtItsDefault) {
   const StoredSettings s = readSettings(file_, context_);
   EXPECT_FALSE(s.options.sdiOnly);
-  EXPECT_EQ(s.options.watchRam, 0);
+  EXPECT_EQ(s.options.watchRam, kNoMonitorLevel);
   EXPECT_TRUE(s.options.remindColorSetting);
   EXPECT_TRUE(s.options.jpgAddBackExif);
   EXPECT_EQ(s.brushSizeIndex, 2);
@@ -47,7 +47,13 @@ TEST_F(Settings, EachRuleOnOddTexts) {
   EXPECT_TRUE(readWith("Options", "RemindColorSetting", "x").options.remindColorSetting);
   EXPECT_FALSE(readWith("Options", "RemindColorSetting", "0").options.remindColorSetting);
   EXPECT_FALSE(readWith("DialogShowPreview", "ShowPreview", "yes").dialogShowPreview);
-  for (const auto& [text, level] : {std::pair{"3", 3}, {"7", 0}, {"-1", 0}, {"2.5", 0}, {"abc", 0}, {"4", 4}}) {
+  for (const auto& [text, level] : {std::pair{"3", 3},
+                                    {"0", 0},
+                                    {"7", kNoMonitorLevel},
+                                    {"-1", kNoMonitorLevel},
+                                    {"2.5", kNoMonitorLevel},
+                                    {"abc", kNoMonitorLevel},
+                                    {"4", 4}}) {
     EXPECT_EQ(readWith("Options", "WatchRAM", text).options.watchRam, level) << text;
   }
   for (const auto& [text, index] :

@@ -99,16 +99,16 @@ TEST(OutsideOpen, WaitsWhileBusyAndActsOnEveryText) {
   OutsideOpener* self = nullptr;
   OutsideOpener opener({[&] { return busy; }, [&] { log.push_back("unload"); }, [&] { return document; },
                         [&] { return sdi; },
-                        [&](const auto&) {
+                        [&](const auto&, PendingOpen) {
                           log.push_back("new");
                           document = true;
                           self->run();  // an opening that lets events in must not start the next one inside
                         },
-                        [&](const auto&) { log.push_back("here"); }});
+                        [&](const auto&, PendingOpen) { log.push_back("here"); }});
   self = &opener;
-  opener.push(file.string());
-  opener.push(file.string());
-  opener.push("");
+  opener.push(file.string(), PendingOpen::CommandLine);
+  opener.push(file.string(), PendingOpen::CommandLine);
+  opener.push("", PendingOpen::CommandLine);
   opener.run();
   EXPECT_TRUE(log.empty());
   EXPECT_TRUE(opener.waiting());
@@ -118,15 +118,20 @@ TEST(OutsideOpen, WaitsWhileBusyAndActsOnEveryText) {
   EXPECT_FALSE(opener.waiting());
   log.clear();
   sdi = true;
-  opener.push(file.string());
-  opener.push("/none/such.png");
+  opener.push(file.string(), PendingOpen::CommandLine);
+  opener.push("/none/such.png", PendingOpen::CommandLine);
   opener.run();
   EXPECT_EQ(log, (std::vector<std::string>{"unload", "here", "unload"}));
   log.clear();
   document = false;
-  opener.push(file.string());
+  opener.push(file.string(), PendingOpen::CommandLine);
   opener.run();
   EXPECT_EQ(log.back(), "new");
+  // What is wrong with a dropped file is for the opening to say.
+  log.clear();
+  opener.push("/none/such.png", PendingOpen::FileOpen);
+  opener.run();
+  EXPECT_EQ(log, (std::vector<std::string>{"unload", "here"}));
 }
 
 }  // namespace
