@@ -59,6 +59,9 @@ int main(int argc, char** argv) {
   }
   // The list of fonts takes about as long to read as the toolkit takes to start, which needs it right afterwards.
   const std::jthread fonts([] { FcInit(); });
+  // The menu bar changes with the active document and holds a maximised document's buttons: it stays in the window. (To
+  // ask the desktop for one costs a start more than all menus together.)
+  QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
   // Takes the toolkit's own options out of the words.
   ruvo::RuvoApplication application(argc, argv);
   const ruvo::ProgramArguments arguments = parsed(argc, argv);
