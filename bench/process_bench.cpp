@@ -1,5 +1,6 @@
-// Figures of the whole program as a process: start to shown window against an empty Qt MDI window, in turn and as a ratio
-// of medians, and the memory that stays resident with a 24-megapixel picture open.
+// Figures of the whole program as a process: start to shown window against an empty Qt MDI window, in turn and as a
+// ratio of medians, and the memory that stays resident with a 24-megapixel picture open. Prints rows of the table that
+// bench/run begins.
 //
 //   process_bench BIN_FOLDER
 #include <fcntl.h>
@@ -97,15 +98,15 @@ int main(int argc, char** argv) {
   ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
 
   std::vector<double> ours, peer;
-  for (int i = 0; i < 16; ++i) {
+  for (int i = 0; i < 22; ++i) {
     const double a = secondsToShown({folder + "/ruvopaint", "--exit-when-shown"});
     const double b = secondsToShown({folder + "/empty_mdi"});
     if (i == 0) continue;  // warms the caches
     ours.push_back(a);
     peer.push_back(b);
   }
-  std::printf("start to shown window:   ours %6.1f ms   empty Qt MDI window %6.1f ms   ratio %.2f\n", median(ours) * 1e3,
-              median(peer) * 1e3, median(ours) / median(peer));
+  std::printf("| Start to shown window against an empty Qt MDI window | %.3g ms | %.3g ms | %.2f | 1.5 |\n",
+              median(ours) * 1e3, median(peer) * 1e3, median(ours) / median(peer));
 
   ruvo::clsDIB picture;
   picture.CreateBlankDIB(6000, 4000, 32, ruvo::rgb(90, 140, 200));
@@ -114,7 +115,9 @@ int main(int argc, char** argv) {
   picture.ClearUp();
   const double pixels = 6000.0 * 4000 * 4 / 1e6;
   const double resident = settledMegabytes({folder + "/ruvopaint", "--no-splash", file.string()});
-  std::printf("resident, 24 megapixels: %.0f MB for %.0f MB of pixels   ratio %.2f\n", resident, pixels, resident / pixels);
+  std::printf(
+      "| Resident memory with 24 megapixels open against their 32-bit pixels | %.0f MB | %.0f MB | %.2f | 2.5 |\n",
+      resident, pixels, resident / pixels);
   std::filesystem::remove_all(scratch);
   return 0;
 }
