@@ -29,8 +29,9 @@ bool opaquePartTooSmall(const clsDIB& mask) {
 
 // False when cancelled or refused (in words).
 bool frmRuvoPaint::Private::loadCustomPicture(const QString& folderKey, clsDIB& picture) {
-  const QString file =
-      desktop::desktop().openFile(link.window(), tr("Load image"), link.lastFolder(folderKey), qt(openFilter()));
+  const QString last = link.lastFolder(folderKey);
+  const QString file = desktop::desktop().openFile(link.window(), tr("Load image"),
+                                                   last.isEmpty() ? folderForFiles() : last, qt(openFilter()));
   if (file.isEmpty()) return false;
   const std::string path = file.toStdString();
   LoadedPicture loaded;

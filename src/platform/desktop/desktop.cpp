@@ -36,6 +36,9 @@ QStringList qtFilters(const QString& classic) {
   return filters;
 }
 
+// The patterns are there twice, for both cases of letters; only the names are for people.
+constexpr auto kPlainFilters = QFileDialog::HideNameFilterDetails;
+
 QMessageBox::Icon qtIcon(Icon icon) {
   switch (icon) {
     case Icon::Information:
@@ -68,13 +71,14 @@ class QtDesktop : public Desktop {
   }
 
   QString openFile(QWidget* parent, const QString& title, const QString& folder, const QString& filter) override {
-    return QFileDialog::getOpenFileName(parent, title, folder, qtFilters(filter).join(";;"));
+    return QFileDialog::getOpenFileName(parent, title, folder, qtFilters(filter).join(";;"), nullptr, kPlainFilters);
   }
 
   QString saveFile(QWidget* parent, const QString& title, const QString& proposed, const QString& filter,
                    const QString& defaultExtension) override {
     QFileDialog dialog(parent, title, QFileInfo(proposed).path());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(kPlainFilters);
     dialog.setNameFilters(qtFilters(filter));
     dialog.setDefaultSuffix(defaultExtension);
     dialog.selectFile(QFileInfo(proposed).fileName());
