@@ -16,8 +16,8 @@ struct ucCanvas::Private final : CanvasEvents, CanvasWindow {
 
   // --- Device pixels
 
-  // Control points for the core, counted from the device pixel at which the control begins.
-  Point toDevice(QPointF logical) const;
+  // Where the pointer is, for the core: counted from the device pixel at which the control begins.
+  Point toDevice(const QMouseEvent& event, const QWidget& receiver) const;
   Size deviceClient() const;
   // The logical rectangle that holds device pixels.
   QRect toLogical(const Rect& device) const;

@@ -98,15 +98,15 @@ void CanvasView::paintPicture(QPainter& painter, QPoint origin, const QRect& dir
 }
 
 void CanvasView::mousePressEvent(QMouseEvent* event) {
-  d_.core.mousePress(d_.toDevice(event->position()), buttonOf(event->button()), keysOf(event->modifiers()));
+  d_.core.mousePress(d_.toDevice(*event, *this), buttonOf(event->button()), keysOf(event->modifiers()));
 }
 
 void CanvasView::mouseMoveEvent(QMouseEvent* event) {
-  d_.core.mouseMove(d_.toDevice(event->position()), keysOf(event->modifiers()));
+  d_.core.mouseMove(d_.toDevice(*event, *this), keysOf(event->modifiers()));
 }
 
 void CanvasView::mouseReleaseEvent(QMouseEvent* event) {
-  d_.core.mouseRelease(d_.toDevice(event->position()), buttonOf(event->button()), keysOf(event->modifiers()));
+  d_.core.mouseRelease(d_.toDevice(*event, *this), buttonOf(event->button()), keysOf(event->modifiers()));
 }
 
 // The second press of a quick pair is a press like any other.

@@ -30,16 +30,14 @@ class EdgeHandle final : public QWidget {
     painter.fillRect(rect().adjusted(1, 1, -1, -1), palette().color(QPalette::Highlight));
   }
   void mousePressEvent(QMouseEvent* event) override {
-    if (event->button() == Qt::LeftButton) d_.core.edgePress(edge_, at(event));
+    if (event->button() == Qt::LeftButton) d_.core.edgePress(edge_, d_.toDevice(*event, *this));
   }
-  void mouseMoveEvent(QMouseEvent* event) override { d_.core.edgeMove(at(event)); }
+  void mouseMoveEvent(QMouseEvent* event) override { d_.core.edgeMove(d_.toDevice(*event, *this)); }
   void mouseReleaseEvent(QMouseEvent* event) override {
     if (event->button() == Qt::LeftButton) d_.core.edgeRelease();
   }
 
  private:
-  Point at(QMouseEvent* event) const { return d_.toDevice(d_.picDisp->mapFromGlobal(event->globalPosition())); }
-
   ucCanvas::Private& d_;
   CanvasEdge edge_;
 };
@@ -104,9 +102,15 @@ ucCanvas::Private::Private(ucCanvas& canvas)
   }
 }
 
-Point ucCanvas::Private::toDevice(QPointF logical) const {
-  const QPointF at = logical * picDisp->devicePixelRatioF() + fractionOfOrigin(*picDisp);
-  return {static_cast<int>(std::floor(at.x())), static_cast<int>(std::floor(at.y()))};
+// A widget is told whole logical pixels, which on a scaled screen leave device pixels out; the place in the window has
+// kept them. Made-up events may have no such place and are taken as they come.
+Point ucCanvas::Private::toDevice(const QMouseEvent& event, const QWidget& receiver) const {
+  constexpr double kRoundingSlack = 0.01;
+  const QPointF told = receiver.mapTo(&q, event.position());
+  const QPointF exact = q.mapFrom(q.window(), event.scenePosition());
+  const bool samePlace = std::abs(exact.x() - told.x()) < 1 && std::abs(exact.y() - told.y()) < 1;
+  const QPointF at = (samePlace ? exact : told) * picDisp->devicePixelRatioF() + fractionOfOrigin(*picDisp);
+  return {static_cast<int>(std::floor(at.x() + kRoundingSlack)), static_cast<int>(std::floor(at.y() + kRoundingSlack))};
 }
 
 Size ucCanvas::Private::deviceClient() const {

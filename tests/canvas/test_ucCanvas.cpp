@@ -2,6 +2,7 @@
 
 #include <QDropEvent>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -62,6 +63,21 @@ TEST(UcCanvas, PaintsByTheMouse) {
   const QImage screen = shown.view->grab().toImage();
   EXPECT_EQ(screen.pixelColor(shown.at(20, 10)), QColor(200, 10, 20));
   EXPECT_EQ(screen.pixelColor(shown.at(20, 12)), QColor(Qt::white));
+}
+
+// On a scaled screen the point in the widget is rounded; a click would miss the pixel under the pointer.
+TEST(UcCanvas, TakesTheExactPlaceOfThePointer) {
+  ShownCanvas shown(40, 40);
+  shown.canvas.settings().BrushSize = 1;
+  shown.canvas.settings().ColorToUse = kBlack;
+  shown.canvas.setCanvasOp(0);
+  const QPointF exact = QPointF(shown.at(20, 20)) - QPointF(0.25, 0.25);
+  for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    QMouseEvent event(type, exact.toPoint(), exact, shown.view->mapToGlobal(exact), Qt::LeftButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(shown.view, &event);
+  }
+  EXPECT_EQ(shown.pixel(19, 19).colour(), kBlack);
+  EXPECT_EQ(shown.pixel(20, 20).colour(), kWhite);
 }
 
 TEST(UcCanvas, BarsWheelAndValuesMoveTheSameView) {
