@@ -167,12 +167,13 @@ class WideListCombo : public QComboBox {
 QComboBox* combo(const QString& name, const QStringList& items, int first, int width, QWidget* parent) {
   auto* box = new WideListCombo(parent);
   box->setObjectName(name);
+  // Before the items: a box that is as wide as its place has no need to measure each of them.
+  box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  box->setMinimumContentsLength(1);
   box->addItems(items);
   box->setCurrentIndex(first);
   if (width > 0) box->setFixedWidth(width);
   box->setMaxVisibleItems(20);
-  box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  box->setMinimumContentsLength(1);
   return box;
 }
 
