@@ -25,7 +25,8 @@ std::optional<std::vector<std::uint8_t>> readWholeFile(const fs::path& path, std
   // Not blocking, so that a named pipe in place of a file can not hang the program.
   const Descriptor file{::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)};
   struct stat info {};
-  if (file.fd < 0 || ::fstat(file.fd, &info) != 0 || !S_ISREG(info.st_mode) || info.st_size > limit) return std::nullopt;
+  if (file.fd < 0 || ::fstat(file.fd, &info) != 0 || !S_ISREG(info.st_mode) || info.st_size > limit)
+    return std::nullopt;
   std::vector<std::uint8_t> bytes(static_cast<std::size_t>(info.st_size));
   std::size_t done = 0;
   while (done < bytes.size()) {
@@ -40,23 +41,26 @@ std::optional<std::vector<std::uint8_t>> readWholeFile(const fs::path& path, std
 }
 
 FileReplacement::FileReplacement(fs::path target) : target_(std::move(target)) {
-  // A link is followed, so that saving through it changes the file and not the link.
-  std::error_code error;
-  if (fs::is_symlink(target_, error)) {
-    const fs::path real = fs::weakly_canonical(target_, error);
-    if (!error) target_ = real;
+  if (!followLinks()) return;
+  struct stat old {};
+  const bool present = ::stat(target_.c_str(), &old) == 0;
+  // A pipe or a device would be gone for whoever uses it.
+  if (present && !S_ISREG(old.st_mode)) {
+    refuse("replace", S_ISDIR(old.st_mode) ? EISDIR : EINVAL);
+    return;
   }
   std::string pattern = (target_.parent_path() / ".ruvo-XXXXXX").string();
   descriptor_ = ::mkostemp(pattern.data(), O_CLOEXEC);
   if (descriptor_ < 0) {
-    fail("create");
+    refuse("create", errno);
     return;
   }
   temporary_ = pattern;
   ok_ = true;
-  struct stat old {};
-  if (::stat(target_.c_str(), &old) == 0) {
-    ok_ = ::fchmod(descriptor_, old.st_mode & 07777) == 0 || errno == EPERM;
+  if (present) {
+    // The owner stays where the system lets it; where it does not, that is no reason not to save.
+    [[maybe_unused]] const int ignored = ::fchown(descriptor_, old.st_uid, old.st_gid);
+    if (::fchmod(descriptor_, old.st_mode & 07777) != 0 && errno != EPERM) refuse("permit", errno);
   } else {
     const mode_t mask = ::umask(0);
     ::umask(mask);
@@ -64,13 +68,28 @@ FileReplacement::FileReplacement(fs::path target) : target_(std::move(target)) {
   }
 }
 
+// Saving through a link changes the file and not the link, also when the file is not there yet.
+bool FileReplacement::followLinks() {
+  constexpr int kMostLinks = 40;
+  std::error_code error;
+  for (int links = 0; fs::is_symlink(fs::symlink_status(target_, error)); ++links) {
+    if (links == kMostLinks) error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+    if (!error) target_ = target_.parent_path() / fs::read_symlink(target_, error);
+    if (error) {
+      refuse("follow", error.value());
+      return false;
+    }
+  }
+  return true;
+}
+
 FileReplacement::~FileReplacement() {
   if (descriptor_ >= 0) ::close(descriptor_);
   if (!committed_ && !temporary_.empty()) ::unlink(temporary_.c_str());
 }
 
-void FileReplacement::fail(const char* step) {
-  if (reason_.empty()) reason_ = std::string(step) + ": " + std::strerror(errno);
+void FileReplacement::refuse(const char* step, int error) {
+  if (reason_.empty()) reason_ = std::string(step) + ": " + std::strerror(error);
   ok_ = false;
 }
 
@@ -79,7 +98,7 @@ bool FileReplacement::write(std::span<const std::uint8_t> bytes) {
     const ssize_t put = ::write(descriptor_, bytes.data(), bytes.size());
     if (put < 0 && errno == EINTR) continue;
     if (put < 0) {
-      fail("write");
+      refuse("write", errno);
     } else {
       bytes = bytes.subspan(static_cast<std::size_t>(put));
     }
@@ -92,9 +111,9 @@ bool FileReplacement::commit() {
   const int descriptor = descriptor_;
   descriptor_ = -1;
   if (::close(descriptor) != 0) {
-    fail("close");
+    refuse("close", errno);
   } else if (::rename(temporary_.c_str(), target_.c_str()) != 0) {
-    fail("rename");
+    refuse("rename", errno);
   } else {
     committed_ = true;
   }

@@ -14,7 +14,8 @@ namespace ruvo {
 std::optional<std::vector<std::uint8_t>> readWholeFile(const std::filesystem::path& path, std::int64_t limit);
 
 // A file that is written beside its target and takes the target's place on commit() (same folder, so the rename is one
-// step). Destroyed without a commit it removes itself and the target stays as it was.
+// step). Destroyed without a commit it removes itself and the target stays as it was. Only a regular file is ever
+// replaced: a target that is a folder, a pipe or a device fails at once.
 class FileReplacement {
  public:
   explicit FileReplacement(std::filesystem::path target);
@@ -33,7 +34,8 @@ class FileReplacement {
   bool commit();
 
  private:
-  void fail(const char* step);
+  bool followLinks();
+  void refuse(const char* step, int error);
 
   std::filesystem::path target_;
   std::filesystem::path temporary_;

@@ -8,7 +8,9 @@
 namespace ruvo {
 namespace {
 
-std::vector<std::uint8_t> bytesOf(std::string_view text) { return {text.begin(), text.end()}; }
+std::vector<std::uint8_t> bytesOf(std::string_view text) {
+  return {text.begin(), text.end()};
+}
 
 TEST(FileIo, ReplacingKeepsTheOldFileUntilTheNewOneIsWhole) {
   const test::TempFolder folder;
@@ -53,6 +55,24 @@ TEST(FileIo, RefusesFoldersPipesMissingAndOversizedFiles) {
   std::string reason;
   EXPECT_FALSE(replaceFile(folder.path() / "no" / "such", bytesOf("x"), &reason));
   EXPECT_THAT(reason, testing::StartsWith("create: "));
+}
+
+TEST(FileIo, WritingLeavesWhatIsNoFileAlone) {
+  const test::TempFolder folder;
+  const auto place = [&](const char* name) { return folder.path() / name; };
+  ASSERT_EQ(::mkfifo(place("pipe").c_str(), 0600), 0);
+  std::filesystem::create_directory(place("folder"));
+  std::filesystem::create_symlink("loop", place("loop"));
+  std::filesystem::create_symlink("later", place("dangling"));
+  const auto before = folder.names();
+  EXPECT_FALSE(replaceFile(place("pipe"), bytesOf("x")));
+  EXPECT_FALSE(replaceFile(place("folder"), bytesOf("x")));
+  EXPECT_FALSE(replaceFile(place("loop"), bytesOf("x")));
+  EXPECT_EQ(folder.names(), before);
+  EXPECT_TRUE(std::filesystem::is_fifo(place("pipe")));
+  EXPECT_TRUE(std::filesystem::is_symlink(place("loop")));
+  EXPECT_TRUE(replaceFile(place("dangling"), bytesOf("x")));
+  EXPECT_EQ(readWholeFile(place("later"), 9), bytesOf("x"));
 }
 
 }  // namespace

@@ -8,6 +8,10 @@
 namespace ruvo::imaging {
 namespace {
 
+// How much of the file may follow the last row before the stream ends: it is inflated only to check it, and a small
+// file can hold hours of that.
+constexpr std::size_t kMaxTail = 1 << 16;
+
 // Everything that must outlive a jump out of the library lives here, in the frame above the one that jumps back.
 struct Decoder {
   png_structp png = nullptr;
@@ -17,6 +21,8 @@ struct Decoder {
   std::vector<png_bytep> rows;
   raster::Surface surface;
   bool alpha = false;
+  bool reading = false;  // the rows
+  std::size_t tail = 0;  // bytes taken since the last row
   LoadResult result;
 
   Decoder(ByteSource& source, std::int64_t limit) : reader(source), maxPixels(limit) {
@@ -29,9 +35,16 @@ struct Decoder {
   png_longjmp(png, 1);
 }
 void ignoreWarning(png_structp, png_const_charp) {}
+bool lastRowDone(png_structp png, const Decoder& decoder) {
+  const bool interlaced = png_get_interlace_type(png, decoder.info) != PNG_INTERLACE_NONE;
+  return interlaced ? png_get_current_pass_number(png) >= PNG_INTERLACE_ADAM7_PASSES
+                    : png_get_current_row_number(png) >= png_get_image_height(png, decoder.info);
+}
 void readBytes(png_structp png, png_bytep target, std::size_t count) {
-  auto& reader = *static_cast<SequentialReader*>(png_get_io_ptr(png));
-  if (reader.read({target, count}) != count) png_error(png, "early end");
+  auto& decoder = *static_cast<Decoder*>(png_get_io_ptr(png));
+  if (decoder.reading && lastRowDone(png, decoder)) decoder.tail += count;
+  if (decoder.tail > kMaxTail) png_error(png, "no end");
+  if (decoder.reader.read({target, count}) != count) png_error(png, "early end");
 }
 
 // Whatever the file's type: eight bits a channel, blue first, four bytes a pixel. Gamma and colour profiles are left
@@ -70,6 +83,7 @@ void readPixels(Decoder& decoder) {
   if (png_get_rowbytes(decoder.png, decoder.info) != static_cast<std::size_t>(decoder.surface.stride())) return;
   decoder.rows.resize(static_cast<std::size_t>(decoder.surface.height()));
   for (int y = 0; y < decoder.surface.height(); ++y) decoder.rows[y] = decoder.surface.pictureRow(y);
+  decoder.reading = true;
   png_read_image(decoder.png, decoder.rows.data());
   // What follows the last row is not read: a picture that is whole is not lost by a damaged end.
   decoder.result.error = LoadError::None;
@@ -83,7 +97,7 @@ void decode(Decoder& decoder) {
     return;
   }
   if (setjmp(png_jmpbuf(decoder.png)) != 0) return;
-  png_set_read_fn(decoder.png, &decoder.reader, readBytes);
+  png_set_read_fn(decoder.png, &decoder, readBytes);
   // The size is ours to judge, so that the caller learns it. Texts, profiles and the like are skipped unread: they take
   // no part in the picture, and a small file can inflate them to gigabytes.
   png_set_user_limits(decoder.png, PNG_UINT_31_MAX, PNG_UINT_31_MAX);

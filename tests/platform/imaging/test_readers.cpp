@@ -1,5 +1,6 @@
 // Each decoder against files that the format's own library wrote.
 #include <gtest/gtest.h>
+#include <zlib.h>
 
 #include "platform/imaging/codecs.h"
 #include "platform/imaging/sample_files.h"
@@ -149,6 +150,26 @@ TEST(PngReader, CutAndDamagedFilesAreRefused) {
   EXPECT_EQ(read(readPng, cut).error, LoadError::Broken);
   bytes[29] ^= 1;  // the checksum of the header
   EXPECT_EQ(read(readPng, bytes).error, LoadError::Broken);
+}
+
+// Data behind the last row are inflated only to be checked: a small file can hold hours of them.
+TEST(PngReader, RowsBehindTheLastAreReadOnlyToALimit) {
+  const auto busy = [](int x, int y, int c) {
+    const auto n = static_cast<std::uint32_t>((x + 64 * y) * 3 + c) * 2654435761u;
+    return static_cast<int>((n ^ n >> 15) * 2246822519u >> 24);
+  };
+  const auto statingFourRows = [&](int rows) {
+    Bytes bytes = test::makePng({.width = 64, .height = rows}, busy);
+    bytes[22] = 0;
+    bytes[23] = 4;
+    const auto sum = static_cast<std::uint32_t>(crc32(0, bytes.data() + 12, 17));
+    for (int i = 0; i < 4; ++i) bytes[29 + i] = static_cast<std::uint8_t>(sum >> (24 - 8 * i));
+    return read(readPng, bytes);
+  };
+  EXPECT_TRUE(statingFourRows(40));
+  const LoadResult endless = statingFourRows(4000);
+  EXPECT_EQ(endless.error, LoadError::Broken);
+  EXPECT_EQ(endless.height, 4);
 }
 
 TEST(TiffReader, StripsTilesAndPlanesGiveTheSamePicture) {
