@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
   QTimer poll;
   QObject::connect(&poll, &QTimer::timeout, &application, [&] {
     if (!window.windowHandle()->isExposed()) return;
-    window.repaint();
+    QCoreApplication::processEvents();
     std::puts("shown");
     std::fflush(stdout);
     QApplication::quit();

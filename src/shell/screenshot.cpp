@@ -32,7 +32,6 @@ bool waitUntilPainted(QWidget& window) {
     letEventsThrough(kStep);
   }
   QCoreApplication::processEvents();
-  window.repaint();
   return true;
 }
 
