@@ -33,6 +33,8 @@ using std::chrono::milliseconds;
 constexpr const char* kProgramFolderVariable = "RUVO_PROGRAM_FOLDER";
 // How soon a file that had to wait is tried again.
 constexpr milliseconds kRetry{100};
+// What the window system puts around the main window, about.
+constexpr QSize kAroundWindow(8, 36);
 
 QString textOf(const std::filesystem::path& path) {
   return QString::fromStdString(utf8Of(path));
@@ -171,7 +173,12 @@ void basRuvoMain::openMainWindow() {
       SessionServices{state_, *settings_, *fileHistory_, *fileHistoryGifAni_,
                       [this](const std::string& text, PendingOpen command) { openFromOutside(text, command); }});
   window_ = std::make_unique<frmRuvomain>(*services_);
-  if (arguments_.size) window_->resize(arguments_.size->width, arguments_.size->height);
+  if (arguments_.size) {
+    window_->resize(arguments_.size->width, arguments_.size->height);
+  } else if (!arguments_.alone()) {
+    // On a small or strongly scaled screen no part of it begins outside.
+    window_->resize(window_->size().boundedTo(window_->screen()->availableSize() - kAroundWindow));
+  }
   opener_ = std::make_unique<OutsideOpener>(outsideHost());
   retry_ = std::make_unique<QTimer>();
   retry_->setInterval(kRetry);

@@ -36,6 +36,12 @@ QString literalTitle(QString text) {
 
 }  // namespace
 
+DocumentWindow::DocumentWindow(QWidget* parent) : QMdiSubWindow(parent) {
+  // Its own menu would claim Ctrl+W beside the File menu, and neither would get it.
+  for (QAction* action : systemMenu()->actions())
+    if (action->shortcuts().contains(QKeySequence("Ctrl+W"))) action->setShortcut(QKeySequence("Ctrl+F4"));
+}
+
 bool DocumentWindow::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip) {
     auto* help = static_cast<QHelpEvent*>(event);

@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kSmallCombo = 76;
 constexpr int kPreviewSide = 34;
+constexpr int kButtonAir = 10;
 constexpr int kRegionTool = 14;
 constexpr int kCustomBrush = 8;
 constexpr int kCustomPattern = 9;
@@ -74,6 +75,8 @@ QPushButton* loadButton(const QString& name, const QString& text, QWidget* paren
   button->setObjectName(name);
   button->setToolTip(text);
   button->setFocusPolicy(Qt::TabFocus);
+  // The frame is as wide as its widest button: that one needs air beside its text, too.
+  button->setMinimumWidth(button->sizeHint().width() + kButtonAir);
   return button;
 }
 

@@ -30,7 +30,7 @@ class Workspace : public QMdiArea {
 // A document's window. The whole path is the tool tip of its title bar.
 class DocumentWindow : public QMdiSubWindow {
  public:
-  explicit DocumentWindow(QWidget* parent) : QMdiSubWindow(parent) {}
+  explicit DocumentWindow(QWidget* parent);
   QString shortened;
   QString wholePath;
 

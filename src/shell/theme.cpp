@@ -26,7 +26,7 @@ namespace {
 
 // The ink that the drawings are made with.
 constexpr const char* kDrawnInk = "#2B3A4A";
-constexpr qreal kDisabledOpacity = 0.36;
+constexpr qreal kDisabledOpacity = 0.44;
 
 Roles lightRoles() {
   return {.dark = false,
@@ -66,7 +66,10 @@ Roles current = lightRoles();
 // thread renders those while the window is being built.
 class DrawingStore {
  public:
-  ~DrawingStore() {
+  ~DrawingStore() { finish(); }
+
+  // Ends the preparing. Due before the application object goes, since the thread draws by its means.
+  void finish() {
     stop_ = true;
     if (worker_.joinable()) worker_.join();
   }
@@ -84,6 +87,8 @@ class DrawingStore {
   }
 
   void prepare(int side) {
+    finish();
+    stop_ = false;
     worker_ = std::thread([this, side] {
       for (const QString& file : QDir(":/icons").entryList({"*.svg"})) {
         if (stop_) return;
@@ -187,6 +192,7 @@ void apply(QApplication& application) {
   application.setStyle(new ShellStyle);
   application.setPalette(paletteOf(current));
   loadDrawings();
+  qAddPostRoutine([] { drawings().finish(); });
   drawings().prepare(qRound(kIconSide * application.devicePixelRatio()));
 }
 

@@ -10,6 +10,9 @@
 namespace ruvo::theme {
 namespace {
 
+// Side of a check box and width of a radio button.
+constexpr int kIndicator = 15;
+
 // The glyph of a title bar button, as thin lines in a square of ten units.
 void drawGlyph(QPainter& painter, QStyle::SubControl control, const QRectF& box) {
   switch (control) {
@@ -51,7 +54,7 @@ void drawIndicator(QPainter& painter, const QStyleOption& option, bool round) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   if ((option.state & QStyle::State_Enabled) == 0) painter.setOpacity(0.45);
-  QRectF box(0, 0, 15, 15);
+  QRectF box(0, 0, kIndicator, kIndicator);
   box.moveCenter(QRectF(option.rect).center());
   const bool hot = (option.state & (QStyle::State_MouseOver | QStyle::State_HasFocus)) != 0;
   painter.setPen(QPen(on || hot ? r.accent : r.quietInk, 1.2));
@@ -160,11 +163,25 @@ int ShellStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
 }
 
 int ShellStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
-  if (metric == PM_MdiSubWindowFrameWidth) return 3;
-  if (metric == PM_TitleBarHeight) return 28;
-  if (metric == PM_MenuBarVMargin) return 2;
-  if (metric == PM_MenuBarHMargin) return 3;
-  return QProxyStyle::pixelMetric(metric, option, widget);
+  switch (metric) {
+    case PM_MdiSubWindowFrameWidth:
+    case PM_MenuBarHMargin:
+      return 3;
+    case PM_TitleBarHeight:
+      return 28;
+    case PM_MenuBarVMargin:
+      return 2;
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+      return kIndicator + 2;  // with room for its border
+    case PM_CheckBoxLabelSpacing:
+    case PM_RadioButtonLabelSpacing:
+      return 6;
+    default:
+      return QProxyStyle::pixelMetric(metric, option, widget);
+  }
 }
 
 void ShellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -219,6 +219,20 @@ TEST_F(Documents, HistoryOfADocumentOpensAnotherWindowOrReusesTheOnlyOne) {
   EXPECT_FALSE(state.documents[1].changed);
 }
 
+// Shortcuts of two actions in one window cancel each other out.
+TEST_F(Documents, NoShortcutOfAWindowIsTakenTwice) {
+  QWidget& frame = frameOf(openNew());
+  QMap<QString, QString> owners;
+  QList<QAction*> actions = frame.findChildren<QAction*>() + static_cast<QMdiSubWindow&>(frame).systemMenu()->actions();
+  for (QAction* action : QSet<QAction*>(actions.begin(), actions.end())) {
+    for (const QKeySequence& keys : action->shortcuts()) {
+      EXPECT_FALSE(owners.contains(keys.toString())) << keys.toString().toStdString();
+      owners[keys.toString()] = action->text();
+    }
+  }
+  EXPECT_TRUE(owners.contains("Ctrl+W"));
+}
+
 TEST_F(Documents, CloseAllStopsAtTheFirstNo) {
   openNew();
   openNew();

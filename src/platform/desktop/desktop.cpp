@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QRegularExpression>
@@ -18,6 +19,8 @@
 
 namespace ruvo::desktop {
 namespace {
+
+constexpr int kLeastMessageWidth = 360;
 
 // "Name (*.a;*.b)|*.a;*.b|..." as a list of Qt's "Name (*.a *.b)". Extensions match in any case.
 QStringList qtFilters(const QString& classic) {
@@ -65,6 +68,9 @@ class QtDesktop : public Desktop {
     box.setStandardButtons(buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes | QMessageBox::No);
     box.setDefaultButton(buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes);
     if (buttons == Buttons::YesNo) box.setEscapeButton(QMessageBox::No);
+    // As wide as its title wants it.
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+      grid->addItem(new QSpacerItem(kLeastMessageWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
     const int pressed = box.exec();
     if (buttons == Buttons::Ok) return Answer::Ok;
     return pressed == QMessageBox::Yes ? Answer::Yes : Answer::No;
