@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QIconEngine>
 #include <QImage>
 #include <QPainter>
 #include <QPalette>
@@ -13,6 +12,7 @@
 #include <mutex>
 #include <thread>
 
+#include "shell/painted_icon.h"
 #include "shell/theme_style.h"
 
 // The drawings lie in a static library, whose resources are not there until they are asked for. (The macro must stand
@@ -123,35 +123,17 @@ DrawingStore& drawings() {
   return store;
 }
 
-class InkIconEngine : public QIconEngine {
- public:
-  explicit InkIconEngine(QString name) : name_(std::move(name)) {}
-
-  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-    const qreal scale = painter->device()->devicePixelRatio();
-    const int side = std::min(rect.width(), rect.height());
-    QImage picture = drawings().image(name_, qRound(side * scale));
-    if (picture.isNull()) return;
-    picture.setDevicePixelRatio(scale);
-    QRect square(0, 0, side, side);
-    square.moveCenter(rect.center());
-    const qreal before = painter->opacity();
-    if (mode == QIcon::Disabled) painter->setOpacity(before * kDisabledOpacity);
-    painter->drawImage(square.topLeft(), picture);
-    painter->setOpacity(before);
-  }
-  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    QPixmap picture(size);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    paint(&painter, QRect(QPoint(), size), mode, state);
-    return picture;
-  }
-  QIconEngine* clone() const override { return new InkIconEngine(*this); }
-
- private:
-  QString name_;
-};
+void paintDrawing(QPainter& painter, const QRectF& box, const QString& name, QIcon::Mode mode) {
+  const qreal scale = painter.device()->devicePixelRatio();
+  const int side = static_cast<int>(std::min(box.width(), box.height()));
+  QImage picture = drawings().image(name, qRound(side * scale));
+  if (picture.isNull()) return;
+  picture.setDevicePixelRatio(scale);
+  QRectF square(0, 0, side, side);
+  square.moveCenter(box.center());
+  if (mode == QIcon::Disabled) painter.setOpacity(painter.opacity() * kDisabledOpacity);
+  painter.drawImage(square.toAlignedRect().topLeft(), picture);
+}
 
 QPalette paletteOf(const Roles& r) {
   QPalette p;
@@ -202,7 +184,8 @@ const Roles& roles() {
 
 QIcon icon(const QString& name) {
   loadDrawings();
-  return QIcon(new InkIconEngine(name));
+  return QIcon(new PaintedIcon(
+      [name](QPainter& painter, const QRectF& box, QIcon::Mode mode) { paintDrawing(painter, box, name, mode); }));
 }
 
 }  // namespace ruvo::theme

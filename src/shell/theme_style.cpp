@@ -1,10 +1,9 @@
 #include "shell/theme_style.h"
 
-#include <QIconEngine>
 #include <QPainter>
 #include <QStyleOption>
-#include <functional>
 
+#include "shell/painted_icon.h"
 #include "shell/theme.h"
 
 namespace ruvo::theme {
@@ -72,33 +71,10 @@ void drawIndicator(QPainter& painter, const QStyleOption& option, bool round) {
   painter.restore();
 }
 
-// An icon that a function paints, at any size and scale.
-class PaintedIcon : public QIconEngine {
- public:
-  using Paint = std::function<void(QPainter&, const QRectF&)>;
-  explicit PaintedIcon(Paint paint) : paint_(std::move(paint)) {}
-  void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    paint_(*painter, QRectF(rect));
-    painter->restore();
-  }
-  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    QPixmap picture(size);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    paint(&painter, QRect(QPoint(), size), mode, state);
-    return picture;
-  }
-  QIconEngine* clone() const override { return new PaintedIcon(*this); }
-
- private:
-  Paint paint_;
-};
-
 // The sign of a message box: a glyph on a disc.
 QIcon signIcon(QChar glyph, const QColor& disc) {
-  return QIcon(new PaintedIcon([glyph, disc](QPainter& painter, const QRectF& box) {
+  return QIcon(new PaintedIcon([glyph, disc](QPainter& painter, const QRectF& box, QIcon::Mode) {
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(disc);
     const qreal margin = box.width() / 16;
@@ -114,7 +90,8 @@ QIcon signIcon(QChar glyph, const QColor& disc) {
 
 // A title bar button's glyph as an icon: those of a maximized document stand in the menu bar.
 QIcon glyphIcon(QStyle::SubControl control) {
-  return QIcon(new PaintedIcon([control](QPainter& painter, const QRectF& box) {
+  return QIcon(new PaintedIcon([control](QPainter& painter, const QRectF& box, QIcon::Mode) {
+    painter.setRenderHint(QPainter::Antialiasing);
     const qreal margin = box.width() / 4;
     painter.setPen(QPen(roles().ink, box.width() / 14));
     drawGlyph(painter, control, box.adjusted(margin, margin, -margin, -margin));
