@@ -114,7 +114,8 @@ class ucCanvas : public QWidget {
   void DispMeasureClear();
   void DIBProgress(int percent);
   void DIBProgressEnd();
-  // Ctrl and the wheel: steps above zero ask for a larger picture.
+  // Ctrl and the wheel: steps above zero ask for a larger picture. A magnification that the host sets before it returns
+  // keeps the point under the pointer in its place.
   void zoomRequested(int steps);
 
  protected:

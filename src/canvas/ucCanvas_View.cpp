@@ -126,18 +126,29 @@ int CanvasView::wholeSteps(int angle, int& rest) {
   return steps;
 }
 
+// The host decides on the magnification; what lay under the pointer then lies there again, as far as the bars allow.
+void CanvasView::zoomAt(QPointF pointer, int steps) {
+  const ViewGeometry& view = d_.core.view();
+  const double before = view.Magnify;
+  const double x = pointer.x() - view.picDisp.left + view.ScrollX;
+  const double y = pointer.y() - view.picDisp.top + view.ScrollY;
+  Q_EMIT canvas_.zoomRequested(steps);
+  if (view.Magnify == before || view.FitInView || !view.anyBar()) return;
+  const double growth = view.Magnify / before;
+  d_.core.SetScrollValues(static_cast<int>(std::lround(x * growth - pointer.x() + view.picDisp.left)),
+                          static_cast<int>(std::lround(y * growth - pointer.y() + view.picDisp.top)), true, true);
+}
+
 void CanvasView::wheelEvent(QWheelEvent* event) {
+  if (d_.core.held()) return event->ignore();
   const QPoint angle = event->angleDelta();
   if (event->modifiers().testFlag(Qt::ControlModifier)) {
-    if (const int steps = wholeSteps(angle.y(), zoomRest_)) Q_EMIT canvas_.zoomRequested(steps);
+    if (const int steps = wholeSteps(angle.y(), zoomRest_)) zoomAt(event->position() * devicePixelRatioF(), steps);
     event->accept();
     return;
   }
   const ViewGeometry& view = d_.core.view();
-  if (!view.anyBar() || d_.core.held()) {
-    event->ignore();
-    return;
-  }
+  if (!view.anyBar()) return event->ignore();
   QPointF travel =
       event->pixelDelta().isNull() ? QPointF(angle) * (kScrollPerNotch / kWheelNotch) : QPointF(event->pixelDelta());
   // Shift turns the wheel sideways; some platforms have done so already.

@@ -27,6 +27,7 @@ class CanvasView final : public QWidget {
  private:
   void paintPicture(QPainter& painter, QPoint origin, const QRect& dirty);
   void paintSurround(QPainter& painter, QPoint origin, const QRegion& dirty);
+  void zoomAt(QPointF pointer, int steps);  // device pixels of the control
   int wholeSteps(int angle, int& rest);
 
   ucCanvas& canvas_;

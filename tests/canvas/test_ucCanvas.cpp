@@ -112,6 +112,16 @@ TEST(UcCanvas, BarsWheelAndValuesMoveTheSameView) {
   wheel(Qt::ControlModifier);
   ASSERT_EQ(zoom.count(), 1);
   EXPECT_EQ(zoom[0][0].toInt(), 1);
+  EXPECT_EQ(shown.canvas.settings().Magnify, 1);
+  // A host that zooms leaves the point under the pointer in its place.
+  QObject::connect(&shown.canvas, &ucCanvas::zoomRequested, [&](int steps) {
+    shown.canvas.settings().Magnify += 2 * steps;
+    shown.canvas.CanvasResize();
+  });
+  shown.canvas.SetScrollValues(200, 300);
+  wheel(Qt::ControlModifier);
+  shown.canvas.GetScrollValues(x, y);
+  EXPECT_EQ(QPoint(x, y), QPoint(249 * 3 - 49, 349 * 3 - 49));
 }
 
 TEST(UcCanvas, AnEdgeIsDraggedByItsHandle) {
