@@ -90,6 +90,7 @@ bool frmRuvoPaint::Private::hasUnsavedChanges() const {
 // --- Display
 
 void frmRuvoPaint::Private::showPicture() {
+  limitMagnify();
   canvas->CanvasResize();
   self.AllowOrDisallowQuickScroll();
   self.OnOffQuickScroll();

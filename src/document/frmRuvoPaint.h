@@ -41,6 +41,9 @@ class frmRuvoPaint : public QWidget {
   bool LoadOpenFile(const QString& FileSpec, int openMode, bool inUpdateFileHistory);
   void UpdateDisplay();
   bool AskSaveCurr();
+  // Before another picture takes the place of this one: ends a stroke that the mouse still holds and, when something is
+  // unsaved, asks. True when the picture may go.
+  bool mayReplacePicture();
   void updateEditButtons();
   void UpdateAllowableMenusForScreenMode();
   void AllowOrDisallowQuickScroll();

@@ -65,8 +65,13 @@ bool frmRuvoPaint::AskSaveCurr() {
   return d_->ask(tr("Current picture not saved yet.  Proceed still?"));
 }
 
+bool frmRuvoPaint::mayReplacePicture() {
+  if (d_->canvas->held()) d_->canvas->finishStroke();
+  return !hasUnsavedChanges() || AskSaveCurr();
+}
+
 bool frmRuvoPaint::queryUnload() {
-  return d_->session().closingConfirmed || !hasUnsavedChanges() || AskSaveCurr();
+  return d_->session().closingConfirmed || mayReplacePicture();
 }
 
 void frmRuvoPaint::closeEvent(QCloseEvent* event) {
@@ -125,7 +130,7 @@ void frmRuvoPaint::Private::commandNew() {
   if (!frmRuvoSizeOfNew::ask(state, link.window())) return;
   if (!state.options.sdiOnly) {
     link.openDocument(PendingOpen::New, QString());
-  } else if (!hasUnsavedChanges() || self.AskSaveCurr()) {
+  } else if (self.mayReplacePicture()) {
     makeNew(untitledName(slot), state.newImageWidth, state.newImageHeight);
   }
 }

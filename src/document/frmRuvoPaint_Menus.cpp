@@ -1,13 +1,11 @@
 // The document's menus: what each row does, and when it is enabled.
 #include <QAction>
-#include <QDateTime>
-#include <QFileInfo>
+#include <QHash>
 #include <QMdiSubWindow>
 #include <QMenu>
 
 #include "base/paths.h"
 #include "document/frmRuvoPaint_Private.h"
-#include "document/model/inquiry_texts.h"
 #include "document/option_rows.h"
 
 namespace ruvo {
@@ -23,43 +21,45 @@ void closeWindow(frmRuvoPaint& document) {
 
 }  // namespace
 
-// False for a row that this document has no action for.
-bool frmRuvoPaint::Private::runMenu(const QString& control, int index) {
-  if (const SaveItem* item = saveItemOf(control.toStdString(), index))
-    saveAs(*item);
-  else if (control == QLatin1String("mnuFileSub") && index == 0)
-    commandNew();
-  else if (control == QLatin1String("mnuFileSub") && index <= 2)
-    commandOpen(index == 2);
-  else if (control == QLatin1String("mnuFileSub") && index == 6)
-    saveAs(saveItemForType(record.type));
-  else if (control == QLatin1String("mnuFileHistory"))
-    link.openFromHistory(index - 1);
-  else if (control == QLatin1String("mnuFileCloseCurrent"))
-    closeWindow(self);
-  else if (control == QLatin1String("mnuFileCloseAll"))
-    link.closeAllDocuments();
-  else if (control == QLatin1String("mnuFileExit"))
-    link.mnuFileExit_Click();
-  else if (control == QLatin1String("mnuEditUndo"))
-    self.mnuEditUndo_Click();
-  else if (control == QLatin1String("mnuEditRedo"))
-    self.mnuEditRedo_Click();
-  else if (control == QLatin1String("mnuEditUndoAll"))
-    self.mnuEditUndoAll_Click();
-  else if (control == QLatin1String("mnuRotateSub"))
-    self.Do_mnuRotateSubClick(index);
-  else if (control.startsWith(QLatin1String("mnuInquiry")))
-    runInquiry(control);
-  else if (control.startsWith(QLatin1String("mnuOptions")) || control == QLatin1String("mnuSubMonitorRAM"))
-    runOption(control, index);
-  else if (control == QLatin1String("mnuWindowsSub"))
-    link.arrangeWindows(index);
-  else if (control == QLatin1String("mnuHelpSub"))
-    link.mnuHelpSub_Click(index);
-  else
-    return false;
-  return true;
+// A row with no entry here is one that is not built, and disabled.
+void frmRuvoPaint::Private::runMenu(const QString& control, int index) {
+  using Run = void (*)(Private& document, int index);
+  static const QHash<QString, Run> kCommands = {
+      {"mnuFileSub", [](Private& d, int i) { d.runFileMenu(i); }},
+      {"mnuFileHistory", [](Private& d, int i) { d.link.openFromHistory(i - 1); }},
+      {"mnuFileCloseCurrent", [](Private& d, int) { closeWindow(d.self); }},
+      {"mnuFileCloseAll", [](Private& d, int) { d.link.closeAllDocuments(); }},
+      {"mnuFileExit", [](Private& d, int) { d.link.mnuFileExit_Click(); }},
+      {"mnuEditUndo", [](Private& d, int) { d.self.mnuEditUndo_Click(); }},
+      {"mnuEditRedo", [](Private& d, int) { d.self.mnuEditRedo_Click(); }},
+      {"mnuEditUndoAll", [](Private& d, int) { d.self.mnuEditUndoAll_Click(); }},
+      {"mnuRotateSub", [](Private& d, int i) { d.self.Do_mnuRotateSubClick(i); }},
+      {"mnuInquiryOriginal", [](Private& d, int) { d.tellProperties(); }},
+      {"mnuInquiryColorCount", [](Private& d, int) { d.tellColourCount(); }},
+      {"mnuInquiryStartPosCurrentScreen", [](Private& d, int) { d.tellCurrentScreen(); }},
+      {"mnuInquiryFullFileSpec", [](Private& d, int) { d.tell(qt(d.record.name), desktop::Icon::Information); }},
+      {"mnuOptionsSub", [](Private& d, int i) { d.runOption("mnuOptionsSub", i); }},
+      {"mnuOptionsSessionOnlySub", [](Private& d, int i) { d.runOption("mnuOptionsSessionOnlySub", i); }},
+      {"mnuSubMonitorRAM", [](Private& d, int i) { d.runOption("mnuSubMonitorRAM", i); }},
+      {"mnuWindowsSub", [](Private& d, int i) { d.link.arrangeWindows(i); }},
+      {"mnuHelpSub", [](Private& d, int i) { d.link.mnuHelpSub_Click(i); }},
+  };
+  if (const SaveItem* item = saveItemOf(control.toStdString(), index)) return saveAs(*item);
+  if (const Run run = kCommands.value(control)) run(*this, index);
+}
+
+void frmRuvoPaint::Private::runFileMenu(int index) {
+  switch (index) {
+    case 0:
+      return commandNew();
+    case 1:
+    case 2:
+      return commandOpen(index == 2);
+    case 6:
+      return saveAs(saveItemForType(record.type));
+    default:
+      return;
+  }
 }
 
 bool frmRuvoPaint::triggerMenu(const QString& control, int index) {
@@ -156,43 +156,6 @@ void frmRuvoPaint::UpdateAllowableMenusForScreenMode() {
   for (const char* name : {"mnuText", "mnuLayer", "mnuResize", "mnuBPP"}) {
     d_->menus->action(QString::fromLatin1(name))->setVisible(paint);
   }
-}
-
-// --- Inquiry
-
-void frmRuvoPaint::Private::runInquiry(const QString& control) {
-  const clsDIB& picture = canvas->DIB();
-  std::string text;
-  if (control == QLatin1String("mnuInquiryOriginal")) {
-    const WaitCursor wait;
-    PictureFacts facts;
-    facts.size = picture.size();
-    facts.bitsPerPixel = clsDIB::BPPperActualDIB(picture);
-    facts.changed = hasUnsavedChanges();
-    const QFileInfo file(qt(record.name));
-    if (!record.untitled() && file.exists())
-      facts.fileDate = file.lastModified().toString("yyyy-MM-dd  HH:mm:ss").toStdString();
-    text = generalPropertiesText(record, facts);
-  } else if (control == QLatin1String("mnuInquiryColorCount")) {
-    const WaitCursor wait;
-    text = colourCountText(clsDIB::CountColorsDIB(picture));
-  } else if (control == QLatin1String("mnuInquiryStartPosCurrentScreen")) {
-    Point first;
-    Point last;
-    canvas->GetVisibleInfo(first.x, first.y, last.x, last.y);
-    if (canvas->settings().FitInView) {
-      first = {0, 0};
-      last = {picture.DIBWidth() - 1, picture.DIBHeight() - 1};
-    }
-    const Size shown = {std::min(last.x, picture.DIBWidth() - 1) - first.x + 1,
-                        std::min(last.y, picture.DIBHeight() - 1) - first.y + 1};
-    const qreal ratio = self.devicePixelRatioF();
-    text =
-        currentScreenText(picture.size(), first, shown, {qRound(self.width() * ratio), qRound(self.height() * ratio)});
-  } else {
-    text = record.name;
-  }
-  tell(qt(text), desktop::Icon::Information);
 }
 
 }  // namespace ruvo

@@ -47,7 +47,6 @@ bool frmRuvoPaint::LoadOpenFile(const QString& FileSpec, int openMode, bool inUp
     d_->returnToOperationOfMode();
     return d_->refuseOpen(loaded.fault, path, quiet);
   }
-  const WaitCursor wait;
   // The loader's surface becomes the picture itself.
   d_->canvas->DIB() = std::move(loaded.dib);
   d_->record = std::move(loaded.record);
@@ -76,7 +75,7 @@ void frmRuvoPaint::Private::commandOpen(bool inExistingWindow) {
   if (file.isEmpty()) return;
   if (!session().options.sdiOnly && !inExistingWindow) {
     link.openDocument(PendingOpen::FileOpen, file);
-  } else if (!hasUnsavedChanges() || self.AskSaveCurr()) {
+  } else if (self.mayReplacePicture()) {
     self.LoadOpenFile(file, static_cast<int>(PendingOpen::FileOpen), true);
   }
 }
@@ -97,7 +96,7 @@ void frmRuvoPaint::Private::openDropped() {
   link.ramReminder();
   if (!session().options.sdiOnly) {
     link.openDocument(PendingOpen::FileOpen, file);
-  } else if (!hasUnsavedChanges() || self.AskSaveCurr()) {
+  } else if (self.mayReplacePicture()) {
     self.LoadOpenFile(file, static_cast<int>(PendingOpen::FileOpen), true);
   }
   openDropped();

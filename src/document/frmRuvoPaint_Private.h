@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "base/progress.h"
 #include "canvas/ucCanvas.h"
 #include "document/frmRuvoPaint.h"
 #include "document/menu_table.h"
@@ -28,6 +29,26 @@ class WaitCursor {
   ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
   WaitCursor(const WaitCursor&) = delete;
   WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+// The main window's progress bar for a piece of long work; it goes away with this object.
+class ProgressShown {
+ public:
+  explicit ProgressShown(MainWindowLink& mainWindow) : link_(mainWindow) {}
+  ~ProgressShown() { link_.endProgress(); }
+  ProgressShown(const ProgressShown&) = delete;
+  ProgressShown& operator=(const ProgressShown&) = delete;
+  // Work reports every row; the bar is drawn for a new percentage only.
+  Progress progress() const {
+    Progress progress;
+    progress.step = [&link = link_, last = -1](int percent) mutable {
+      if (percent != last) link.setProgress(last = percent);
+    };
+    return progress;
+  }
+
+ private:
+  MainWindowLink& link_;
 };
 
 struct frmRuvoPaint::Private {
@@ -57,6 +78,8 @@ struct frmRuvoPaint::Private {
   void setTitle(const std::string& name);
   void updatePanels();
   void setChanged(bool changed);
+  // Back to real size when the view mode's scale makes the picture too large.
+  void limitMagnify();
 
   // --- Life
   bool makeNew(const std::string& name, int width, int height);
@@ -105,6 +128,7 @@ struct frmRuvoPaint::Private {
   void saveAs(const SaveItem& item);
   bool saveIsPossible(const SaveItem& item);
   QString askForSaveName(const SaveItem& item, Size size);
+  bool write(const SaveItem& item, const std::string& path, Size size, clsDIB& reduced, int& bits);
   void noteSaved(const std::string& path, int bits, Size size);
   template <typename Step>
   void restoreState(Step step);
@@ -113,9 +137,12 @@ struct frmRuvoPaint::Private {
   QString folderForFiles();
   void connectCanvas();
   void connectMeasures();
-  bool runMenu(const QString& control, int index);
+  void runMenu(const QString& control, int index);
+  void runFileMenu(int index);
   void runOption(const QString& control, int index);
-  void runInquiry(const QString& control);
+  void tellProperties();
+  void tellColourCount();
+  void tellCurrentScreen();
   void updateMenus();
 
   static constexpr int kNoTool = 18;

@@ -32,10 +32,18 @@ QString frmRuvoPaint::Private::askForSaveName(const SaveItem& item, Size size) {
   const QString extension = qt(std::string(info.extension));
   QString title = tr("Save As %1").arg(extension.toUpper());
   if (link.toolbox().viewMode) title += QStringLiteral("   (%1)").arg(qt(sizeText(size.width, size.height)));
-  const std::string proposed = proposedName(record.name, info.extension, folderForFiles().toStdString());
-  const QString chosen =
-      desktop::desktop().saveFile(link.window(), title, qt(proposed), qt(std::string(info.filter)), extension);
-  if (chosen.isEmpty() || !isReadOnlyHiddenOrSystem(pathOf(chosen.toStdString()))) return chosen;
+  std::string proposed = proposedName(record.name, info.extension, folderForFiles().toStdString());
+  QString chosen;
+  while (true) {
+    chosen =
+        desktop::desktop().saveFile(link.window(), title, qt(proposed), qt(std::string(info.filter)), extension);
+    if (chosen.isEmpty()) return chosen;
+    const std::string path = chosen.toStdString();
+    proposed = pathWithExtension(info, path);
+    // The picker has asked about replacing the name as it was typed, not about another one.
+    if (proposed == path || !fileExists(pathOf(proposed))) break;
+  }
+  if (!isReadOnlyHiddenOrSystem(pathOf(proposed))) return qt(proposed);
   tell(QString::fromLatin1(kFileReadOnly));
   return QString();
 }
@@ -54,23 +62,9 @@ void frmRuvoPaint::Private::saveAs(const SaveItem& item) {
   if (chosen.isEmpty()) return;
   const std::string path = chosen.toStdString();
 
-  bool written = false;
   int bits = 0;
   clsDIB reduced;
-  {
-    const WaitCursor wait;
-    if (item.reduceCanvas && typeOfPath(record.name) != "GIF" && clsDIB::BPPperActualDIB(canvas->DIB()) > 8) {
-      if (!clsDIB::CloneDIB(canvas->DIB(), reduced, kWhite, canvas->DIB().BottomUp()) || !reduceTo256(reduced))
-        reduced.ClearUp();
-    }
-    const clsDIB& picture = reduced.empty() ? canvas->DIB() : reduced;
-    clsDIB displayed;
-    const bool resize = size != picture.size();
-    if (!resize || resizedCopy(picture, size.width, size.height, displayed)) {
-      written = writePicture(resize ? displayed : picture, item, pathOf(path), bits);
-    }
-  }
-  if (!written) {
+  if (!write(item, path, size, reduced, bits)) {
     tell(QString::fromLatin1(kSaveFailed));
     return;
   }
@@ -78,7 +72,25 @@ void frmRuvoPaint::Private::saveAs(const SaveItem& item) {
   noteSaved(path, bits, size);
 }
 
-// A save begins a new history: its first state is what was saved.
+// Writes the picture at `size`. `reduced` receives what the canvas is to show afterwards, if that is another picture.
+bool frmRuvoPaint::Private::write(const SaveItem& item, const std::string& path, Size size, clsDIB& reduced,
+                                  int& bits) {
+  const WaitCursor wait;
+  const ProgressShown shown(link);
+  if (item.reduceCanvas && typeOfPath(record.name) != "GIF" && clsDIB::BPPperActualDIB(canvas->DIB()) > 8) {
+    if (!clsDIB::CloneDIB(canvas->DIB(), reduced, kWhite, canvas->DIB().BottomUp()) ||
+        !reduceTo256(reduced, shown.progress()))
+      return false;
+  }
+  const clsDIB& picture = reduced.empty() ? canvas->DIB() : reduced;
+  if (size == picture.size()) return writePicture(picture, item, pathOf(path), bits, shown.progress());
+  clsDIB displayed;
+  return resizedCopy(picture, size.width, size.height, displayed) &&
+         writePicture(displayed, item, pathOf(path), bits, shown.progress());
+}
+
+// A save begins a new history: its first state is what was saved. Changes that were saved at another size only, as the
+// view mode does, are still unsaved at their own.
 void frmRuvoPaint::Private::noteSaved(const std::string& path, int bits, Size size) {
   endRunningOperation();
   link.FlatAllToolsImages();
@@ -90,7 +102,7 @@ void frmRuvoPaint::Private::noteSaved(const std::string& path, int bits, Size si
   record.height = record.originalHeight = size.height;
   record.fileSize = QFileInfo(qt(path)).size();
   restartHistory();
-  setChanged(false);
+  setChanged(hasUnsavedChanges() && size != canvas->DIB().size());
   link.addToFileHistory(qt(path));
   setTitle(path);
   showPicture();

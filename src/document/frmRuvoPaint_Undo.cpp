@@ -1,7 +1,13 @@
 // The history of the picture, and the commands that walk in it.
+#include <optional>
+
 #include "document/frmRuvoPaint_Private.h"
 
 namespace ruvo {
+namespace {
+// From this many pixels on the writing of a state can be felt.
+constexpr std::int64_t kSlowStatePixels = 10'000'000;
+}  // namespace
 
 bool frmRuvoPaint::Private::commitFloatingAndPush() {
   if (!canvas->commitFloating()) return false;
@@ -13,7 +19,11 @@ bool frmRuvoPaint::Private::commitFloatingAndPush() {
 
 void frmRuvoPaint::Private::pushState() {
   if (!hasPicture()) return;
+  const Size size = canvas->DIB().size();
+  std::optional<WaitCursor> wait;
+  if (static_cast<std::int64_t>(size.width) * size.height >= kSlowStatePixels) wait.emplace();
   const bool written = history.push();
+  wait.reset();
   self.updateEditButtons();
   // Told once until a state can be written again, or every stroke on a full disk would bring the message back.
   const bool tellNow = !written && !historyGapTold;

@@ -16,6 +16,13 @@ bool scaleAllowed(Size picture, int scale) {
 
 }  // namespace
 
+// A picture that took the place of a smaller one may be too large for the scale of that.
+void frmRuvoPaint::Private::limitMagnify() {
+  if (!link.toolbox().viewMode || scaleAllowed(canvas->DIB().size(), canvas->settings().Magnify)) return;
+  canvas->settings().Magnify = 1;
+  if (isActive()) link.setZoomScale(1);
+}
+
 // Keeps the middle of what is seen in the middle.
 void frmRuvoPaint::Private::setMagnify(int magnify) {
   CanvasSettings& settings = canvas->settings();

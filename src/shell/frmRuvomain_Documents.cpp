@@ -90,6 +90,8 @@ void frmRuvomain::openDocument(PendingOpen command, const QString& file) {
   window->setAttribute(Qt::WA_DeleteOnClose);
   window->setWidget(document);
   window->setWindowIcon(theme::icon("app"));
+  // Its own keys (Ctrl+W) would be at odds with those of the File menu, and then neither would act.
+  for (QAction* action : window->systemMenu()->actions()) action->setShortcut(QKeySequence());
   for (QMenu* menu : document->menus())
     if (menu->objectName() == "mnuWindows")
       connect(menu, &QMenu::aboutToShow, this, [this, menu] { listWindows(*menu); });
@@ -135,7 +137,7 @@ void frmRuvomain::fitWindow(QMdiSubWindow& window) {
 void frmRuvomain::openInActiveDocument(PendingOpen command, const QString& file) {
   frmRuvoPaint* document = activeDocument();
   if (document == nullptr) return openDocument(command, file);
-  if (document->hasUnsavedChanges() && !document->AskSaveCurr()) return;
+  if (!document->mayReplacePicture()) return;
   document->LoadOpenFile(file, static_cast<int>(command), true);
 }
 

@@ -136,15 +136,21 @@ TEST_F(DocumentSave, CancelledRefusedAndFailedSavesLoseNothing) {
   expectNothingLost();
 }
 
-TEST_F(DocumentSave, PlainSaveUsesTheRecordsOwnFormat) {
-  ASSERT_TRUE(open(write("photo.jpg", plain(8, 8, Qt::blue))));
-  desktop.expectSave(path("again.jpg"), "photo.jpg");
+TEST_F(DocumentSave, PlainSaveUsesTheRecordsOwnFormatAndItsExtension) {
+  const QString photo = write("photo.jpg", plain(8, 8, Qt::blue));
+  const QString mine = writeBytes("mine.bmp.jpg", "a file that nobody agreed to replace");
+  ASSERT_TRUE(open(photo));
+  desktop.expectSave(path("mine.bmp"), "photo.jpg");
+  desktop.expectSave(path("again.png"), "mine.bmp.jpg");
   EXPECT_TRUE(document->triggerMenu("mnuFileSub", 6));
-  EXPECT_EQ(QImageReader::imageFormat(path("again.jpg")), "jpeg");
+  EXPECT_EQ(QImageReader::imageFormat(path("again.png.jpg")), "jpeg");
+  EXPECT_EQ(main.wholeTitle, path("again.png.jpg"));
+  EXPECT_FALSE(QFile::exists(path("mine.bmp")));
 }
 
 TEST_F(DocumentSave, TheViewModeSavesWhatItShows) {
   openPlain("small.bmp");
+  replaceWith(Qt::green);
   main.tools.viewMode = true;
   document->Do_UpdateModeChange();
   main.tools.zoomScale = 2;
@@ -153,7 +159,13 @@ TEST_F(DocumentSave, TheViewModeSavesWhatItShows) {
   EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 0));
   EXPECT_EQ(QImage(path("twice.bmp")).size(), QSize(8, 6));
   EXPECT_EQ(picture().size(), (Size{4, 3})) << "the picture keeps its size";
+  EXPECT_TRUE(changed()) << "and is still unsaved at that size";
+  main.tools.zoomScale = 20;
+  document->Do_zoomScaleChanged();
   ASSERT_TRUE(document->LoadOpenFile(write("large.bmp", plain(3000, 3000, Qt::red)), 3, false));
+  EXPECT_EQ(main.tools.zoomScale, 1) << "twenty times would be too large";
+  main.tools.zoomScale = 10;
+  document->Do_zoomScaleChanged();
   desktop.expect("Width x height exceeds the threshhold set (25,000,000 pixels)");
   EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 0));
 }

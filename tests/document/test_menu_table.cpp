@@ -16,9 +16,15 @@ std::string nameOf(const MenuRow& row) {
 TEST(MenuTable, EveryRowHasItsOwnNameAParentBeforeItAndAFreeShortcut) {
   std::set<std::string> names;
   std::set<std::string> shortcuts;
+  std::set<char> barLetters;
   for (const MenuRow& row : menuTable()) {
     EXPECT_TRUE(names.insert(nameOf(row)).second) << nameOf(row);
     EXPECT_TRUE(!*row.parent || names.count(row.parent)) << nameOf(row) << " under " << row.parent;
+    // Two titles on the bar with one letter would only take turns.
+    const std::string text = row.text;
+    if (!*row.parent) {
+      EXPECT_TRUE(barLetters.insert(std::tolower(text[text.find('&') + 1])).second) << text;
+    }
     if (*row.shortcut) {
       EXPECT_TRUE(shortcuts.insert(row.shortcut).second) << row.shortcut;
       EXPECT_FALSE(QKeySequence(row.shortcut).toString().isEmpty()) << row.shortcut;

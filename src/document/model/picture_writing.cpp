@@ -12,13 +12,16 @@ constexpr int kPaletteColours = 256;
 constexpr int kPaletteDepth = 8;
 
 // Exact rows when the picture has few enough colours, else `copy` is reduced with diffusion.
-void paletteRows(clsDIB& copy, int bits, clsPal& pal, clsPalDither& dither) {
+void paletteRows(clsDIB& copy, int bits, clsPal& pal, clsPalDither& dither, const Progress& progress) {
   if (dither.ExactRows(copy, pal, bits)) return;
+  pal.cPAL_Progress = progress.step;
+  dither.cPalDither_Progress = progress.step;
   pal.CreateOptimal(copy, kPaletteColours, kPaletteDepth);
   dither.DitherToPalette256(copy, pal);
 }
 
-bool writeBmp(const clsDIB& picture, const SaveItem& item, const std::filesystem::path& file, int& bits) {
+bool writeBmp(const clsDIB& picture, const SaveItem& item, const std::filesystem::path& file, int& bits,
+              const Progress& progress) {
   bits = item.reduceCanvas ? 8 : clsDIB::BPPperActualDIB(picture);
   if (bits > 8) return picture.Save_DIB_To_File(file, picture);
   clsPal pal;
@@ -29,7 +32,7 @@ bool writeBmp(const clsDIB& picture, const SaveItem& item, const std::filesystem
   clsDIB copy;
   if (!flattenedCopy(picture, copy)) return false;
   bits = 8;
-  paletteRows(copy, bits, pal, dither);
+  paletteRows(copy, bits, pal, dither, progress);
   return clsDIB::Save_DIB_To_File_Paletted(file, copy, pal, dither, bits);
 }
 
@@ -51,7 +54,7 @@ bool flattenedCopy(const clsDIB& picture, clsDIB& copy) {
   return true;
 }
 
-bool reduceTo256(clsDIB& picture) {
+bool reduceTo256(clsDIB& picture, const Progress& progress) {
   if (picture.DIBhasAlpha()) {
     clsDIB flat;
     if (!flattenedCopy(picture, flat)) return false;
@@ -59,15 +62,16 @@ bool reduceTo256(clsDIB& picture) {
   }
   clsPal pal;
   clsPalDither dither;
-  paletteRows(picture, kPaletteDepth, pal, dither);
+  paletteRows(picture, kPaletteDepth, pal, dither, progress);
   return true;
 }
 
-bool writePicture(const clsDIB& picture, const SaveItem& item, const std::filesystem::path& file, int& bits) {
+bool writePicture(const clsDIB& picture, const SaveItem& item, const std::filesystem::path& file, int& bits,
+                  const Progress& progress) {
   bits = picture.DIBhasAlpha() ? 32 : 24;
   switch (item.format) {
     case SaveFormat::Bmp:
-      return writeBmp(picture, item, file, bits);
+      return writeBmp(picture, item, file, bits, progress);
     case SaveFormat::Png:
       return SaveDIBWithEncoder(picture, file, kEncodePng);
     case SaveFormat::Tiff:

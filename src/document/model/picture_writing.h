@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "base/progress.h"
 #include "document/model/save_rules.h"
 #include "image/clsDIB.h"
 
@@ -14,10 +15,12 @@ bool resizedCopy(const clsDIB& picture, int width, int height, clsDIB& copy);
 bool flattenedCopy(const clsDIB& picture, clsDIB& copy);
 
 // Reduces a picture in place to at most 256 colours with diffusion; one that has no more stays as it is. Alpha is first
-// composed over white.
-bool reduceTo256(clsDIB& picture);
+// composed over white. False for lack of memory.
+bool reduceTo256(clsDIB& picture, const Progress& progress = {});
 
-// Writes the file whole or not at all. Never changes `picture`. `bits` receives the depth written.
-bool writePicture(const clsDIB& picture, const SaveItem& item, const std::filesystem::path& file, int& bits);
+// Writes the file whole or not at all. Never changes `picture`. `bits` receives the depth written. Reports
+// progress where colours are reduced.
+bool writePicture(const clsDIB& picture, const SaveItem& item, const std::filesystem::path& file, int& bits,
+                  const Progress& progress = {});
 
 }  // namespace ruvo

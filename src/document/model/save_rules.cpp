@@ -49,6 +49,14 @@ const SaveFormatInfo& saveFormatInfo(SaveFormat format) {
   return kFormats[static_cast<std::size_t>(format)];
 }
 
+std::string pathWithExtension(const SaveFormatInfo& info, const std::string& path) {
+  const std::string extension = upperCase(extensionOf(path));
+  for (const char end : {';', '|'}) {
+    if (!extension.empty() && upperCase(info.filter).find('*' + extension + end) != std::string::npos) return path;
+  }
+  return path + '.' + std::string(info.extension);
+}
+
 std::string proposedName(const std::string& recordName, std::string_view extension, const std::string& folder) {
   const std::string_view file = fileNameOf(recordName);
   const std::string_view old = extensionOf(recordName);

@@ -28,6 +28,10 @@ struct SaveFormatInfo {
 };
 const SaveFormatInfo& saveFormatInfo(SaveFormat format);
 
+// The chosen path, with the format's extension behind it when it ends in none of the format's own: opening goes by the
+// extension, so a file under another format's name could not be read again.
+std::string pathWithExtension(const SaveFormatInfo& info, const std::string& path);
+
 // The record's name with the new extension, in `folder` when the record has no path. ":" has no place in a file name.
 std::string proposedName(const std::string& recordName, std::string_view extension, const std::string& folder);
 

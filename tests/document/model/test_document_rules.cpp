@@ -97,6 +97,11 @@ TEST(SaveRules, ProposedNamesAndItems) {
   EXPECT_EQ(proposedName("/a.b/photo.one.jpeg", "bmp", "/home"), "/a.b/photo.one.bmp");
   EXPECT_EQ(proposedName("Untitled:1", "png", "/home"), "/home/Untitled_1.png");
   EXPECT_EQ(proposedName("/a/none", "tif", "/home"), "/a/none.tif");
+  const SaveFormatInfo& jpeg = saveFormatInfo(SaveFormat::Jpeg);
+  EXPECT_EQ(pathWithExtension(jpeg, "/a/photo.JPEG"), "/a/photo.JPEG");
+  EXPECT_EQ(pathWithExtension(jpeg, "/a/photo.jpe"), "/a/photo.jpe.jpg");
+  EXPECT_EQ(pathWithExtension(jpeg, "/a.jpg/photo.png"), "/a.jpg/photo.png.jpg");
+  EXPECT_EQ(pathWithExtension(jpeg, "/a.jpg/photo"), "/a.jpg/photo.jpg");
   EXPECT_EQ(saveItemOf("mnuFileSaveJPGSub", 3)->quality, 85);
   EXPECT_EQ(saveItemOf("mnuFileSaveBMPSub", 1), nullptr);
   EXPECT_EQ(saveItemForType("jpeg").quality, 95);
