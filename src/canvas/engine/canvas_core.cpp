@@ -241,15 +241,17 @@ void CanvasCore::setWorking(bool working) {
 
 // --- Edges
 
+bool CanvasCore::edgesFree() const {
+  return !edgesSuspended_ && !blank() && !view_.anyBar() && !view_.FitInView && view_.Magnify == 1 && !floats();
+}
+
 bool CanvasCore::edgeHandlesShown() const {
-  return !edgesSuspended_ && !blank() && !view_.anyBar() && !view_.FitInView && op_ == kScrollOp && screenMode_ != 0 &&
-         view_.Magnify == 1 &&
+  return edgesFree() && op_ == kScrollOp && screenMode_ != 0 &&
          (bitmaps.DIB.DIBWidth() >= kMinEdgeHandleSide || bitmaps.DIB.DIBHeight() >= kMinEdgeHandleSide);
 }
 
 void CanvasCore::edgePress(CanvasEdge edge, Point at) {
-  if (edge == CanvasEdge::None || edgesSuspended_ || blank() || view_.anyBar() || view_.FitInView || view_.Magnify != 1)
-    return;
+  if (edge == CanvasEdge::None || !edgesFree()) return;
   edgeDrag_.begin(edge, at);
   events.NotifyDragResizeProforma(edgeDrag_.size().width, edgeDrag_.size().height);
   window_.arrange();
@@ -267,7 +269,7 @@ void CanvasCore::edgeRelease() {
   if (!edgeDrag_.active()) return;
   const Size size = edgeDrag_.size();
   const Point oldAt = edgeDrag_.oldPictureAt();
-  const bool wanted = size != view_.displaySize() && op_ == kScrollOp && screenMode_ != 0 && view_.Magnify == 1;
+  const bool wanted = size != view_.displaySize() && edgeHandlesShown();
   edgeDrag_.end();
   const bool sizeChanged = wanted && takeNewSize(size, oldAt);
   if (sizeChanged) CanvasResize();

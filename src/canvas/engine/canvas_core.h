@@ -111,6 +111,7 @@ class CanvasCore final : private ToolContext {
   void wipeXYlines();
   void showPixel(Point image);
   void leavePicture();
+  bool edgesFree() const;
   bool takeNewSize(Size size, Point oldAt);
 
   CanvasWindow& window_;
