@@ -1,6 +1,7 @@
 // The process: its command line, its application object, and `Sub Main`.
 #include <fontconfig/fontconfig.h>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
@@ -48,6 +49,10 @@ bool answered(const ruvo::ProgramArguments& arguments) {
 
 int main(int argc, char** argv) {
   if (argc < 1) return 2;
+  // A file that may not grow, or a reader that has gone, is a failed write where it happens. By themselves these
+  // signals would end the program, and the pictures in it.
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGPIPE, SIG_IGN);
   const ruvo::ProgramArguments first = parsed(argc, argv);
   if (answered(first)) return 0;
   if (!hasDisplay(argc, argv)) {

@@ -1,6 +1,7 @@
 // The start of the program: its splash, and what a second start does, inside this process; and the built program
 // itself, started as a user would.
 #include <stdlib.h>
+#include <sys/resource.h>
 
 #include <QDir>
 #include <QEventLoop>
@@ -145,6 +146,10 @@ class BuiltProgram : public testing::Test {
   void begin(QProcess& process, const QStringList& arguments) {
     process.setProcessEnvironment(environment_);
     process.setWorkingDirectory(text(temp_.path()));
+    if (largestFile_ > 0) {
+      process.setChildProcessModifier(
+          [limit = rlimit{largestFile_, largestFile_}] { ::setrlimit(RLIMIT_FSIZE, &limit); });
+    }
     process.start(program(), arguments);
   }
   // The exit status; -1 when the program did not end by itself.
@@ -175,6 +180,7 @@ class BuiltProgram : public testing::Test {
   test::TempFolder temp_;
   QProcessEnvironment environment_;
   const QColor ink_{201, 33, 97};
+  rlim_t largestFile_ = 0;  // that the program may write; 0 for any
   QString output_;
   QStringList errors_;
 };
@@ -211,6 +217,13 @@ TEST_F(BuiltProgram, SaysInOneLineWhatWentWrong) {
   EXPECT_EQ(output_, "ruvopaint " + QString(programVersion()) + '\n');
   EXPECT_EQ(run({"--help"}), 0);
   EXPECT_THAT(output_.toStdString(), testing::StartsWith("ruvopaint - "));
+}
+
+TEST_F(BuiltProgram, OutlivesWritesThatFail) {
+  largestFile_ = 4096;
+  EXPECT_EQ(run({"--screenshot", "shot.png", "rose.bmp"}), 1);
+  EXPECT_EQ(errors_, QStringList{"ruvopaint: cannot write " + text(temp_ / "shot.png")});
+  EXPECT_FALSE(std::filesystem::exists(temp_ / "shot.png"));
 }
 
 TEST_F(BuiltProgram, ASecondStartOpensItsFileInTheFirst) {

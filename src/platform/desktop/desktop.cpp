@@ -58,10 +58,26 @@ QMessageBox::Icon qtIcon(Icon icon) {
   return QMessageBox::NoIcon;
 }
 
+// The text with places to break long words at: the box would cut the end of a long file name.
+QString breakable(const QString& text) {
+  constexpr int kLongestWord = 40;
+  constexpr QChar kBreakHere(0x200B);
+  QString shown;
+  int run = 0;
+  for (const QChar c : text) {
+    run = c.isSpace() ? 0 : run + 1;
+    shown += c;
+    if (run < kLongestWord || c.isHighSurrogate()) continue;
+    shown += kBreakHere;
+    run = 0;
+  }
+  return shown;
+}
+
 class QtDesktop : public Desktop {
  public:
   Answer message(QWidget* parent, const QString& text, Icon icon, Buttons buttons) override {
-    QMessageBox box(qtIcon(icon), kProgramTitle, text, QMessageBox::NoButton, parent);
+    QMessageBox box(qtIcon(icon), kProgramTitle, breakable(text), QMessageBox::NoButton, parent);
     box.setTextFormat(Qt::PlainText);
     // Above the splash, which stays on top of ordinary windows.
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
