@@ -35,12 +35,14 @@ void frmRuvoPaint::Private::setMagnify(int magnify) {
   const int before = settings.Magnify;
   settings.Magnify = magnify;
   canvas->CanvasResize();
-  const auto scrollFor = [&](int first, int last) {
-    const std::int64_t middle = (static_cast<std::int64_t>(first) + last + 1) / 2;
+  // A picture smaller than the view ends before what the view shows.
+  const auto scrollFor = [&](int first, int last, int length) {
+    const std::int64_t middle = (static_cast<std::int64_t>(first) + std::min(last + 1, length)) / 2;
     const std::int64_t shown = static_cast<std::int64_t>(last - first + 1) * before;
     return static_cast<int>(std::max<std::int64_t>(0, middle * magnify - shown / 2));
   };
-  canvas->SetScrollValues(scrollFor(x1, x2), scrollFor(y1, y2), true, true);
+  const Size picture = canvas->DIB().size();
+  canvas->SetScrollValues(scrollFor(x1, x2, picture.width), scrollFor(y1, y2, picture.height), true, true);
   showPicture();
 }
 

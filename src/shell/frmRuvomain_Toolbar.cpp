@@ -159,6 +159,8 @@ void Toolbar::buildViewFrame() {
   scaleBox_->setValidator(new QIntValidator(1, kMaxPictureSide, scaleBox_));
   viewFrame_->layout()->addWidget(scaleBox_);
   connect(scaleBox_, &QLineEdit::editingFinished, this, [this] { scaleEdited(); });
+  // Enter gives the keys back to the picture.
+  connect(scaleBox_, &QLineEdit::returnPressed, this, [this] { focusBeside(); });
   fitInBox_ = new QCheckBox("Fit-In", viewFrame_);
   fitInBox_->setObjectName("ckbFitIn");
   fitInBox_->setFocusPolicy(Qt::TabFocus);
@@ -202,6 +204,8 @@ void Toolbar::setZoomButtons(bool in, bool out, bool original) {
   const bool states[] = {in, out, original};
   for (int i = 0; i < kZoomButtonCount; ++i)
     zoom_[static_cast<std::size_t>(i)]->setEnabled((i >= 3) == view_ && states[i % 3]);
+  // A fitted picture has no scale of its own.
+  scaleBox_->setEnabled(view_ && (in || out));
 }
 
 void Toolbar::setScrollButtons(bool corners, bool panoramic) {
