@@ -1,11 +1,9 @@
 #include "base/file_io.h"
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
-
+#include "support/file_size_limit.h"
 #include "support/temp_folder.h"
 
 namespace ruvo {
@@ -60,21 +58,15 @@ TEST(FileIo, RefusesFoldersPipesMissingAndOversizedFiles) {
   EXPECT_THAT(reason, testing::StartsWith("create: "));
 }
 
-// A limit on the size of files stands for the full disk.
 TEST(FileIo, AFullDiskLeavesTheOldFileAndNothingElse) {
   const test::TempFolder folder;
   const auto target = folder.path() / "picture.bmp";
   ASSERT_TRUE(replaceFile(target, bytesOf("old")));
-  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before{};
-  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-  const rlimit small{1000, before.rlim_max};
-  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
   std::string reason;
-  const bool written = replaceFile(target, std::vector<std::uint8_t>(5000, 1), &reason);
-  ::setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, handler);
-  EXPECT_FALSE(written);
+  {
+    const test::FileSizeLimit full(1000);
+    EXPECT_FALSE(replaceFile(target, std::vector<std::uint8_t>(5000, 1), &reason));
+  }
   EXPECT_THAT(reason, testing::StartsWith("write: "));
   EXPECT_EQ(readWholeFile(target, 9), bytesOf("old"));
   EXPECT_EQ(folder.names(), std::vector<std::string>{"picture.bmp"});

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "platform/imaging/codecs.h"
+#include "support/file_size_limit.h"
 #include "support/temp_folder.h"
 
 namespace ruvo::imaging {
@@ -145,21 +146,31 @@ TEST_F(Encoders, TiffTablesAreExactWhenTheyCanBeAndDitheredElse) {
 }
 
 TEST_F(Encoders, FailureLeavesTheOldFile) {
-  const Surface surface = madeOf(4, 4, rampPixel);
-  std::ofstream(path_) << "old";
+  const Surface surface = madeOf(200, 200, [](int x, int y) { return rampPixel(x * y * 7, x ^ y * 31); });
+  Surface grey;
+  grey.create(200, 200, 8);
+  const auto save = [&](int format, const Surface& from, const std::filesystem::path& path) {
+    return format == 0   ? saveJpeg(from, path, 80)
+           : format == 1 ? savePng(from, path, false)
+           : format == 2 ? saveTiff(from, path, 24, false)
+                         : saveGif(from, path);
+  };
+  for (int format = 0; format < 4; ++format) {
+    const Surface& picture = format == 3 ? grey : surface;
+    EXPECT_FALSE(save(format, Surface(), path_));
+    EXPECT_FALSE(save(format, picture, folder_ / "missing" / "picture"));
+    ASSERT_TRUE(save(format, picture, path_));
+    const auto whole = std::filesystem::file_size(path_);
+    std::ofstream(path_, std::ios::trunc) << "old";
+    for (const auto room : {std::uintmax_t{0}, whole / 2, whole - 1}) {
+      const test::FileSizeLimit full(room);
+      EXPECT_FALSE(save(format, picture, path_)) << format << " in " << room << " bytes";
+    }
+    EXPECT_EQ(std::filesystem::file_size(path_), 3u);
+    EXPECT_EQ(folder_.names(), std::vector<std::string>{"picture.out"});
+  }
   EXPECT_FALSE(saveGif(surface, path_));
   EXPECT_FALSE(saveTiff(surface, path_, 16, false));
-  for (const auto& save : std::vector<std::function<bool(const Surface&, const std::filesystem::path&)>>{
-           [](const Surface&s, const auto&p) { return saveJpeg(s, p, 80); },
-           [](const Surface&s, const auto&p) { return savePng(s, p, false); },
-           [](const Surface&s, const auto&p) { return saveTiff(s, p, 24, false); }}) {
-    EXPECT_FALSE(save(Surface(), path_));
-    EXPECT_FALSE(save(surface, folder_ / "missing" / "picture"));
-  }
-  EXPECT_EQ(std::filesystem::file_size(path_), 3u);
-  EXPECT_EQ(folder_.names(), std::vector<std::string>{"picture.out"});
-  // A device without room: every write fails.
-  EXPECT_FALSE(saveJpeg(surface, "/dev/full/picture", 80));
 }
 
 }  // namespace
