@@ -148,7 +148,7 @@ void frmRuvoColorChart::showAll() {
 
 void frmRuvoColorChart::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
-  if (isVisible() && moved) moved(pos());
+  if (isVisible() && moved) moved(geometry().topLeft());
 }
 
 void frmRuvoColorChart::keyPressEvent(QKeyEvent* event) {

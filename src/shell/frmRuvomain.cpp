@@ -95,7 +95,21 @@ void frmRuvomain::buildControls() {
   auto* rows = new QVBoxLayout(centre);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
-  d_->toolbar = new shell::Toolbar(centre, {.newPicture = [this] { newClicked(); },
+  rows->addWidget(buildToolbar(centre));
+  auto* middle = new QHBoxLayout;
+  middle->setSpacing(0);
+  middle->addWidget(buildToolPanel(centre));
+  d_->workspace = new Workspace(centre);
+  connect(d_->workspace, &QMdiArea::subWindowActivated, this, &frmRuvomain::windowActivated);
+  middle->addWidget(d_->workspace, 1);
+  rows->addLayout(middle, 1);
+  d_->status = new shell::StatusBar(centre);
+  rows->addWidget(d_->status);
+  setCentralWidget(centre);
+}
+
+QWidget* frmRuvomain::buildToolbar(QWidget* parent) {
+  d_->toolbar = new shell::Toolbar(parent, {.newPicture = [this] { newClicked(); },
                                             .openPicture = [this] { openClicked(); },
                                             .edit = [this](int index) { editButtonClicked(index); },
                                             .glass = [this] { cmdGlass_Click(); },
@@ -108,9 +122,12 @@ void frmRuvomain::buildControls() {
                                             .upperLeft = [this] { tell(&frmRuvoPaint::Do_imgUpperLeftClick); },
                                             .lowerRight = [this] { tell(&frmRuvoPaint::Do_imgLowerRightClick); },
                                             .panoramic = [this] { tell(&frmRuvoPaint::Do_imgPanoramicClick); }});
-  rows->addWidget(d_->toolbar);
+  return d_->toolbar;
+}
 
-  auto* panel = new shell::Panel(shell::Panel::Border::Right, centre);
+// The toolbox, the colours and the brush size, and beneath them the chosen tool's options.
+QWidget* frmRuvomain::buildToolPanel(QWidget* parent) {
+  auto* panel = new QWidget(parent);
   panel->setObjectName("picToolPanel");
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins(shell::kPanelMargin, 8, shell::kPanelMargin, 6);
@@ -124,9 +141,20 @@ void frmRuvomain::buildControls() {
   column->addWidget(d_->toolbox);
   column->addWidget(shell::divider(Qt::Horizontal, panel));
   column->addWidget(d_->colors);
+  column->addWidget(buildOptionArea(panel, palette), 1);
+  panel->setFixedWidth(std::max(d_->options->widestFrame(), d_->colors->minimumSizeHint().width()) +
+                       2 * shell::kPanelMargin + 1);
+  for (int box = 0; box < 3; ++box) {
+    shell::ColorBox& well = box < 2 ? d_->colors->box(box) : d_->options->bezierBox();
+    well.leftClicked = [this, box] { showColorValues(box); };
+    well.rightClicked = [this, box] { boxRightClicked(box); };
+  }
+  return panel;
+}
 
-  // Only a window lower than any frame needs makes the frame scroll.
-  auto* area = new QScrollArea(panel);
+// Only a window lower than any frame needs makes the frame scroll.
+QWidget* frmRuvomain::buildOptionArea(QWidget* parent, const PaletteAsked& palette) {
+  auto* area = new QScrollArea(parent);
   area->setObjectName("picOptionArea");
   area->setFrameShape(QFrame::NoFrame);
   area->setWidgetResizable(true);
@@ -145,26 +173,7 @@ void frmRuvomain::buildControls() {
   holderColumn->addStretch();
   area->setWidget(holder);
   holder->setAutoFillBackground(false);
-  column->addWidget(area, 1);
-  panel->setFixedWidth(std::max(d_->options->widestFrame(), d_->colors->minimumSizeHint().width()) +
-                       2 * shell::kPanelMargin + 1);
-
-  for (int box = 0; box < 3; ++box) {
-    shell::ColorBox& well = box < 2 ? d_->colors->box(box) : d_->options->bezierBox();
-    well.leftClicked = [this, box] { showColorValues(box); };
-    well.rightClicked = [this, box] { boxRightClicked(box); };
-  }
-
-  auto* middle = new QHBoxLayout;
-  middle->setSpacing(0);
-  middle->addWidget(panel);
-  d_->workspace = new Workspace(centre);
-  connect(d_->workspace, &QMdiArea::subWindowActivated, this, &frmRuvomain::windowActivated);
-  middle->addWidget(d_->workspace, 1);
-  rows->addLayout(middle, 1);
-  d_->status = new shell::StatusBar(centre);
-  rows->addWidget(d_->status);
-  setCentralWidget(centre);
+  return area;
 }
 
 SessionState& frmRuvomain::session() {

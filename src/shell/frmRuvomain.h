@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 #include <memory>
 
 #include "document/main_window_link.h"
@@ -92,7 +93,11 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   using DocumentCall = void (frmRuvoPaint::*)();
 
   // Load
+  using PaletteAsked = std::function<void(shell::PaletteKind, int box)>;
   void buildControls();
+  QWidget* buildToolbar(QWidget* parent);
+  QWidget* buildToolPanel(QWidget* parent);
+  QWidget* buildOptionArea(QWidget* parent, const PaletteAsked& palette);
   void startImaging();
   void loadSettings();
   void storeSettings();

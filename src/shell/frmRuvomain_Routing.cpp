@@ -185,7 +185,12 @@ void frmRuvomain::paletteAsked(shell::PaletteKind kind, int box) {
   }
   if (d_->chart == nullptr) {
     d_->chart = new frmRuvoColorChart(this, chosen);
-    d_->chart->move(d_->stored.colorChartPosition.x / kTwipsPerPixel, d_->stored.colorChartPosition.y / kTwipsPerPixel);
+    const Point stored = d_->stored.colorChartPosition;
+    // One that was never placed begins beside the panel: in the corner of the screen its title might be out of reach.
+    const QPoint at =
+        stored == Point() ? d_->workspace->mapToGlobal(QPoint(16, 16)) : QPoint(stored.x, stored.y) / kTwipsPerPixel;
+    // The place without the frame: how thick that will be is not known before the window is shown.
+    d_->chart->setGeometry(QRect(at, d_->chart->sizeHint()));
     d_->chart->moved = [this](const QPoint& at) {
       d_->stored.colorChartPosition = {at.x() * kTwipsPerPixel, at.y() * kTwipsPerPixel};
     };

@@ -175,6 +175,15 @@ void ShellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
       drawRounded(*painter, option->rect, roles().field, focus ? roles().accent : roles().line, 4);
       return;
     }
+    case PE_PanelMenu: {
+      // A border that shows in front of a dark workspace, too.
+      QColor border = roles().quietInk;
+      border.setAlphaF(0.6F);
+      painter->fillRect(option->rect, roles().raised);
+      painter->setPen(border);
+      painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+      return;
+    }
     case PE_FrameWindow: {
       const QRect outer = option->rect.adjusted(0, 0, -1, -1);
       painter->setPen(roles().line);
