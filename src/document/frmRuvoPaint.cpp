@@ -58,7 +58,7 @@ void frmRuvoPaint::Private::tell(const QString& text, desktop::Icon icon) {
 }
 
 bool frmRuvoPaint::Private::ask(const QString& question) {
-  return desktop::desktop().message(link.window(), question, desktop::Icon::Question, desktop::Buttons::YesNo) ==
+  return desktop::desktop().message(link.window(), question, desktop::Icon::Question, desktop::Buttons::YesNoCareful) ==
          desktop::Answer::Yes;
 }
 

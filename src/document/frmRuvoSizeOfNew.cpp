@@ -60,6 +60,7 @@ frmRuvoSizeOfNew::frmRuvoSizeOfNew(Use use, Size initial, QWidget* parent)
   choices_->button(same == sizes_.end() ? kCustom : static_cast<int>(same - sizes_.begin()))->setChecked(true);
   width_->setText(QString::number(initial.width));
   height_->setText(QString::number(initial.height));
+  choices_->checkedButton()->setFocus();
 }
 
 QLineEdit* frmRuvoSizeOfNew::addSizeField(const char* name, SizeField field) {

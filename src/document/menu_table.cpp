@@ -242,15 +242,15 @@ constexpr MenuRow kRows[] = {
     line("mnuOptionsSub", 5, "mnuOptions", kScopeBoth),
     check("mnuOptionsSub", 6, "mnuOptions", "&Fit-In Even If Picutre Is Smaller When Fit In Set In View Mode"),
     line("mnuOptionsSub", 7, "mnuOptions", kScopeBoth),
-    check("mnuOptionsSub", 8, "mnuOptions", "&Add Back EXIF (If Any) On Save JPG File"),
+    check("mnuOptionsSub", 8, "mnuOptions", "&Add Back EXIF (If Any) On Save JPG File", kNotBuilt),
     line("mnuOptionsSub", 9, "mnuOptions", kScopeBoth),
     check("mnuOptionsSub", 10, "mnuOptions", "Show &Pixel RGB When Fill / Replace Color Tool Selected"),
     line("mnuOptionsSub", 11, "mnuOptions", kScopeBoth),
     item("mnuOptionsSub", 12, "mnuOptions", "&Options for Current Session Only", kNeedNothing, kScopeBoth),
     check("mnuOptionsSessionOnlySub", 0, "mnuOptionsSub(12)",
-          "&Use Alternative Region Marquee  (i.e. If Entire Image Is Dark Greyish)"),
+          "&Use Alternative Region Marquee  (i.e. If Entire Image Is Dark Greyish)", kNotBuilt),
     check("mnuOptionsSessionOnlySub", 1, "mnuOptionsSub(12)", "Suspend &Canvas Resize by Edge Dragging"),
-    check("mnuOptionsSessionOnlySub", 2, "mnuOptionsSub(12)", "Suspend &Region Resize by Edge Dragging"),
+    check("mnuOptionsSessionOnlySub", 2, "mnuOptionsSub(12)", "Suspend &Region Resize by Edge Dragging", kNotBuilt),
     check("mnuOptionsSessionOnlySub", 3, "mnuOptionsSub(12)", "&Turn On [X, Y] Axis Lines (If Applicable)"),
 
     // --- Windows, Help

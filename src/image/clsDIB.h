@@ -32,7 +32,7 @@ class clsDIB {
   clsDIB(clsDIB&& other) noexcept;
   clsDIB& operator=(clsDIB&& other) noexcept;
 
-  // --- What the surface is ---
+  // --- What the surface is
   bool empty() const { return surface_.empty(); }
   int DIBWidth() const { return surface_.width(); }
   int DIBHeight() const { return surface_.height(); }
@@ -54,7 +54,7 @@ class clsDIB {
   raster::Surface& surface() { return surface_; }
   const raster::Surface& surface() const { return surface_; }
 
-  // --- Creation ---
+  // --- Creation
   // Drops any content first. Depth 8 or fewer: the bits are index 0, the table is black but for entry 1 = BackColor.
   // Deeper: filled with BackColor (byte 3 zero). Force32 makes the section 32 bits while DIBbpp and BytesPerScanline
   // keep the depth asked for. False leaves the instance empty.
@@ -82,7 +82,7 @@ class clsDIB {
   // Back to empty; the memory is released at once.
   void ClearUp();
 
-  // --- Painting (source copy) ---
+  // --- Painting (source copy)
   // Width or Height below 1 means that of Src. Parts outside either surface are left out.
   static void PaintFromDIBtoDIB(const clsDIB& Src, clsDIB& Dst, int DestX = 0, int DestY = 0, int Width = 0,
                                 int Height = 0, int SrcX = 0, int SrcY = 0);
@@ -110,7 +110,7 @@ class clsDIB {
   // side at least 1. Place is (box - size) \ 2; an empty surface gives 0, 0.
   void GetBestFitPointAndSize(int MaxW, int MaxH, int& X, int& Y, int& W, int& H, bool Force) const;
 
-  // --- Alpha and masks ---
+  // --- Alpha and masks
   // Where Mask is black the pixel's alpha takes AlphaArray (picture order), elsewhere all four bytes become 255.
   static void Fill_DIB_With_AlphaValues(clsDIB& Dib32, const raster::Surface& Mask,
                                         std::span<const std::uint8_t> AlphaArray);
@@ -123,7 +123,7 @@ class clsDIB {
   // below 0 takes the colour of the picture's top left. Mask is remade when its size differs.
   static void Create_ImageMask_Pair(clsDIB& Image, clsDIB& Mask, std::int64_t TransparentColor);
 
-  // --- Colour inquiry (byte 3 never counts) ---
+  // --- Colour inquiry (byte 3 never counts)
   // Number of distinct colours; stops early, below the true number, past 32767 distinct blue-red pairs.
   static int CountColorsDIB(const clsDIB& Dib);
   // kMultiColor as soon as a second colour appears, else the single colour.
@@ -143,7 +143,7 @@ class clsDIB {
   static bool DIBNetPaintedArea(const clsDIB& Dib, int& Left, int& Top, int& Right, int& Bottom, Colour colour,
                                 bool Flip);
 
-  // --- Geometry and blending ---
+  // --- Geometry and blending
   // 0 mirrors left to right, 1 top to bottom, 2 turns a quarter anticlockwise, 3 clockwise; above 3 nothing.
   static void RotateDIB(clsDIB& Dib, int Mode);
   // Dst = (1 - f) x Dst + f x Src over the smaller of both sizes from the top left, f = Percent / 100 held as a 32-bit
@@ -153,7 +153,7 @@ class clsDIB {
   static void BlendIn_Masked(clsDIB& Dst, const clsDIB& Src, const clsDIB& Mask, int Percent,
                              const Progress& progress = {});
 
-  // --- Palette and 8 bits ---
+  // --- Palette and 8 bits
   // Colour tables as bytes, 4 an entry (B, G, R, 0).
   void GetDIBPalette(std::span<std::uint8_t> Array) const;
   void SetPaletteToDIB8BPP(std::span<const std::uint8_t> Array);
@@ -161,7 +161,7 @@ class clsDIB {
   // The byte at column X of memory row Y of an 8-bit surface; 0 outside.
   static int PaletteIndex_In_DIB_XY(const clsDIB& Dib, int X, int Y);
 
-  // --- Files ---
+  // --- Files
   // Writes a BMP: 32 bits when this object is a 32-bit one with alpha, else 24. The size field of the file header
   // leaves the 14 bytes of that header out; readers of older versions expect it so. The file is replaced whole; false,
   // with the old file as it was, when it can not be written; `reason` then says why in the system's words.

@@ -22,7 +22,7 @@ class clsPal {
   std::function<void(int percent)> cPAL_Progress;
   std::function<void()> cPAL_ProgressEnd;
 
-  // --- Entries ---
+  // --- Entries
   // Entries in use. Room is always for 256; an index outside 0 to 255 reads as 0 and writes nothing.
   int MaxCount() const { return maxCount_; }
   void setMaxCount(int count);
@@ -44,7 +44,7 @@ class clsPal {
   bool IsGreyScale() const;
   void ClearUp();
 
-  // --- Nearest colour ---
+  // --- Nearest colour
   // Least squared distance, of equals the lowest index; 0 for an empty palette.
   int NearestPaletteIndex(int R, int G, int B) const;
   void NearestPaletteColor(int R, int G, int B, int& outR, int& outG, int& outB) const;
@@ -53,7 +53,7 @@ class clsPal {
     return {matched_.data(), static_cast<std::size_t>(matchedCount_)};
   }
 
-  // --- Creating operations (each starts from an empty palette) ---
+  // --- Creating operations (each starts from an empty palette)
   // Count is brought within 2 to 256; all entries zero.
   void CreateBlankPalette(int Count);
   void CreatePalette2();   // black, white

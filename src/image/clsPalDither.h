@@ -20,7 +20,7 @@ class clsPalDither {
   std::function<void(int percent)> cPalDither_Progress;
   std::function<void()> cPalDither_ProgressEnd;
 
-  // --- The packed rows ---
+  // --- The packed rows
   // Row i belongs to memory row i of the surface that was reduced. Empty until an operation filled it.
   const std::vector<std::uint8_t>& TableEntry() const { return table_; }
   std::uint8_t* TableEntryPtr() { return table_.empty() ? nullptr : table_.data(); }
@@ -33,13 +33,13 @@ class clsPalDither {
   // 1, 4 and 8.
   std::uint8_t* CreateBlankPaletteTable(int Width, int Height, int Bits);
 
-  // --- No loss ---
+  // --- No loss
   // When the picture has at most 2^Bits colours (Bits 1, 4 or 8; byte 3 does not count): Pal becomes an exact table
   // (black and white, the sixteen, or the colours as they come) and the rows hold exact indices. Otherwise false, and
   // nothing has changed. Every save that needs a table asks this first and dithers only when it says no.
   bool ExactRows(const clsDIB& Dib, clsPal& Pal, int Bits);
 
-  // --- Black and white (index 1 is white) ---
+  // --- Black and white (index 1 is white)
   // The threshold is the picture's mean grey. Scale divides the carried error, which is first multiplied by 10; below
   // 1 it is taken as 15.
   void DitherToBW_Stucki(clsDIB& Dib, int Scale = kUsualScale);
@@ -47,7 +47,7 @@ class clsPalDither {
   void DitherToBW_Burke(clsDIB& Dib, int Scale = kUsualScale);
   void DitherToBW_Ordered(clsDIB& Dib);
 
-  // --- Colour ---
+  // --- Colour
   // Nearest entry by cells of 17 levels a channel, error diffused. An empty palette does nothing.
   void DitherToPalette16(clsDIB& Dib, const clsPal& Pal);
   void DitherToPalette256(clsDIB& Dib, const clsPal& Pal);

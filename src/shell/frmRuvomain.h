@@ -33,7 +33,6 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   void openInActiveDocument(PendingOpen command, const QString& file);
 
   // --- Operations that others call by name
-  // ------------------------------------------------------------------------------
   void updateColorToUse();  // gives the current colour to the box that was asked for
   void cmdGlass_Click();
   void cmdMode_Click(int index);  // 0 to View mode, 1 to Paint mode
@@ -42,7 +41,6 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   void MDI_List_File_History_GIFani();
 
   // --- MainWindowLink
-  // ------------------------------------------------------------------------------------------------------
   SessionState& session() override;
   ToolboxState toolbox() const override;
   QWidget* window() override { return this; }

@@ -209,7 +209,10 @@ bool frmRuvomain::closeDocuments() {
   for (int slot = static_cast<int>(d_->documents.size()) - 1; slot >= 0; --slot) {
     frmRuvoPaint* document = documentAt(slot);
     QMdiSubWindow* window = document != nullptr ? windowOf(document) : nullptr;
-    if (window != nullptr && !window->close()) return false;
+    if (window == nullptr) continue;
+    // The one that is asked about is the one to be seen.
+    if (document->hasUnsavedChanges()) d_->workspace->setActiveSubWindow(window);
+    if (!window->close()) return false;
   }
   return true;
 }
@@ -274,11 +277,10 @@ bool frmRuvomain::busy() const {
 }
 
 // --- Closing
-// ---------------------------------------------------------------------------------------------------------------------
 
 bool frmRuvomain::confirmClosing() {
   if (!session().closingConfirmed && anyUnsavedDocument(session().documents) &&
-      desktop::desktop().message(this, kTextUnsavedChanges, desktop::Icon::Question, desktop::Buttons::YesNo) !=
+      desktop::desktop().message(this, kTextUnsavedChanges, desktop::Icon::Question, desktop::Buttons::YesNoCareful) !=
           desktop::Answer::Yes)
     return false;
   session().closingConfirmed = true;

@@ -49,7 +49,6 @@ void frmRuvomain::menuTriggered(const QString& control, int index) {
 }
 
 // --- Options
-// -------------------------------------------------------------------------------------------------------------------
 
 void frmRuvomain::MDI_UpdateOptionMenus() {
   showOptions(*d_->menus, session().options);
@@ -93,7 +92,6 @@ void frmRuvomain::gdiPlusMissingMessage(const QString& prefix) {
 }
 
 // --- Histories
-// -----------------------------------------------------------------------------------------------------------------
 
 void frmRuvomain::MDI_List_File_History() {
   const auto paths = d_->services.fileHistory.list();
@@ -155,7 +153,6 @@ void frmRuvomain::openFromHistory(int index) {
 }
 
 // --- The rest
-// --------------------------------------------------------------------------------------------------------------------
 
 void frmRuvomain::mnuFileExit_Click() {
   close();

@@ -55,7 +55,6 @@ void frmRuvomain::tell(void (frmRuvoPaint::*call)(int), int index) {
 }
 
 // --- Tools
-// -------------------------------------------------------------------------------------------------------------------
 
 void frmRuvomain::toolClicked(int index) {
   if (frmRuvoPaint* document = activeDocument()) return document->Do_imgToolsClick(index);
@@ -121,7 +120,6 @@ void frmRuvomain::handCustomPictures(frmRuvoPaint& document) {
 }
 
 // --- Colours
-// -----------------------------------------------------------------------------------------------------------------
 
 void frmRuvomain::updateColorToUse() {
   if (d_->forFirst) {
@@ -191,8 +189,8 @@ void frmRuvomain::paletteAsked(shell::PaletteKind kind, int box) {
         stored == Point() ? d_->workspace->mapToGlobal(QPoint(16, 16)) : QPoint(stored.x, stored.y) / kTwipsPerPixel;
     // The place without the frame: how thick that will be is not known before the window is shown.
     d_->chart->setGeometry(QRect(at, d_->chart->sizeHint()));
-    d_->chart->moved = [this](const QPoint& at) {
-      d_->stored.colorChartPosition = {at.x() * kTwipsPerPixel, at.y() * kTwipsPerPixel};
+    d_->chart->moved = [this](const QPoint& place) {
+      d_->stored.colorChartPosition = {place.x() * kTwipsPerPixel, place.y() * kTwipsPerPixel};
     };
   }
   d_->chart->setColour(well.BackColor());
@@ -201,7 +199,6 @@ void frmRuvomain::paletteAsked(shell::PaletteKind kind, int box) {
 }
 
 // --- Toolbar
-// -------------------------------------------------------------------------------------------------------------------
 
 void frmRuvomain::editButtonClicked(int index) {
   frmRuvoPaint* document = activeDocument();

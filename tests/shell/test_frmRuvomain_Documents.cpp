@@ -27,18 +27,18 @@ TEST_F(Documents, EachTakesTheToolsAndEveryChangeOfThem) {
   click("imgTools(13)");
   control<QComboBox>("cboSprayDensity").setCurrentIndex(2);
   frmRuvoPaint& document = openNew();
-  const CanvasSettings& settings = document.canvas()->settings();
+  const CanvasSettings& drawn = document.canvas()->drawn();
   EXPECT_EQ(document.canvas()->CanvasOp(), 14);
-  EXPECT_EQ(settings.SprayDensity, 2);
+  EXPECT_EQ(drawn.SprayDensity, 2);
   control<QComboBox>("cboPaintBrushTranslucencyPercent").setCurrentIndex(4);
-  EXPECT_EQ(settings.PaintBrushTranslucencyPercent, 80);
+  EXPECT_EQ(drawn.PaintBrushTranslucencyPercent, 80);
   click("optFillPattern(7)");
-  EXPECT_EQ(settings.FillPattern, 7);
+  EXPECT_EQ(drawn.FillPattern, 7);
   control<QComboBox>("cboMagnify").setCurrentIndex(2);
-  EXPECT_EQ(settings.Magnify, 3);
+  EXPECT_EQ(drawn.Magnify, 3);
   // A value that is only shown is not told.
   window->setMagnify(5);
-  EXPECT_EQ(settings.Magnify, 3);
+  EXPECT_EQ(drawn.Magnify, 3);
   click("imgTools(18)");
   EXPECT_EQ(document.canvas()->CanvasOp(), 18);
 }

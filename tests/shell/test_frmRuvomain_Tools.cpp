@@ -59,11 +59,11 @@ TEST_F(Tools, CombosHoldTheirItemsAndFirstSelections) {
     EXPECT_EQ(control<QComboBox>(row.name).currentIndex(), row.selected) << row.name;
   }
   EXPECT_EQ(itemsOf(control<QComboBox>("cboPolygonSetting(2)"))[1], "0.9");
-  const ToolboxState state = window->toolbox();
-  EXPECT_EQ(state.polygonNumPoints, 6);
-  EXPECT_EQ(state.polygonRadius, 50);
-  EXPECT_FLOAT_EQ(state.polygonConcaveFactor, 1);
-  EXPECT_EQ(state.glassFactor, 2);
+  const ToolboxState chosen = window->toolbox();
+  EXPECT_EQ(chosen.polygonNumPoints, 6);
+  EXPECT_EQ(chosen.polygonRadius, 50);
+  EXPECT_FLOAT_EQ(chosen.polygonConcaveFactor, 1);
+  EXPECT_EQ(chosen.glassFactor, 2);
 }
 
 TEST_F(Tools, OptionsAreNamedAfterWhatTheyDraw) {

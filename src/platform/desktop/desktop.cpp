@@ -82,8 +82,10 @@ class QtDesktop : public Desktop {
     // Above the splash, which stays on top of ordinary windows.
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
     box.setStandardButtons(buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes | QMessageBox::No);
-    box.setDefaultButton(buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes);
-    if (buttons == Buttons::YesNo) box.setEscapeButton(QMessageBox::No);
+    box.setDefaultButton(buttons == Buttons::Ok      ? QMessageBox::Ok
+                         : buttons == Buttons::YesNo ? QMessageBox::Yes
+                                                     : QMessageBox::No);
+    if (buttons != Buttons::Ok) box.setEscapeButton(QMessageBox::No);
     // As wide as its title wants it.
     if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
       grid->addItem(new QSpacerItem(kLeastMessageWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());

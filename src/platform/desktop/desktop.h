@@ -15,7 +15,8 @@ class QWidget;
 namespace ruvo::desktop {
 
 enum class Icon { None, Information, Exclamation, Critical, Question };
-enum class Buttons { Ok, YesNo };
+// YesNoCareful is for questions whose Yes loses work: Enter answers No.
+enum class Buttons { Ok, YesNo, YesNoCareful };
 enum class Answer { Ok, Yes, No };
 
 class Desktop {

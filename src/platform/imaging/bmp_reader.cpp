@@ -75,7 +75,7 @@ void readTable(const Input& input, const BmpHeader& header, Surface& surface) {
   }
 }
 
-// --- Rows as they are ---
+// --- Rows as they are
 
 // One channel of a bit-field pixel: where it lies and its 8-bit value for each of its values.
 class Channel {
@@ -218,7 +218,7 @@ class PlainRows {
   std::size_t rowBytes_ = 0;
 };
 
-// --- Run-length codes ---
+// --- Run-length codes
 
 // RLE4, RLE8 and OS/2's RLE24. Pixels that the codes jump over stay zero.
 class RunLengths {
@@ -303,7 +303,7 @@ class RunLengths {
   bool painted_ = false;
 };
 
-// --- The whole ---
+// --- The whole
 
 int surfaceDepth(const BmpHeader& header) {
   if (header.bits == 2) return 4;
