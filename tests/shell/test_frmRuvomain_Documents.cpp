@@ -27,7 +27,7 @@ TEST_F(Documents, EachTakesTheToolsAndEveryChangeOfThem) {
   click("imgTools(13)");
   control<QComboBox>("cboSprayDensity").setCurrentIndex(2);
   frmRuvoPaint& document = openNew();
-  const CanvasSettings& drawn = document.canvas()->drawn();
+  const CanvasSettings& drawn = document.canvas()->settings();
   EXPECT_EQ(document.canvas()->CanvasOp(), 14);
   EXPECT_EQ(drawn.SprayDensity, 2);
   control<QComboBox>("cboPaintBrushTranslucencyPercent").setCurrentIndex(4);
