@@ -54,13 +54,24 @@ void expand24(const std::uint8_t* from, std::uint8_t* to, int count) {
     to[3] = 0;
   }
 }
+// The colours of two pixels side by side, in 48 bits.
+std::uint64_t twoColours(const std::uint8_t* from) {
+  std::uint64_t w;
+  std::memcpy(&w, from, 8);
+  return (w & 0xFFFFFF) | (w >> 8 & 0xFFFFFF000000);
+}
+void putLongWord(std::uint8_t* p, std::uint64_t w) {
+  std::memcpy(p, &w, 8);
+}
+// Eight pixels a step: four long words become three.
 void shrink32(const std::uint8_t* from, std::uint8_t* to, int count) {
   int i = 0;
-  for (; i + 4 <= count; i += 4, from += 16, to += 12) {
-    const std::uint32_t a = word(from), b = word(from + 4), c = word(from + 8), d = word(from + 12);
-    putWord(to, (a & 0xFFFFFF) | b << 24);
-    putWord(to + 4, (b >> 8 & 0xFFFF) | c << 16);
-    putWord(to + 8, (c >> 16 & 0xFF) | d << 8);
+  for (; i + 8 <= count; i += 8, from += 32, to += 24) {
+    const std::uint64_t a = twoColours(from), b = twoColours(from + 8);
+    const std::uint64_t c = twoColours(from + 16), d = twoColours(from + 24);
+    putLongWord(to, a | b << 48);
+    putLongWord(to + 8, b >> 16 | c << 32);
+    putLongWord(to + 16, c >> 32 | d << 16);
   }
   for (; i < count; ++i, from += 4, to += 3) std::memcpy(to, from, 3);
 }
