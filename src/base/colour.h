@@ -13,9 +13,15 @@ inline constexpr Colour kBlack = 0x000000;
 constexpr Colour rgb(int red, int green, int blue) {
   return static_cast<Colour>((red & 0xFF) | (green & 0xFF) << 8 | (blue & 0xFF) << 16);
 }
-constexpr std::uint8_t redOf(Colour c) { return static_cast<std::uint8_t>(c); }
-constexpr std::uint8_t greenOf(Colour c) { return static_cast<std::uint8_t>(c >> 8); }
-constexpr std::uint8_t blueOf(Colour c) { return static_cast<std::uint8_t>(c >> 16); }
+constexpr std::uint8_t redOf(Colour c) {
+  return static_cast<std::uint8_t>(c);
+}
+constexpr std::uint8_t greenOf(Colour c) {
+  return static_cast<std::uint8_t>(c >> 8);
+}
+constexpr std::uint8_t blueOf(Colour c) {
+  return static_cast<std::uint8_t>(c >> 16);
+}
 
 // A pixel of a 32-bit surface as it lies in memory.
 struct Pixel32 {

@@ -46,6 +46,7 @@ class FileReplacement {
 };
 
 // All of the above in one call.
-bool replaceFile(const std::filesystem::path& target, std::span<const std::uint8_t> bytes, std::string* reason = nullptr);
+bool replaceFile(const std::filesystem::path& target, std::span<const std::uint8_t> bytes,
+                 std::string* reason = nullptr);
 
 }  // namespace ruvo

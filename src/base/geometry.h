@@ -1,4 +1,5 @@
-// Integer points, sizes and rectangles. Rectangles are half-open: right and bottom are the first column and row outside.
+// Integer points, sizes and rectangles. Rectangles are half-open: right and bottom are the first column and row
+// outside.
 #pragma once
 
 #include <algorithm>

@@ -87,7 +87,7 @@ std::string_view utf8Right(std::string_view text, std::size_t count) {
 std::string parsePath(std::string_view path, int part) {
   if (path.empty() || path[0] == '$' || path[0] == ' ' || utf8Length(path) > kMaxParsedLength) return {};
   const PathParts parts = splitPath(path);
-  const std::string place = std::string(parts.drive) + std::string(parts.folder);
+  std::string place = std::string(parts.drive) + std::string(parts.folder);
   switch (part) {
     case kPartDriveFolder:
       return place;

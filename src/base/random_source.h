@@ -13,7 +13,8 @@ class RandomSource {
   virtual ~RandomSource() = default;
   // Starts a fresh, unpredictable run; called once a dab or burst.
   virtual void reseed() {
-    state_ ^= static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()) * 0x9E3779B97F4A7C15u;
+    state_ ^=
+        static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()) * 0x9E3779B97F4A7C15u;
     if (state_ == 0) state_ = 1;
   }
   // Uniform in [0, 1).

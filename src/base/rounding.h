@@ -8,8 +8,12 @@
 namespace ruvo {
 
 // Nearest integer, ties to even (the processor's default mode, which this program never changes).
-inline int roundToInt(double value) { return static_cast<int>(std::nearbyint(value)); }
+inline int roundToInt(double value) {
+  return static_cast<int>(std::nearbyint(value));
+}
 
-inline std::uint8_t clampToByte(int value) { return static_cast<std::uint8_t>(std::clamp(value, 0, 255)); }
+inline std::uint8_t clampToByte(int value) {
+  return static_cast<std::uint8_t>(std::clamp(value, 0, 255));
+}
 
 }  // namespace ruvo

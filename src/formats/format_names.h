@@ -3,22 +3,14 @@
 // it.
 #pragma once
 
-#include <string>
 #include <string_view>
+
+#include "base/letter_case.h"
 
 namespace ruvo {
 
 inline constexpr std::string_view kOpenableExtensions =
     ".bmp/.gif/.jpg/.jpeg/.wmf/.emf/.png/.tif/.tiff/.tga/.pcx/.ico/.cur";
-
-// ASCII letters only: extensions that are known have no others.
-inline std::string upperCase(std::string_view text) {
-  std::string upper(text);
-  for (char& c : upper) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return upper;
-}
 
 // `extension` begins with its dot; letter case does not matter. No extension is in no list.
 inline bool extensionInList(std::string_view extension, std::string_view list) {

@@ -99,6 +99,11 @@ class clsDIB {
                                 int Width = 0, int Height = 0, int SrcX = 0, int SrcY = 0);
   static void StretchPaintFromDIBToPic(const clsDIB& Src, raster::Surface& Picture, bool Halftone, const Rect& Dest,
                                        const Rect& Source);
+  // A window's picture is a surface like any other.
+  static void StretchPaintFromDIBToForm(const clsDIB& Src, raster::Surface& Form, bool Halftone, const Rect& Dest,
+                                        const Rect& Source) {
+    StretchPaintFromDIBToPic(Src, Form, Halftone, Dest, Source);
+  }
   static void StretchPaintFromPicToDIB(const raster::Surface& Picture, clsDIB& Dst, bool Halftone, const Rect& Dest,
                                        const Rect& Source);
   // Bilinear resample of Src onto the whole of Dst, both 32 bits; alpha is not written.

@@ -49,7 +49,7 @@ class BlockWriter {
   void finish() { file_.write(std::span(buffer_).first(filled_)); }
 
  private:
-  static constexpr std::size_t kBlock = 256 * 1024;
+  static constexpr std::size_t kBlock = std::size_t{256} * 1024;
 
   FileReplacement& file_;
   std::vector<std::uint8_t> buffer_;

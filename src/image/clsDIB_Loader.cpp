@@ -1,6 +1,6 @@
-#include <algorithm>
 #include <string>
 
+#include "base/letter_case.h"
 #include "image/clsDIB.h"
 #include "platform/imaging/picture_loader.h"
 #include "platform/raster/blit.h"
@@ -9,11 +9,9 @@ namespace ruvo {
 
 bool clsDIB::CreateDIBFromFile2(const std::filesystem::path& FileName, bool Straight, int Bpp) {
   ClearUp();
-  std::string ending = FileName.string();
-  if (ending.size() <= 4) return false;
-  ending = ending.substr(ending.size() - 4);
-  std::transform(ending.begin(), ending.end(), ending.begin(),
-                 [](char c) { return c >= 'a' && c <= 'z' ? c - 32 : c; });
+  const std::string name = FileName.string();
+  if (name.size() <= 4) return false;
+  const std::string ending = upperCase(std::string_view(name).substr(name.size() - 4));
   if (ending != ".GIF" && ending != ".BMP" && ending != ".JPG" && ending != "JPEG") return false;
 
   const imaging::LoadResult loaded = imaging::LoadPicture(FileName);

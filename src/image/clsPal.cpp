@@ -57,6 +57,14 @@ void clsPal::NearestPaletteColor(int R, int G, int B, int& outR, int& outG, int&
   outB = rgbB(index);
 }
 
+void clsPal::tellRow(int row, int rows) const {
+  if (cPAL_Progress) cPAL_Progress(rows == 1 ? 100 : static_cast<int>(100LL * row / (rows - 1)));
+}
+
+void clsPal::tellEnd() const {
+  if (cPAL_ProgressEnd) cPAL_ProgressEnd();
+}
+
 void clsPal::append(Colour colour) {
   entries_[static_cast<std::size_t>(maxCount_++)] = TableEntry::of(colour);
 }
@@ -115,9 +123,12 @@ void clsPal::CreateWebsafe() {
 bool clsPal::CreatePalette256(const clsDIB& Dib) {
   ClearUp();
   ColourList list;
-  if (Dib.empty() || !list.collect(Dib.surface(), kMostEntries)) return false;
+  const auto rowDone = [&](int row) { tellRow(row, Dib.DIBHeight()); };
+  if (Dib.empty() || !list.collect(Dib.surface(), kMostEntries, rowDone)) return false;
+  tellEnd();
   for (const Colour c : list.colours()) append(c);
   rebuildMatch();
+  tellEnd();
   return true;
 }
 

@@ -75,6 +75,8 @@ class clsPal {
     return index >= 0 && index < kMostEntries ? entries_[static_cast<std::size_t>(index)] : raster::TableEntry{};
   }
   void append(Colour colour);
+  void tellRow(int row, int rows) const;
+  void tellEnd() const;
   // Takes the entries as they are now for the nearest-colour questions.
   void rebuildMatch();
 

@@ -11,18 +11,17 @@ void clsPal::CreateOptimal(const clsDIB& Dib, int Colours, int Depth) {
   if (Dib.empty()) return;
   Octree tree(std::clamp(Colours, 1, kMostEntries), std::clamp(Depth, 2, 8));
   RowReader reader(Dib.surface());
-  const int lastRow = Dib.DIBHeight() - 1;
-  for (int y = 0; y <= lastRow; ++y) {
+  for (int y = 0; y < Dib.DIBHeight(); ++y) {
     const Pixel32* row = reader.pixels(y);
     for (int x = 0; x < Dib.DIBWidth(); ++x) tree.add(row[x].colour());
-    if (cPAL_Progress) cPAL_Progress(lastRow == 0 ? 100 : static_cast<int>(100LL * y / lastRow));
+    tellRow(y, Dib.DIBHeight());
   }
-  if (cPAL_ProgressEnd) cPAL_ProgressEnd();
+  tellEnd();
   for (const Colour c : tree.leafColours()) {
     if (maxCount_ < kMostEntries) append(c);
   }
   rebuildMatch();
-  if (cPAL_ProgressEnd) cPAL_ProgressEnd();
+  tellEnd();
 }
 
 }  // namespace ruvo

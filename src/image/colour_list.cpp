@@ -6,11 +6,11 @@
 
 namespace ruvo {
 
-bool ColourList::collect(const raster::Surface& surface, int most) {
+bool ColourList::collect(const raster::Surface& surface, int most, const std::function<void(int row)>& rowDone) {
   colours_.clear();
   std::fill(cells_.begin(), cells_.end(), std::uint16_t{0});
   bool fits = true;
-  forEachColourRun(surface, [&](Colour colour) {
+  const auto visit = [&](Colour colour) {
     std::uint32_t cell = cellOf(colour);
     while (cells_[cell] != 0) {
       if (colours_[cells_[cell] - 1u] == colour) return true;
@@ -21,6 +21,9 @@ bool ColourList::collect(const raster::Surface& surface, int most) {
     colours_.push_back(colour);
     cells_[cell] = static_cast<std::uint16_t>(colours_.size());
     return true;
+  };
+  forEachColourRun(surface, visit, [&](int row) {
+    if (rowDone) rowDone(row);
   });
   return fits;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -14,8 +15,8 @@ namespace ruvo {
 class ColourList {
  public:
   // Collects the colours of the surface (byte 3 does not count). False when there are more than `most` (1 to 256); the
-  // list then holds the first ones.
-  bool collect(const raster::Surface& surface, int most);
+  // list then holds the first ones. rowDone, when there is one, is told each memory row that was gone through.
+  bool collect(const raster::Surface& surface, int most, const std::function<void(int row)>& rowDone = {});
   std::span<const Colour> colours() const { return colours_; }
   // The place of a colour in the list, -1 when it is not there.
   int indexOf(Colour colour) const;

@@ -43,9 +43,10 @@ class RowReader {
   std::vector<std::uint8_t> scratch_;
 };
 
-// Calls visit(colour) for the pixels in memory order, once for each run of equal ones; stops when it answers false.
-template <typename Visit>
-void forEachColourRun(const raster::Surface& surface, Visit&& visit) {
+// Calls visit(colour) for the pixels in memory order, once for each run of equal ones, and rowDone(memoryRow) after
+// each row; stops when visit answers false.
+template <typename Visit, typename RowDone>
+void forEachColourRun(const raster::Surface& surface, Visit&& visit, RowDone&& rowDone) {
   RowReader reader(surface);
   constexpr Colour kNone = 0xFFFFFFFF;
   Colour last = kNone;
@@ -57,7 +58,12 @@ void forEachColourRun(const raster::Surface& surface, Visit&& visit) {
       last = colour;
       if (!visit(colour)) return;
     }
+    rowDone(y);
   }
+}
+template <typename Visit>
+void forEachColourRun(const raster::Surface& surface, Visit&& visit) {
+  forEachColourRun(surface, visit, [](int) {});
 }
 
 }  // namespace ruvo

@@ -7,25 +7,22 @@ namespace ruvo {
 namespace {
 
 using test::dibOf;
+using test::pixelAt;
 using test::rowsOf;
 
 clsDIB plain(int width, int height, Colour colour, int bpp = 32) {
-  clsDIB dib;
-  dib.CreateBlankDIB(width, height, bpp, colour);
-  return dib;
+  return test::plainDib(width, height, colour, bpp);
 }
 
 TEST(ClsDibBlend, FractionsAreFloatsAndTheSumIsRoundedOnce) {
   const auto mixed = [](int dst, int src, int percent) {
     clsDIB to = plain(1, 1, rgb(dst, dst, dst));
     clsDIB::BlendIn(to, plain(1, 1, rgb(src, src, src)), percent, -1);
-    return int{to.surface().view32().at(0, 0).green};
+    return int{pixelAt(to, 0, 0).green};
   };
   // Sums in single precision, or fractions in double, give 0 and 230 here.
   EXPECT_EQ(mixed(0, 10, 5), 1);
   EXPECT_EQ(mixed(255, 0, 10), 229);
-  EXPECT_EQ(mixed(255, 0, 100), 0);
-  EXPECT_EQ(mixed(17, 200, 0), 17);
   for (int percent = 0; percent <= 100; percent += 7) {
     const float f = static_cast<float>(percent) / 100.0f, g = 1.0f - f;
     for (int dst = 0; dst < 256; dst += 5) {
@@ -59,68 +56,60 @@ TEST(ClsDibBlend, AMaskLetsBlackThrough) {
 }
 
 TEST(ClsDibBlend, AlphaIsShownInWholePercents) {
-  clsDIB dib = plain(3, 2, rgb(0, 100, 200));
   const std::uint8_t alphas[] = {0, 128, 255};
-  for (int x = 0; x < 3; ++x) {
-    for (int y = 0; y < 2; ++y) dib.surface().view32().at(x, y).alpha = alphas[x];
-  }
-  dib.surface().view32().at(0, 0) = {1, 1, 1, 255};
+  clsDIB dib = dibOf(3, 2, [&](int x, int y) {
+    return y == 0 ? Pixel32{200, 100, 0, alphas[x]} : Pixel32{1, 1, 1, 255};
+  });
   dib.setDIBhasAlpha(true);
   clsDIB target = plain(3, 2, kBlack);
   clsDIB::Display_DIB_With_Alpha(dib, target.surface(), kWhite);
-  const auto view = target.surface().view32();
-  EXPECT_EQ(view.at(0, 1), (Pixel32{255, 255, 255, 0}));
-  EXPECT_EQ(view.at(1, 1), (Pixel32{228, 178, 128, 0}));  // half: 227.5 and 127.5 and 177.5 to even
-  EXPECT_EQ(view.at(2, 1), (Pixel32{200, 100, 0, 0}));
-  EXPECT_EQ(view.at(0, 0).colour(), rgb(1, 1, 1));
+  EXPECT_EQ(pixelAt(target, 0, 0), (Pixel32{255, 255, 255, 0}));
+  EXPECT_EQ(pixelAt(target, 1, 0), (Pixel32{228, 178, 128, 0}));  // half: 227.5 and 127.5 and 177.5 to even
+  EXPECT_EQ(pixelAt(target, 2, 0), (Pixel32{200, 100, 0, 0}));
+  EXPECT_EQ(pixelAt(target, 0, 1), (Pixel32{1, 1, 1, 0}));
   clsDIB::Display_DIB_With_Alpha(dib, target.surface(), kWhite, true);
-  EXPECT_EQ(view.at(0, 1).colour(), rgb(1, 1, 1));
+  EXPECT_EQ(pixelAt(target, 0, 0).colour(), rgb(1, 1, 1));
   dib.setDIBhasAlpha(false);
   clsDIB::Display_DIB_With_Alpha(dib, target.surface(), kWhite);
-  EXPECT_EQ(view.at(0, 1).colour(), rgb(0, 100, 200));
+  EXPECT_EQ(pixelAt(target, 0, 0).colour(), rgb(0, 100, 200));
 }
 
 TEST(ClsDibBlend, AlphaValuesComeInWhereTheMaskIsBlack) {
   clsDIB dib = plain(2, 2, rgb(1, 2, 3));
   const std::vector<std::uint8_t> alpha = {10, 20, 30, 40};
   clsDIB::Fill_DIB_With_AlphaValues(dib, dibOf({"#.", "##"}).surface(), alpha);
-  const auto view = dib.surface().view32();
-  EXPECT_EQ(view.at(0, 1), (Pixel32{3, 2, 1, 10}));
-  EXPECT_EQ(view.at(1, 1), (Pixel32{255, 255, 255, 255}));
-  EXPECT_EQ(view.at(1, 0), (Pixel32{3, 2, 1, 40}));
+  EXPECT_EQ(pixelAt(dib, 0, 0), (Pixel32{3, 2, 1, 10}));
+  EXPECT_EQ(pixelAt(dib, 1, 0), (Pixel32{255, 255, 255, 255}));
+  EXPECT_EQ(pixelAt(dib, 1, 1), (Pixel32{3, 2, 1, 40}));
   dib.setDIBhasAlpha(true);
   clsDIB::CreateMask_viaDC(dib);
   EXPECT_FALSE(dib.DIBhasAlpha());
-  EXPECT_EQ(view.at(1, 1), (Pixel32{255, 255, 255, 0}));
+  EXPECT_EQ(pixelAt(dib, 1, 0), (Pixel32{255, 255, 255, 0}));
 }
 
 TEST(ClsDibBlend, TurnsAtEveryDepth) {
   const test::Rows rows = {"#..", "##."};
+  const test::Rows expected[] = {{"..#", ".##"}, {"##.", "#.."}, {"..", ".#", "##"}, {"##", "#.", ".."}, rows};
   for (const int bpp : {1, 4, 8, 24, 32}) {
     for (int mode = 0; mode < 5; ++mode) {
       clsDIB dib = plain(3, 2, kWhite, bpp);
       clsDIB::PaintFromDIBtoDIB(dibOf(rows), dib);
       clsDIB::RotateDIB(dib, mode);
       EXPECT_EQ(dib.DIBbpp(), mode == 2 || mode == 3 ? 32 : bpp);
-      clsDIB shown = plain(dib.DIBWidth(), dib.DIBHeight(), kBlack);
-      clsDIB::PaintFromDIBtoDIB(dib, shown);
-      const std::vector<test::Rows> expected = {
-          {"..#", ".##"}, {"##.", "#.."}, {"..", ".#", "##"}, {"##", "#.", ".."}, rows};
-      EXPECT_TRUE(test::samePicture(rowsOf(shown), expected[static_cast<std::size_t>(mode)])) << bpp << ' ' << mode;
+      EXPECT_TRUE(test::samePicture(rowsOf(dib), expected[mode])) << bpp << ' ' << mode;
     }
   }
   // Larger than the squares in which it is turned, and with alpha.
-  clsDIB large = plain(70, 41, kBlack);
-  for (int y = 0; y < 41; ++y) {
-    for (int x = 0; x < 70; ++x)
-      large.surface().view32().at(x, y) = {static_cast<std::uint8_t>(x), static_cast<std::uint8_t>(y), 1, 7};
-  }
+  const auto numbered = [](int x, int y) {
+    return Pixel32{static_cast<std::uint8_t>(x), static_cast<std::uint8_t>(y), 1, 7};
+  };
+  clsDIB large = dibOf(70, 41, numbered);
   large.setDIBhasAlpha(true);
   clsDIB::RotateDIB(large, 2);
   EXPECT_TRUE(large.DIBhasAlpha());
-  EXPECT_EQ(large.surface().view32().at(40 - 5, 66), (Pixel32{66, 5, 1, 7}));
+  EXPECT_EQ(test::farthest(&large.surface(), [&](int x, int y) { return numbered(69 - y, x); }), 0);
   clsDIB::RotateDIB(large, 3);
-  EXPECT_EQ(large.surface().view32().at(66, 5), (Pixel32{66, 5, 1, 7}));
+  EXPECT_EQ(test::farthest(&large.surface(), numbered), 0);
 }
 
 TEST(ClsDibPaint, SizesBelowOneMeanTheWholeAndTilesRepeat) {
@@ -142,23 +131,17 @@ TEST(ClsDibPaint, SizesBelowOneMeanTheWholeAndTilesRepeat) {
 }
 
 TEST(ClsDibPaint, BilinearReachesTheLastColumnOnlyByAWholeStep) {
-  clsDIB src = plain(3, 1, kBlack);
-  for (int x = 0; x < 3; ++x) src.surface().view32().at(x, 0) = Pixel32::plain(rgb(100 * x, 0, 0));
-  clsDIB dst = plain(4, 1, kWhite);
-  dst.surface().view32().at(3, 0).alpha = 5;
+  const clsDIB src = dibOf(3, 1, [](int x, int) { return Pixel32::plain(rgb(100 * x, 0, 0)); });
+  clsDIB dst = dibOf(4, 1, [](int, int) { return Pixel32{0, 0, 0, 5}; });
   clsDIB::StretchPaintFromDIBtoDIB_Antialias_NativeDB(src, dst);
-  std::vector<int> reds;
-  for (int x = 0; x < 4; ++x) reds.push_back(dst.surface().view32().at(x, 0).red);
-  EXPECT_EQ(reds, (std::vector{0, 50, 100, 100}));  // column 2 is no neighbour: 2 is not below 3 - 1
-  EXPECT_EQ(dst.surface().view32().at(3, 0).alpha, 5);
+  const std::uint8_t reds[] = {0, 50, 100, 100};  // column 2 is no neighbour: 2 is not below 3 - 1
+  EXPECT_EQ(test::farthest(&dst.surface(), [&](int x, int) { return Pixel32{0, 0, reds[x], 5}; }), 0);
 }
 
 TEST(ClsDibPaint, BestFitKeepsProportionsAndNeverVanishes) {
   const auto fit = [](int width, int height, int maxW, int maxH, bool force) {
-    clsDIB dib;
-    EXPECT_TRUE(dib.CreateBlankDIB(width, height, 1, kWhite));
     std::array<int, 4> r{};
-    dib.GetBestFitPointAndSize(maxW, maxH, r[0], r[1], r[2], r[3], force);
+    plain(width, height, kWhite, 1).GetBestFitPointAndSize(maxW, maxH, r[0], r[1], r[2], r[3], force);
     return r;
   };
   EXPECT_EQ(fit(50, 20, 100, 100, false), (std::array{25, 40, 50, 20}));
@@ -166,9 +149,7 @@ TEST(ClsDibPaint, BestFitKeepsProportionsAndNeverVanishes) {
   EXPECT_EQ(fit(400, 300, 100, 100, false), (std::array{0, 12, 100, 75}));
   EXPECT_EQ(fit(300, 400, 100, 100, false), (std::array{12, 0, 75, 100}));
   EXPECT_EQ(fit(1000, 1, 100, 100, false), (std::array{0, 49, 100, 1}));
-  std::array<int, 4> r = {9, 9, 9, 9};
-  clsDIB().GetBestFitPointAndSize(100, 100, r[0], r[1], r[2], r[3], false);
-  EXPECT_EQ(r, (std::array{0, 0, 0, 0}));
+  EXPECT_EQ(fit(0, 0, 100, 100, false), (std::array{0, 0, 0, 0}));
 }
 
 }  // namespace

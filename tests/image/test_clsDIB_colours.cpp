@@ -8,24 +8,18 @@ using test::dibOf;
 
 // A row of the given colours.
 clsDIB rowOf(const std::vector<Colour>& colours) {
-  clsDIB dib;
-  dib.CreateBlankDIB(static_cast<int>(colours.size()), 1, 32, kBlack);
-  for (std::size_t x = 0; x < colours.size(); ++x) {
-    dib.surface().view32().at(static_cast<int>(x), 0) = Pixel32::plain(colours[x]);
-  }
-  return dib;
+  return dibOf(static_cast<int>(colours.size()), 1, [&](int x, int) { return Pixel32::plain(colours[x]); });
 }
 
 TEST(ClsDibColours, CountingIgnoresTheFourthByte) {
   clsDIB dib = dibOf({"#.#", "..."});
-  dib.surface().view32().at(1, 1).alpha = 200;
+  test::pixelAt(dib, 1, 0).alpha = 200;
   EXPECT_EQ(clsDIB::CountColorsDIB(dib), 2);
   EXPECT_EQ(clsDIB::IsMultiColorDIB(dib), clsDIB::kMultiColor);
   EXPECT_EQ(clsDIB::IsMultiColorDIB(dibOf({".", "."})), kWhite);
   EXPECT_EQ(clsDIB::CountColorsDIB(clsDIB()), 0);
 
-  clsDIB indexed;  // two entries of one colour are one colour
-  ASSERT_TRUE(indexed.CreateBlankDIB(3, 1, 8, kBlack));
+  clsDIB indexed = test::plainDib(3, 1, kBlack, 8);  // two entries of one colour are one colour
   indexed.surface().memoryRow(0)[2] = 9;
   EXPECT_EQ(clsDIB::CountColorsDIB(indexed), 1);
   indexed.surface().table()[9] = raster::TableEntry::of(kWhite);
@@ -33,15 +27,12 @@ TEST(ClsDibColours, CountingIgnoresTheFourthByte) {
 }
 
 TEST(ClsDibColours, TheCountEndsWhereTheTableOfPairsIsFull) {
-  // Pixel i has the blue-red pair i, so that each is a new pair; the last row repeats them with another green.
+  // Each pixel is a new blue-red pair until there are as many as asked for.
   const auto pairs = [](int count) {
-    clsDIB dib;
-    EXPECT_TRUE(dib.CreateBlankDIB(256, 256, 32, kBlack));
-    for (int i = 0; i < 65536; ++i) {
-      const int pair = std::min(i, count - 1);
-      dib.surface().view32().at(i % 256, i / 256) = Pixel32::plain(rgb(pair % 256, 0, pair / 256));
-    }
-    return clsDIB::CountColorsDIB(dib);
+    return clsDIB::CountColorsDIB(dibOf(256, 256, [&](int x, int y) {
+      const int pair = std::min(x + 256 * y, count - 1);
+      return Pixel32::plain(rgb(pair % 256, 0, pair / 256));
+    }));
   };
   EXPECT_EQ(pairs(32767), 32767);
   EXPECT_EQ(pairs(32768), 32767);
@@ -61,8 +52,8 @@ TEST(ClsDibColours, TheSmallestDepthThatHoldsThePicture) {
   clsDIB alpha = rowOf({kBlack});
   alpha.setDIBhasAlpha(true);
   EXPECT_EQ(clsDIB::BPPperActualDIB(alpha), 32);
-  std::vector<Colour> sixteen(clsDIB::sixteenColours().begin(), clsDIB::sixteenColours().end());
-  EXPECT_EQ(clsDIB::BPPperActualDIB(rowOf(sixteen)), 4);
+  const auto& sixteen = clsDIB::sixteenColours();
+  EXPECT_EQ(clsDIB::BPPperActualDIB(rowOf({sixteen.begin(), sixteen.end()})), 4);
 }
 
 TEST(ClsDibColours, ThePaintedAreaIsInMemoryRows) {
@@ -88,8 +79,7 @@ TEST(ClsDibColours, MasksSplitByTheTopLeftPixelOrAColour) {
   const test::Ink ink = {{'a', rgb(9, 8, 7)}, {'b', rgb(1, 2, 3)}};
   clsDIB two = dibOf({"ab", "bb"}, ink);
   clsDIB::Create_ImageMask_Pair(two, mask, -1);
-  EXPECT_EQ(two.surface().view32().at(0, 0).colour(), rgb(1, 2, 3));
-  EXPECT_EQ(two.surface().view32().at(0, 1).colour(), kBlack);
+  EXPECT_PICTURE(test::rowsOf(two, {{'b', rgb(1, 2, 3)}, {'#', kBlack}}), ({"#b", "bb"}));
 }
 
 }  // namespace

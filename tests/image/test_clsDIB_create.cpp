@@ -7,11 +7,12 @@ namespace ruvo {
 namespace {
 
 using test::dibOf;
+using test::pixelAt;
+using test::plainDib;
 
 TEST(ClsDibCreate, BlankSurfacesOfEachDepth) {
   for (const int bpp : {1, 4, 8, 24, 32}) {
-    clsDIB dib;
-    ASSERT_TRUE(dib.CreateBlankDIB(1, 1, bpp, rgb(10, 20, 30)));
+    clsDIB dib = plainDib(1, 1, rgb(10, 20, 30), bpp);
     EXPECT_EQ(dib.DIBbpp(), bpp);
     EXPECT_EQ(dib.BytesPerScanline(), 4);
     EXPECT_EQ(dib.DIBBackColor(), rgb(10, 20, 30));
@@ -21,7 +22,7 @@ TEST(ClsDibCreate, BlankSurfacesOfEachDepth) {
       EXPECT_EQ(dib.surface().table()[1].colour(), rgb(10, 20, 30));
     }
     if (bpp == 32) {
-      EXPECT_EQ(dib.surface().view32().at(0, 0).alpha, 0);
+      EXPECT_EQ(pixelAt(dib, 0, 0).alpha, 0);
     }
   }
 }
@@ -47,18 +48,15 @@ TEST(ClsDibCreate, Force32KeepsTheDescriptionOfTheDepthAskedFor) {
 }
 
 TEST(ClsDibCreate, TheBottomUpFlagMeansTopLineFirst) {
-  clsDIB usual, flagged;
-  ASSERT_TRUE(usual.CreateBlankDIB(1, 2, 32, kWhite, false));
-  ASSERT_TRUE(flagged.CreateBlankDIB(1, 2, 32, kWhite, true));
-  for (clsDIB* dib : {&usual, &flagged}) *reinterpret_cast<Pixel32*>(dib->surface().pictureRow(0)) = {};
+  clsDIB usual = plainDib(1, 2, kWhite), flagged = plainDib(1, 2, kWhite, 32, true);
+  for (clsDIB* dib : {&usual, &flagged}) pixelAt(*dib, 0, 0) = {};
   EXPECT_EQ(clsDIB::GetTopPixelColor(usual, true), kBlack);
   EXPECT_EQ(clsDIB::GetTopPixelColor(usual, false), kWhite);
   EXPECT_EQ(clsDIB::GetTopPixelColor(flagged, false), kBlack);
 }
 
 TEST(ClsDibCreate, ClonesHoldTableBitsAndAlpha) {
-  clsDIB indexed;
-  ASSERT_TRUE(indexed.CreateBlankDIB(3, 2, 4, rgb(1, 2, 3)));
+  clsDIB indexed = plainDib(3, 2, rgb(1, 2, 3), 4);
   indexed.surface().memoryRow(1)[0] = 0x10;
   clsDIB copy;
   ASSERT_TRUE(clsDIB::CloneDIB(indexed, copy, kWhite, false));
@@ -68,10 +66,10 @@ TEST(ClsDibCreate, ClonesHoldTableBitsAndAlpha) {
 
   clsDIB deep = dibOf({"#."});
   deep.setDIBhasAlpha(true);
-  deep.surface().view32().at(0, 0).alpha = 77;
+  pixelAt(deep, 0, 0).alpha = 77;
   ASSERT_TRUE(clsDIB::CloneDIB(deep, copy, kWhite, false));
   EXPECT_TRUE(copy.DIBhasAlpha());
-  EXPECT_EQ(copy.surface().view32().at(0, 0).alpha, 77);
+  EXPECT_EQ(pixelAt(copy, 0, 0).alpha, 77);
   EXPECT_FALSE(clsDIB::CloneDIB(clsDIB(), copy, kWhite, false));
   EXPECT_FALSE(copy.empty());
 }
@@ -89,7 +87,7 @@ TEST(ClsDibCreate, PicturesGiveTheirOwnDepthOrThirtyTwo) {
   EXPECT_EQ(clsDIB::PaletteIndex_In_DIB_XY(dib, 2, 0), 0);
   ASSERT_TRUE(dib.CreateDIBFromPic(picture, true));
   EXPECT_EQ(dib.DIBbpp(), 32);
-  EXPECT_EQ(dib.surface().view32().at(1, 0).colour(), rgb(9, 8, 7));
+  EXPECT_EQ(pixelAt(dib, 1, 0).colour(), rgb(9, 8, 7));
   EXPECT_FALSE(dib.CreateDIBFromPic({}, true));
   imaging::Picture metafile;
   metafile.kind = imaging::Picture::Kind::Metafile;
@@ -97,18 +95,16 @@ TEST(ClsDibCreate, PicturesGiveTheirOwnDepthOrThirtyTwo) {
 }
 
 TEST(ClsDibCreate, IconArraysAreInPictureOrder) {
-  clsDIB dib;
-  ASSERT_TRUE(dib.CreateBlankDIB(1, 2, 32, kBlack));
+  clsDIB dib = plainDib(1, 2, kBlack);
   const std::array<Colour, 2> colours = {rgb(1, 2, 3), rgb(4, 5, 6)};
   const std::array<std::uint8_t, 2> mask = {0, 1}, alpha = {200, 100};
   clsDIB::Post_Icon_Arrays_To_DIB(dib, colours, mask, alpha);
-  EXPECT_EQ(*reinterpret_cast<Pixel32*>(dib.surface().pictureRow(0)), (Pixel32{3, 2, 1, 200}));
-  EXPECT_EQ(*reinterpret_cast<Pixel32*>(dib.surface().pictureRow(1)), (Pixel32{255, 255, 255, 255}));
+  EXPECT_EQ(pixelAt(dib, 0, 0), (Pixel32{3, 2, 1, 200}));
+  EXPECT_EQ(pixelAt(dib, 0, 1), (Pixel32{255, 255, 255, 255}));
 }
 
 TEST(ClsDibCreate, TablesAsBytesTakeTheSmallerSize) {
-  clsDIB dib;
-  ASSERT_TRUE(dib.CreateBlankDIB(1, 1, 4, kWhite));
+  clsDIB dib = plainDib(1, 1, kWhite, 4);
   dib.SetPaletteToDIB8BPP(std::array<std::uint8_t, 9>{1, 2, 3, 99, 4, 5, 6, 99, 7});
   EXPECT_EQ(dib.surface().table()[0], (raster::TableEntry{1, 2, 3, 0}));
   EXPECT_EQ(dib.surface().table()[1], (raster::TableEntry{4, 5, 6, 0}));

@@ -45,7 +45,7 @@ TEST(ClsDibFile, AlphaDecidesBetween24And32Bits) {
   const test::TempFolder folder;
   const auto path = folder / "a.bmp";
   clsDIB dib = dibOf({"#.", ".."});
-  dib.surface().view32().at(1, 1).alpha = 9;
+  test::pixelAt(dib, 1, 0).alpha = 9;
   clsDIB back;
   ASSERT_TRUE(dib.Save_DIB_To_File(path, dib));
   ASSERT_TRUE(back.CreateDIBFromFile(path));
@@ -57,7 +57,7 @@ TEST(ClsDibFile, AlphaDecidesBetween24And32Bits) {
   ASSERT_TRUE(back.CreateDIBFromFile(path, true));  // with alpha it is not turned
   EXPECT_EQ(back.DIBbpp(), 32);
   EXPECT_TRUE(back.DIBhasAlpha());
-  EXPECT_EQ(back.surface().view32().at(1, 1), (Pixel32{255, 255, 255, 9}));
+  EXPECT_EQ(test::pixelAt(back, 1, 0), (Pixel32{255, 255, 255, 9}));
   EXPECT_PICTURE(rowsOf(back), ({"#.", ".."}));
 }
 
@@ -67,18 +67,14 @@ TEST(ClsDibFile, EveryDepthAndRowOrderReadsBackAsShown) {
   const clsDIB drawn = dibOf({"#....", ".#..#", "...##"});
   for (const int bpp : {1, 4, 8, 24, 32}) {
     for (const bool flag : {false, true}) {
-      clsDIB dib;
-      ASSERT_TRUE(dib.CreateBlankDIB(5, 3, bpp, kWhite, flag));
+      clsDIB dib = test::plainDib(5, 3, kWhite, bpp, flag);
       clsDIB::PaintFromDIBtoDIB(drawn, dib);
       ASSERT_TRUE(dib.Save_DIB_To_File(path, dib));
-      clsDIB read, shown;
+      clsDIB read;
       ASSERT_TRUE(read.CreateDIBFromFile(path));
-      ASSERT_TRUE(shown.CreateBlankDIB(5, 3, 32, kWhite));
-      clsDIB::PaintFromDIBtoDIB(read, shown);
-      EXPECT_PICTURE(rowsOf(shown), ({"#....", ".#..#", "...##"})) << bpp << ' ' << flag;
+      EXPECT_PICTURE(rowsOf(read), ({"#....", ".#..#", "...##"})) << bpp << ' ' << flag;
       ASSERT_TRUE(read.CreateDIBFromFile(path, true));
-      clsDIB::PaintFromDIBtoDIB(read, shown);
-      EXPECT_PICTURE(rowsOf(shown), ({"...##", ".#..#", "#...."}));
+      EXPECT_PICTURE(rowsOf(read), ({"...##", ".#..#", "#...."}));
     }
   }
 }
@@ -94,33 +90,27 @@ TEST(ClsDibFile, PalettedFilesHoldTheRowsAndCountEveryByte) {
     ASSERT_TRUE(clsDIB::Save_DIB_To_File_Paletted(path, dib, pal, dither, bpp));
     const auto bytes = bytesOf(path);
     EXPECT_EQ(ByteReader(std::span(bytes).subspan(2)).u32(), bytes.size());
-    clsDIB read, shown;
+    clsDIB read;
     ASSERT_TRUE(read.CreateDIBFromFile(path));
     EXPECT_EQ(read.DIBbpp(), bpp);
-    ASSERT_TRUE(shown.CreateBlankDIB(5, 3, 32, kBlack));
-    clsDIB::PaintFromDIBtoDIB(read, shown);
-    EXPECT_PICTURE(rowsOf(shown), ({"#....", ".#..#", "...##"}));
+    EXPECT_PICTURE(rowsOf(read), ({"#....", ".#..#", "...##"}));
     // Rows of another picture are refused before the file is touched.
     EXPECT_FALSE(clsDIB::Save_DIB_To_File_Paletted(path, dibOf({"#"}), pal, dither, bpp));
     EXPECT_EQ(bytesOf(path), bytes);
   }
 }
 
-TEST(ClsDibFile, AFailedWriteSaysWhyAndKeepsTheOldFile) {
-  const test::TempFolder folder;
-  const clsDIB dib = dibOf({"#"});
-  std::string reason;
-  EXPECT_FALSE(dib.Save_DIB_To_File(folder.path() / "none" / "a.bmp", dib, &reason));
-  EXPECT_THAT(reason, testing::StartsWith("create: "));
-  ASSERT_TRUE(replaceFile(folder / "a.bmp", std::array<std::uint8_t, 1>{7}));
-  EXPECT_FALSE(dib.Save_DIB_To_File(folder / "a.bmp", clsDIB(), &reason));
-  EXPECT_EQ(bytesOf(folder / "a.bmp"), std::vector<std::uint8_t>{7});
-}
-
-TEST(ClsDibFile, ATruncatedFileIsRefused) {
+TEST(ClsDibFile, FailuresSayWhyAndKeepTheOldFile) {
   const test::TempFolder folder;
   const auto path = folder / "a.bmp";
   const clsDIB dib = dibOf({"#.", ".#", "##"});
+  std::string reason;
+  EXPECT_FALSE(dib.Save_DIB_To_File(folder.path() / "none" / "a.bmp", dib, &reason));
+  EXPECT_THAT(reason, testing::StartsWith("create: "));
+  ASSERT_TRUE(replaceFile(path, std::array<std::uint8_t, 1>{7}));
+  EXPECT_FALSE(dib.Save_DIB_To_File(path, clsDIB(), &reason));
+  EXPECT_EQ(bytesOf(path), std::vector<std::uint8_t>{7});
+
   ASSERT_TRUE(dib.Save_DIB_To_File(path, dib));
   std::filesystem::resize_file(path, 54 + 8 + 3);
   clsDIB read = dibOf({"."});
@@ -152,9 +142,7 @@ TEST(ClsDibFile, ThePictureLoaderGoesByTheExtension) {
 
 TEST(ClsDibFile, EightBitsKeepFewColoursExactly) {
   const test::TempFolder folder;
-  clsDIB greys, eight;
-  ASSERT_TRUE(greys.CreateBlankDIB(256, 1, 32, kBlack));
-  for (int x = 0; x < 256; ++x) greys.surface().view32().at(x, 0) = Pixel32::plain(rgb(x, x, x));
+  clsDIB greys = dibOf(256, 1, [](int x, int) { return Pixel32::plain(rgb(x, x, x)); }), eight;
   clsPal pal;
   clsPalDither dither;
   ASSERT_TRUE(clsDIB::ConvertDIB_To_DIB8BPP(greys, eight, pal, dither, folder.path()));
@@ -162,15 +150,14 @@ TEST(ClsDibFile, EightBitsKeepFewColoursExactly) {
   EXPECT_EQ(clsDIB::CountColorsDIB(eight), 256);
   EXPECT_EQ(pal.MaxCount(), 256);
 
-  clsDIB many;
-  ASSERT_TRUE(many.CreateBlankDIB(40, 40, 32, kBlack));
-  for (int i = 0; i < 1600; ++i)
-    many.surface().view32().at(i % 40, i / 40) = Pixel32::plain(rgb(i / 7, i % 251, i % 13 * 19));
+  clsDIB many = dibOf(40, 40, [](int x, int y) {
+    const int i = x + 40 * y;
+    return Pixel32::plain(rgb(i / 7, i % 251, i % 13 * 19));
+  });
   ASSERT_TRUE(clsDIB::ConvertDIB_To_DIB8BPP(many, eight, pal, dither, folder.path()));
   EXPECT_LE(clsDIB::CountColorsDIB(eight), 256);
   // The source shows what was written, pixel by pixel.
-  clsDIB shown;
-  ASSERT_TRUE(shown.CreateBlankDIB(40, 40, 32, kBlack));
+  clsDIB shown = test::plainDib(40, 40, kBlack);
   clsDIB::PaintFromDIBtoDIB(eight, shown);
   EXPECT_TRUE(std::ranges::equal(shown.surface().bytes(), many.surface().bytes()));
   EXPECT_EQ(folder.names(), std::vector<std::string>{});

@@ -13,14 +13,9 @@ Colour entryOf(const clsPal& pal, int i) {
 }
 
 clsDIB gradient(int width, int height) {
-  clsDIB dib;
-  dib.CreateBlankDIB(width, height, 32, kBlack);
-  for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) {
-      dib.surface().view32().at(x, y) = Pixel32::plain(rgb(x * 255 / width, y * 255 / height, (x * y) & 255));
-    }
-  }
-  return dib;
+  return test::dibOf(width, height, [=](int x, int y) {
+    return Pixel32::plain(rgb(x * 255 / width, y * 255 / height, (x * y) & 255));
+  });
 }
 
 TEST(ClsPal, BlankPalettesKeepTheCountWithinBounds) {
@@ -86,8 +81,14 @@ TEST(ClsPal, NearestGoesByTheColoursOfTheLastCreation) {
 TEST(ClsPal, ExactTablesKeepTheOrderOfMemoryRows) {
   const test::Ink ink = {{'a', rgb(1, 0, 0)}, {'b', rgb(2, 0, 0)}, {'c', rgb(3, 0, 0)}};
   clsPal pal;
+  std::vector<int> told;
+  int ends = 0;
+  pal.cPAL_Progress = [&](int percent) { told.push_back(percent); };
+  pal.cPAL_ProgressEnd = [&] { ++ends; };
   ASSERT_TRUE(pal.CreatePalette256(test::dibOf({"ab", "ca"}, ink)));
   EXPECT_EQ(pal.MaxCount(), 3);
+  EXPECT_EQ(told, (std::vector{0, 100}));
+  EXPECT_EQ(ends, 2);
   EXPECT_EQ(entryOf(pal, 0), rgb(3, 0, 0));
   EXPECT_EQ(entryOf(pal, 1), rgb(1, 0, 0));
   EXPECT_EQ(entryOf(pal, 2), rgb(2, 0, 0));

@@ -28,7 +28,8 @@ class TempFolder {
   // The names of all entries, sorted.
   std::vector<std::string> names() const {
     std::vector<std::string> all;
-    for (const auto& entry : std::filesystem::directory_iterator(path_)) all.push_back(entry.path().filename().string());
+    for (const auto& entry : std::filesystem::directory_iterator(path_))
+      all.push_back(entry.path().filename().string());
     std::sort(all.begin(), all.end());
     return all;
   }

@@ -1,8 +1,8 @@
 #include "canvas/engine/canvas_core.h"
 
-#include <cctype>
 #include <string>
 
+#include "base/letter_case.h"
 #include "canvas/engine/brush_mix.h"
 #include "canvas/tools/tool_table.h"
 #include "platform/raster/blit.h"
@@ -297,12 +297,7 @@ bool CanvasCore::dropAllowed(std::string_view fileName) const {
   constexpr std::size_t kShortestName = 5;
   const std::size_t dot = fileName.find_last_of('.');
   if (fileName.size() < kShortestName || dot == std::string_view::npos || dot + 1 == fileName.size()) return false;
-  const auto upper = [](std::string_view text) {
-    std::string result(text);
-    for (char& c : result) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    return result;
-  };
-  return upper(settings.FileExtAllowed).find(upper(fileName.substr(dot + 1))) != std::string::npos;
+  return upperCase(settings.FileExtAllowed).find(upperCase(fileName.substr(dot + 1))) != std::string::npos;
 }
 
 }  // namespace ruvo
