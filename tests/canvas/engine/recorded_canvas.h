@@ -17,7 +17,9 @@ struct RecordedCanvas : CanvasEvents, CanvasWindow {
   int waits = 0;
 
   // Bars are 10 thick.
-  explicit RecordedCanvas(Size client) { core.setClient(client, {10, 10}); }
+  explicit RecordedCanvas(Size client = {100, 100}) { core.setClient(client, {10, 10}); }
+  // With a white picture in editor mode.
+  RecordedCanvas(int width, int height) : RecordedCanvas() { showBlank(width, height); }
 
   void show(clsDIB&& dib) {
     core.bitmaps.DIB = std::move(dib);
@@ -26,10 +28,8 @@ struct RecordedCanvas : CanvasEvents, CanvasWindow {
   }
   // A white picture in editor mode.
   void showBlank(int width, int height) {
-    clsDIB dib;
-    dib.CreateBlankDIB(width, height, 32, kWhite);
     core.setCanvasScreenMode(1);
-    show(std::move(dib));
+    show(plainDib(width, height, kWhite));
   }
   void clear() {
     events.clear();

@@ -9,7 +9,7 @@ using test::RecordedCanvas;
 constexpr auto kRight = MouseButton::Right;
 
 TEST(CanvasCore, ABlankCanvasIgnoresTheMouse) {
-  RecordedCanvas canvas({100, 100});
+  RecordedCanvas canvas;
   canvas.core.CanvasResize();
   for (int op = 0; op <= kScrollOp; ++op) {
     canvas.core.setCanvasOp(op);
@@ -24,8 +24,7 @@ TEST(CanvasCore, ABlankCanvasIgnoresTheMouse) {
 }
 
 TEST(CanvasCore, WritingTheSameToolDoesNothingButForEighteen) {
-  RecordedCanvas canvas({100, 100});
-  canvas.showBlank(20, 20);
+  RecordedCanvas canvas(20, 20);
   canvas.core.setCanvasOp(0);
   EXPECT_EQ(canvas.cursor, CursorWord::Paint);
   canvas.clear();
@@ -40,8 +39,7 @@ TEST(CanvasCore, WritingTheSameToolDoesNothingButForEighteen) {
 }
 
 TEST(CanvasCore, RightPressesReachOnlySomeTools) {
-  RecordedCanvas canvas({100, 100});
-  canvas.showBlank(20, 20);
+  RecordedCanvas canvas(20, 20);
   for (int op = 0; op < kScrollOp; ++op) {
     canvas.core.setCanvasOp(op);
     canvas.clear();
@@ -56,8 +54,7 @@ TEST(CanvasCore, RightPressesReachOnlySomeTools) {
 }
 
 TEST(CanvasCore, OnlyTheButtonWhosePressWasTakenEndsAStroke) {
-  RecordedCanvas canvas({100, 100});
-  canvas.showBlank(20, 20);
+  RecordedCanvas canvas(20, 20);
   canvas.core.setCanvasOp(14);
   canvas.press({5, 5});
   EXPECT_TRUE(canvas.core.held());
@@ -70,8 +67,7 @@ TEST(CanvasCore, OnlyTheButtonWhosePressWasTakenEndsAStroke) {
 }
 
 TEST(CanvasCore, ClicksOnTheBackgroundAndLeavingThePicture) {
-  RecordedCanvas canvas({100, 100});
-  canvas.showBlank(20, 20);
+  RecordedCanvas canvas(20, 20);
   canvas.click({-10, -10});
   EXPECT_EQ(canvas.taken(), Events{});
   canvas.core.settings.ToNotifyCanvasMouseClick = true;
@@ -85,8 +81,7 @@ TEST(CanvasCore, ClicksOnTheBackgroundAndLeavingThePicture) {
 }
 
 TEST(CanvasCore, ScrollValuesAreClampedAndTold) {
-  RecordedCanvas canvas({100, 100});
-  canvas.showBlank(300, 40);
+  RecordedCanvas canvas(300, 40);
   canvas.core.SetScrollValues(1000, 1000, true, true);
   EXPECT_EQ(canvas.core.view().ScrollX, 300 - 96);
   EXPECT_EQ(canvas.core.view().ScrollY, 0);
@@ -96,8 +91,7 @@ TEST(CanvasCore, ScrollValuesAreClampedAndTold) {
 }
 
 TEST(CanvasCore, CleansingGoesBackToBlank) {
-  RecordedCanvas canvas({100, 100});
-  canvas.showBlank(300, 300);
+  RecordedCanvas canvas(300, 300);
   canvas.core.setCanvasOp(0);
   canvas.core.settings.Magnify = 4;
   canvas.core.CanvasResize();
@@ -114,8 +108,7 @@ TEST(CanvasCore, CleansingGoesBackToBlank) {
 }
 
 TEST(CanvasCore, TheHandDragsThePictureAndStopsAtItsEnds) {
-  RecordedCanvas canvas({100, 100});
-  canvas.showBlank(150, 300);
+  RecordedCanvas canvas(150, 300);
   canvas.move({50, 50});
   EXPECT_EQ(canvas.cursor, CursorWord::HandOff);
   canvas.move({0, 50});
@@ -139,8 +132,7 @@ TEST(CanvasCore, TheHandDragsThePictureAndStopsAtItsEnds) {
 }
 
 TEST(CanvasCore, RightClicksInScrollModeTellThePoint) {
-  RecordedCanvas canvas({100, 100});
-  canvas.showBlank(20, 20);
+  RecordedCanvas canvas(20, 20);
   canvas.click({4, 3}, kRight);
   EXPECT_EQ(canvas.taken(), (Events{"DispMeasureClear", "DispPointOfClick 4 3 16777215"}));
   canvas.core.settings.ToReportRightClickDataInScrollMode = true;
@@ -149,7 +141,7 @@ TEST(CanvasCore, RightClicksInScrollModeTellThePoint) {
 }
 
 TEST(CanvasCore, CrossHairFollowsTheFreePointerAndIsWiped) {
-  RecordedCanvas canvas({100, 100});
+  RecordedCanvas canvas;
   canvas.show(test::dibOf({"...", "...", "..."}));
   canvas.core.settings.TurnOnXYlines = true;
   const auto shown = [&] {
@@ -174,7 +166,7 @@ TEST(CanvasCore, CrossHairFollowsTheFreePointerAndIsWiped) {
 }
 
 TEST(CanvasCore, PixelReadoutOfFillAndReplace) {
-  RecordedCanvas canvas({100, 100});
+  RecordedCanvas canvas;
   canvas.show(test::dibOf({".#"}, {{'.', kWhite}, {'#', rgb(1, 2, 3)}}));
   canvas.core.setToShowPixelRGB(true);
   canvas.core.setCanvasOp(0);
@@ -188,7 +180,7 @@ TEST(CanvasCore, PixelReadoutOfFillAndReplace) {
 }
 
 TEST(CanvasCore, DroppedNamesNeedAnAllowedExtension) {
-  RecordedCanvas canvas({100, 100});
+  RecordedCanvas canvas;
   canvas.core.settings.FileExtAllowed = "bmp/jpg/jpeg";
   for (const char* name : {"a.BMP", "photo.jpeg", "two.dots.jpg"}) EXPECT_TRUE(canvas.core.dropAllowed(name)) << name;
   for (const char* name : {".bmp", "bmp", "a.txt", "noext", "name.", ""})
@@ -196,7 +188,7 @@ TEST(CanvasCore, DroppedNamesNeedAnAllowedExtension) {
 }
 
 TEST(CanvasCore, FittingKeepsSmallPicturesUnlessAskedOtherwise) {
-  RecordedCanvas canvas({102, 102});
+  RecordedCanvas canvas(Size{102, 102});
   canvas.show(test::dibOf({"....", "...."}));
   canvas.core.settings.FitInView = true;
   canvas.core.CanvasResize();
@@ -210,8 +202,7 @@ TEST(CanvasCore, FittingKeepsSmallPicturesUnlessAskedOtherwise) {
 // --- Edge dragging
 
 TEST(CanvasEdges, HandlesShowOnlyWhereADragMakesSense) {
-  RecordedCanvas canvas({100, 100});
-  canvas.showBlank(5, 5);
+  RecordedCanvas canvas(5, 5);
   EXPECT_FALSE(canvas.core.edgeHandlesShown());
   canvas.showBlank(6, 5);
   EXPECT_TRUE(canvas.core.edgeHandlesShown());
@@ -242,9 +233,8 @@ TEST(CanvasEdges, TheOppositeEdgeStaysWhereItIs) {
   for (const EdgeCase& c :
        {EdgeCase{CanvasEdge::Right, {5, 9}, {25, 20}, {0, 0}}, EdgeCase{CanvasEdge::Bottom, {9, -3}, {20, 17}, {0, 0}},
         EdgeCase{CanvasEdge::Left, {-5, 0}, {25, 20}, {5, 0}}, EdgeCase{CanvasEdge::Top, {0, -4}, {20, 24}, {0, 4}}}) {
-    RecordedCanvas canvas({100, 100});
-    canvas.showBlank(20, 20);
-    reinterpret_cast<Pixel32*>(canvas.core.bitmaps.DIB.surface().pictureRow(0))[0] = Pixel32::plain(kBlack);
+    RecordedCanvas canvas(20, 20);
+    test::pixelAt(canvas.core.bitmaps.DIB, 0, 0) = Pixel32::plain(kBlack);
     canvas.core.edgePress(c.edge, {50, 50});
     canvas.core.edgeMove({50 + c.travel.x, 50 + c.travel.y});
     canvas.core.edgeRelease();
@@ -259,8 +249,7 @@ TEST(CanvasEdges, TheOppositeEdgeStaysWhereItIs) {
 }
 
 TEST(CanvasEdges, TooSmallAnExtentIsRefusedAtEachStep) {
-  RecordedCanvas canvas({100, 100});
-  canvas.showBlank(20, 20);
+  RecordedCanvas canvas(20, 20);
   canvas.core.edgePress(CanvasEdge::Right, {50, 50});
   canvas.core.edgeMove({46, 50});
   canvas.core.edgeMove({45, 50});
@@ -274,16 +263,15 @@ TEST(CanvasEdges, TooSmallAnExtentIsRefusedAtEachStep) {
 }
 
 TEST(CanvasEdges, NewGroundOfATransparentPictureIsOpaqueWhite) {
-  RecordedCanvas canvas({100, 100});
-  canvas.showBlank(20, 20);
+  RecordedCanvas canvas(20, 20);
   canvas.core.bitmaps.DIB.setDIBhasAlpha(true);
   canvas.core.edgePress(CanvasEdge::Bottom, {50, 50});
   canvas.core.edgeMove({50, 51});
   canvas.core.edgeRelease();
-  const raster::Surface& surface = canvas.core.bitmaps.DIB.surface();
-  EXPECT_TRUE(canvas.core.bitmaps.DIB.DIBhasAlpha());
-  EXPECT_EQ(reinterpret_cast<const Pixel32*>(surface.pictureRow(20))[0], Pixel32::opaque(kWhite));
-  EXPECT_EQ(reinterpret_cast<const Pixel32*>(surface.pictureRow(19))[0], Pixel32::plain(kWhite));
+  const clsDIB& dib = canvas.core.bitmaps.DIB;
+  EXPECT_TRUE(dib.DIBhasAlpha());
+  EXPECT_EQ(test::pixelAt(dib, 0, 20), Pixel32::opaque(kWhite));
+  EXPECT_EQ(test::pixelAt(dib, 0, 19), Pixel32::plain(kWhite));
 }
 
 }  // namespace

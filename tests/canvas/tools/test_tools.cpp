@@ -11,8 +11,7 @@ const Events kStroke = {"DispMeasureClear", "NotifyToPrepareUndo"};
 
 // A white picture with a tool that draws in black with one pixel.
 struct Drawing : RecordedCanvas {
-  Drawing(int op, int side = 5) : RecordedCanvas({100, 100}) {
-    showBlank(side, side);
+  explicit Drawing(int op, int side = 5) : RecordedCanvas(side, side) {
     core.settings.ColorToUse = kBlack;
     core.settings.BrushSize = 1;
     core.setCanvasOp(op);

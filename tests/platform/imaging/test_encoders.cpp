@@ -4,10 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <set>
 
 #include "platform/imaging/codecs.h"
 #include "support/file_size_limit.h"
+#include "support/pictures.h"
 #include "support/temp_folder.h"
 
 namespace ruvo::imaging {
@@ -15,15 +15,6 @@ namespace {
 
 using raster::Surface;
 
-Surface madeOf(int width, int height, const std::function<Pixel32(int, int)>& pixel,
-               raster::RowOrder order = raster::RowOrder::BottomUp) {
-  Surface surface;
-  surface.create(width, height, 32, order);
-  for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) reinterpret_cast<Pixel32*>(surface.pictureRow(y))[x] = pixel(x, y);
-  }
-  return surface;
-}
 Pixel32 rampPixel(int x, int y) {
   return {static_cast<std::uint8_t>(5 * x), static_cast<std::uint8_t>(9 * y), static_cast<std::uint8_t>(200 - x),
           static_cast<std::uint8_t>(7 * x + 3)};
@@ -36,21 +27,7 @@ class Encoders : public testing::Test {
     std::array<std::uint8_t, 8> first{};
     return readAny(file, kindOf(std::span(first).first(file.readAt(0, first))));
   }
-  // Largest difference of what was written from the pixels wanted.
-  int farthest(const std::function<Pixel32(int, int)>& wanted) {
-    const LoadResult result = back();
-    if (!result) return 999;
-    int most = 0;
-    for (int y = 0; y < result.height; ++y) {
-      for (int x = 0; x < result.width; ++x) {
-        const Pixel32 got = reinterpret_cast<const Pixel32*>(result.picture.bitmap->pictureRow(y))[x],
-                      want = wanted(x, y);
-        for (const int d : {got.blue - want.blue, got.green - want.green, got.red - want.red, got.alpha - want.alpha})
-          most = std::max(most, std::abs(d));
-      }
-    }
-    return most;
-  }
+  int farthest(const test::PixelOf& wanted) { return test::farthest(back().picture.bitmap.get(), wanted); }
   static Pixel32 noAlpha(Pixel32 p) { return {p.blue, p.green, p.red, 0}; }
 
   test::TempFolder folder_;
@@ -59,7 +36,7 @@ class Encoders : public testing::Test {
 
 TEST_F(Encoders, PngAndTiffKeepEveryPixelAndAlphaOnlyWhenAsked) {
   for (const auto order : {raster::RowOrder::BottomUp, raster::RowOrder::TopDown}) {
-    const Surface surface = madeOf(33, 21, rampPixel, order);
+    const Surface surface = test::surfaceOf(33, 21, rampPixel, order);
     for (const bool alpha : {false, true}) {
       const auto wanted = [&](int x, int y) { return alpha ? rampPixel(x, y) : noAlpha(rampPixel(x, y)); };
       ASSERT_TRUE(savePng(surface, path_, alpha));
@@ -108,7 +85,7 @@ TEST_F(Encoders, SurfacesOfEveryDepthAreTaken) {
 
 TEST_F(Encoders, JpegQualityIsTakenAsItIsAndChromaIsHalved) {
   const auto smooth = [](int x, int y) { return Pixel32::plain(rgb(3 * x, 3 * y, 200 - x)); };
-  const Surface surface = madeOf(64, 64, smooth);
+  const Surface surface = test::surfaceOf(64, 64, smooth);
   std::uintmax_t last = 0;
   for (const int quality : {10, 55, 65, 95, 100}) {
     ASSERT_TRUE(saveJpeg(surface, path_, quality));
@@ -126,27 +103,28 @@ TEST_F(Encoders, JpegQualityIsTakenAsItIsAndChromaIsHalved) {
 
 TEST_F(Encoders, TiffTablesAreExactWhenTheyCanBeAndDitheredElse) {
   const auto blackOrWhite = [](int x, int y) { return Pixel32::plain((x ^ y) & 1 ? kWhite : kBlack); };
-  ASSERT_TRUE(saveTiff(madeOf(9, 4, blackOrWhite), path_, 1, false));
+  ASSERT_TRUE(saveTiff(test::surfaceOf(9, 4, blackOrWhite), path_, 1, false));
   EXPECT_EQ(back().fileDepth, 1);
   EXPECT_EQ(farthest(blackOrWhite), 0);
   const auto sixteen = [](int x, int y) { return Pixel32::plain(rgb(17 * (x & 3), 90 * (y & 3), 5)); };
-  ASSERT_TRUE(saveTiff(madeOf(8, 8, sixteen), path_, 4, false));
+  ASSERT_TRUE(saveTiff(test::surfaceOf(8, 8, sixteen), path_, 4, false));
   EXPECT_EQ(back().fileDepth, 4);
   EXPECT_EQ(farthest(sixteen), 0);
   // A flat grey at depth 1 keeps its brightness on the average.
-  ASSERT_TRUE(saveTiff(madeOf(64, 64, [](int, int) { return Pixel32::plain(rgb(64, 64, 64)); }), path_, 1, false));
+  ASSERT_TRUE(
+      saveTiff(test::surfaceOf(64, 64, [](int, int) { return Pixel32::plain(rgb(64, 64, 64)); }), path_, 1, false));
   const LoadResult dithered = back();
   std::int64_t sum = 0;
   for (const std::uint8_t byte : dithered.picture.bitmap->bytes()) sum += byte;
   EXPECT_NEAR(static_cast<double>(sum) / (64 * 64 * 3), 64, 3);
   // 8 bits with more colours than fit: every pixel stays within a step of the fixed table.
   const auto many = [](int x, int y) { return Pixel32::plain(rgb(4 * x, 4 * y, 2 * (x + y))); };
-  ASSERT_TRUE(saveTiff(madeOf(60, 60, many), path_, 8, false));
+  ASSERT_TRUE(saveTiff(test::surfaceOf(60, 60, many), path_, 8, false));
   EXPECT_LE(farthest(many), 90);
 }
 
 TEST_F(Encoders, FailureLeavesTheOldFile) {
-  const Surface surface = madeOf(200, 200, [](int x, int y) { return rampPixel(x * y * 7, x ^ y * 31); });
+  const Surface surface = test::surfaceOf(200, 200, [](int x, int y) { return rampPixel(x * y * 7, x ^ y * 31); });
   Surface grey;
   grey.create(200, 200, 8);
   const auto save = [&](int format, const Surface& from, const std::filesystem::path& path) {

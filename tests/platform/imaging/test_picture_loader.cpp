@@ -9,6 +9,7 @@
 #include "platform/imaging/codecs.h"
 #include "platform/imaging/imaging_service.h"
 #include "platform/imaging/sample_files.h"
+#include "support/bmp_bytes.h"
 #include "support/temp_folder.h"
 
 namespace ruvo::imaging {
@@ -17,15 +18,7 @@ namespace {
 using test::Bytes;
 
 Bytes bmpOneRedPixel() {
-  Bytes bytes(58);
-  bytes[0] = 'B';
-  bytes[1] = 'M';
-  bytes[10] = 54;
-  bytes[14] = 40;
-  bytes[18] = bytes[22] = bytes[26] = 1;
-  bytes[28] = 24;
-  bytes[56] = 255;
-  return bytes;
+  return test::BmpFile{.width = 1, .height = 1, .data = {0, 0, 255, 0}}.bytes();
 }
 
 int ramp(int x, int y, int channel) {

@@ -4,32 +4,33 @@
 
 #include <cmath>
 
+#include "support/pictures.h"
+
 namespace ruvo::imaging {
 namespace {
 
 using raster::Surface;
+using test::pixelAt;
+using test::surfaceOf;
 
 Surface blank(int width, int height, int depth = 32) {
   Surface surface;
   surface.create(width, height, depth);
   return surface;
 }
-Pixel32& at(Surface& surface, int x, int y) {
-  return reinterpret_cast<Pixel32*>(surface.pictureRow(y))[x];
-}
 
 TEST(Resample, NearestTakesTheSourcePixelUnderTheCentre) {
   for (const auto& [from, to] : {std::pair{5, 3}, {3, 7}, {10, 10}, {1, 4}, {9, 1}}) {
     Surface source = blank(from, 1), target = blank(to, 1), packed = blank(from, 1, 4), packedTarget = blank(to, 1, 4);
     for (int x = 0; x < from; ++x) {
-      at(source, x, 0) = {static_cast<std::uint8_t>(x), 0, 0, 77};
+      pixelAt(source, x, 0) = {static_cast<std::uint8_t>(x), 0, 0, 77};
       packed.pictureRow(0)[x / 2] |= static_cast<std::uint8_t>(x % 2 ? x : x << 4);
     }
     resampleNearest(source, target);
     resampleNearest(packed, packedTarget);
     for (int i = 0; i < to; ++i) {
       const int wanted = static_cast<int>(std::floor((i + 0.5) * from / to));
-      EXPECT_EQ(at(target, i, 0), (Pixel32{static_cast<std::uint8_t>(wanted), 0, 0, 77}))
+      EXPECT_EQ(pixelAt(target, i, 0), (Pixel32{static_cast<std::uint8_t>(wanted), 0, 0, 77}))
           << from << ' ' << to << ' ' << i;
       EXPECT_EQ(packedTarget.pictureRow(0)[i / 2] >> (i % 2 ? 0 : 4) & 15, wanted);
     }
@@ -38,61 +39,51 @@ TEST(Resample, NearestTakesTheSourcePixelUnderTheCentre) {
 
 TEST(Resample, BicubicKeepsFlatColoursSizesAndStraightRamps) {
   for (const auto& [width, height] : {std::pair{1, 1}, {3, 50}, {200, 7}, {37, 23}}) {
-    Surface source = blank(37, 23), target = blank(width, height);
-    for (int y = 0; y < 23; ++y) {
-      for (int x = 0; x < 37; ++x) at(source, x, y) = {10, 250, 255, 9};
-    }
-    resampleBicubic(source, target, false);
-    for (const Pixel32& p : {at(target, 0, 0), at(target, width - 1, height - 1), at(target, width / 2, height / 2)}) {
-      EXPECT_EQ(p, (Pixel32{10, 250, 255, 0}));  // corners too: edges do not fade
-    }
+    Surface target = blank(width, height);
+    resampleBicubic(surfaceOf(37, 23, [](int, int) { return Pixel32{10, 250, 255, 9}; }), target, false);
+    // Corners too: edges do not fade.
+    EXPECT_EQ(test::farthest(&target, [](int, int) { return Pixel32{10, 250, 255, 0}; }), 0);
   }
   Surface ramp = blank(40, 1), same = blank(40, 1), twice = blank(80, 1), half = blank(20, 1);
-  for (int x = 0; x < 40; ++x) at(ramp, x, 0).green = static_cast<std::uint8_t>(6 * x);
+  for (int x = 0; x < 40; ++x) pixelAt(ramp, x, 0).green = static_cast<std::uint8_t>(6 * x);
   resampleBicubic(ramp, same, false);
   EXPECT_TRUE(std::equal(ramp.bits(), ramp.bits() + ramp.byteCount(), same.bits()));
   resampleBicubic(ramp, twice, false);
   resampleBicubic(ramp, half, false);
-  for (int x = 8; x < 72; ++x) EXPECT_NEAR(at(twice, x, 0).green, 6 * ((x + 0.5) / 2 - 0.5), 0.51);
-  for (int x = 4; x < 16; ++x) EXPECT_NEAR(at(half, x, 0).green, 6 * ((x + 0.5) * 2 - 0.5), 0.51);
+  for (int x = 8; x < 72; ++x) EXPECT_NEAR(pixelAt(twice, x, 0).green, 6 * ((x + 0.5) / 2 - 0.5), 0.51);
+  for (int x = 4; x < 16; ++x) EXPECT_NEAR(pixelAt(half, x, 0).green, 6 * ((x + 0.5) * 2 - 0.5), 0.51);
 }
 
 TEST(Resample, BicubicHasTheCubicsWeights) {
   Surface step = blank(16, 1), target = blank(32, 1);
-  for (int x = 0; x < 16; ++x) at(step, x, 0).red = x < 8 ? 40 : 200;
+  for (int x = 0; x < 16; ++x) pixelAt(step, x, 0).red = x < 8 ? 40 : 200;
   resampleBicubic(step, target, false);
   // Keys' cubic at distances 1.25, 0.25, 0.75 and 1.75: the centre of target pixel 15 lies a quarter right of pixel 7.
   const double w[] = {-0.0703125, 0.8671875, 0.2265625, -0.0234375};
-  EXPECT_NEAR(at(target, 15, 0).red, 40 * (w[0] + w[1]) + 200 * (w[2] + w[3]), 0.51);
+  EXPECT_NEAR(pixelAt(target, 15, 0).red, 40 * (w[0] + w[1]) + 200 * (w[2] + w[3]), 0.51);
   // On both sides of the step the curve overshoots.
-  EXPECT_NEAR(at(target, 14, 0).red, 40 + 160 * w[0], 0.51);
-  EXPECT_NEAR(at(target, 17, 0).red, 200 - 160 * w[0], 0.51);
-  EXPECT_EQ(at(target, 5, 0).red, 40);
+  EXPECT_NEAR(pixelAt(target, 14, 0).red, 40 + 160 * w[0], 0.51);
+  EXPECT_NEAR(pixelAt(target, 17, 0).red, 200 - 160 * w[0], 0.51);
+  EXPECT_EQ(pixelAt(target, 5, 0).red, 40);
 }
 
 TEST(Resample, ShrinkingCountsEverySourcePixel) {
-  Surface lines = blank(100, 100), small = blank(10, 10);
-  for (int y = 0; y < 100; ++y) {
-    for (int x = 0; x < 100; ++x) at(lines, x, y) = Pixel32::plain((x + y) % 2 ? kWhite : kBlack);
-  }
-  resampleBicubic(lines, small, false);
-  for (int y = 0; y < 10; ++y) {
-    for (int x = 0; x < 10; ++x) EXPECT_NEAR(at(small, x, y).red, 127.5, 3) << x << ' ' << y;
-  }
+  Surface small = blank(10, 10);
+  resampleBicubic(surfaceOf(100, 100, [](int x, int y) { return Pixel32::plain((x + y) % 2 ? kWhite : kBlack); }),
+                  small, false);
+  EXPECT_LE(test::farthest(&small, [](int, int) { return Pixel32{127, 127, 127, 0}; }), 3);
 }
 
 TEST(Resample, SeeThroughColoursDoNotBleed) {
-  Surface source = blank(20, 20), target = blank(7, 7);
-  for (int y = 0; y < 20; ++y) {
-    for (int x = 0; x < 20; ++x) at(source, x, y) = x < 10 ? Pixel32{0, 0, 200, 255} : Pixel32{255, 255, 0, 0};
-  }
-  resampleBicubic(source, target, true);
-  EXPECT_EQ(at(target, 0, 3), (Pixel32{0, 0, 200, 255}));
-  EXPECT_EQ(at(target, 6, 3).alpha, 0);
-  EXPECT_GT(at(target, 3, 3).alpha, 90);
-  EXPECT_LT(at(target, 3, 3).alpha, 165);
-  EXPECT_NEAR(at(target, 3, 3).red, 200, 1);
-  EXPECT_EQ(at(target, 3, 3).blue, 0);
+  const auto half = [](int x, int) { return x < 10 ? Pixel32{0, 0, 200, 255} : Pixel32{255, 255, 0, 0}; };
+  Surface target = blank(7, 7);
+  resampleBicubic(surfaceOf(20, 20, half), target, true);
+  EXPECT_EQ(pixelAt(target, 0, 3), (Pixel32{0, 0, 200, 255}));
+  EXPECT_EQ(pixelAt(target, 6, 3).alpha, 0);
+  EXPECT_GT(pixelAt(target, 3, 3).alpha, 90);
+  EXPECT_LT(pixelAt(target, 3, 3).alpha, 165);
+  EXPECT_NEAR(pixelAt(target, 3, 3).red, 200, 1);
+  EXPECT_EQ(pixelAt(target, 3, 3).blue, 0);
 }
 
 TEST(Resample, TablesTakeTheNearestEntry) {
