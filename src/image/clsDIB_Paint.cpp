@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <cmath>
+#include <vector>
 
 #include "base/rounding.h"
 #include "image/clsDIB.h"
@@ -97,6 +97,7 @@ void clsDIB::StretchPaintFromDIBtoDIB_Antialias_NativeDB(const clsDIB& Src, clsD
   const float ratioX = static_cast<float>(Src.DIBWidth() - 1) / static_cast<float>(Dst.DIBWidth());
   const float ratioY = static_cast<float>(Src.DIBHeight() - 1) / static_cast<float>(Dst.DIBHeight());
   std::vector<Neighbours> columns;
+  columns.reserve(static_cast<std::size_t>(Dst.DIBWidth()));
   for (int x = 0; x < Dst.DIBWidth(); ++x) columns.push_back(Neighbours::of(x, ratioX, Src.DIBWidth()));
   const auto source = Src.surface_.view32();
   for (int y = 0; y < Dst.DIBHeight(); ++y) {

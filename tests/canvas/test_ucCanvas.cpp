@@ -33,7 +33,7 @@ struct ShownCanvas {
     const int m = canvas.settings().Magnify;
     return {left + (x - startX) * m + m / 2, top + (y - startY) * m + m / 2};
   }
-  Pixel32 pixel(int x, int y) { return reinterpret_cast<const Pixel32*>(canvas.DIB().surface().pictureRow(y))[x]; }
+  Pixel32 pixel(int x, int y) { return test::pixelAt(canvas.DIB(), x, y); }
 };
 
 TEST(UcCanvas, StartsBlankWithItsChildControls) {

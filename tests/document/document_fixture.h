@@ -65,8 +65,8 @@ class DocumentTest : public testing::Test {
   clsDIB& picture() { return document->canvas()->DIB(); }
   // "#rrggbb" of a picture point.
   QString colourAt(int x, int y) {
-    const auto* row = reinterpret_cast<const Pixel32*>(picture().surface().pictureRow(y));
-    return QColor(row[x].red, row[x].green, row[x].blue).name();
+    const Pixel32 pixel = pixelAt(picture(), x, y);
+    return QColor(pixel.red, pixel.green, pixel.blue).name();
   }
   // A click of the Replace tool on the picture's corner: every pixel of that colour becomes the first colour.
   void replaceWith(QColor colour) {
@@ -83,13 +83,7 @@ class DocumentTest : public testing::Test {
     }
   }
   bool changed() const { return main.state.documents[0].changed; }
-  std::vector<std::string> undoFiles() const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(main.state.tempFolder))
-      names.push_back(entry.path().filename());
-    std::sort(names.begin(), names.end());
-    return names;
-  }
+  std::vector<std::string> undoFiles() const { return namesIn(main.state.tempFolder); }
 
   TempFolder folder;
   ScriptedDesktop desktop;

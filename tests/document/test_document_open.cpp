@@ -99,9 +99,7 @@ TEST_F(DocumentOpen, AlphaIsKeptThroughEditAndUndo) {
   QImage image(4, 3, QImage::Format_ARGB32);
   image.fill(QColor(255, 0, 0, 128));
   ASSERT_TRUE(open(write("a.png", image)));
-  const auto alphaAt = [this](int x, int y) {
-    return reinterpret_cast<const Pixel32*>(picture().surface().pictureRow(y))[x].alpha;
-  };
+  const auto alphaAt = [this](int x, int y) { return test::pixelAt(picture(), x, y).alpha; };
   EXPECT_TRUE(picture().DIBhasAlpha());
   EXPECT_EQ(alphaAt(1, 1), 128);
   document->Do_mnuRotateSubClick(0);

@@ -66,13 +66,8 @@ TEST_F(DocumentSave, EachFormatComesBackAsItWas) {
     const LoadedPicture back = loadPicture(file.toStdString());
     ASSERT_EQ(back.fault, OpenFault::None) << c.name;
     ASSERT_EQ(back.dib.size(), (Size{40, 30}));
-    int worst = 0;
-    for (int y = 0; y < 30; ++y) {
-      const auto* saved = reinterpret_cast<const Pixel32*>(back.dib.surface().pictureRow(y));
-      const auto* shown = reinterpret_cast<const Pixel32*>(picture().surface().pictureRow(y));
-      for (int x = 0; x < 40; ++x) worst = std::max(worst, std::abs(saved[x].red - shown[x].red));
-    }
-    EXPECT_LE(worst, c.tolerance) << c.name;
+    const auto shown = [this](int x, int y) { return test::pixelAt(picture(), x, y); };
+    EXPECT_LE(test::farthest(&back.dib.surface(), shown), c.tolerance) << c.name;
   }
   EXPECT_LT(QFileInfo(path("out55.jpg")).size(), QFileInfo(path("out95.jpg")).size());
 }

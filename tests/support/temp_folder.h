@@ -10,6 +10,14 @@
 
 namespace ruvo::test {
 
+// The names of all entries, sorted.
+inline std::vector<std::string> namesIn(const std::filesystem::path& folder) {
+  std::vector<std::string> all;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) all.push_back(entry.path().filename().string());
+  std::sort(all.begin(), all.end());
+  return all;
+}
+
 class TempFolder {
  public:
   TempFolder() {
@@ -25,14 +33,7 @@ class TempFolder {
 
   const std::filesystem::path& path() const { return path_; }
   std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
-  // The names of all entries, sorted.
-  std::vector<std::string> names() const {
-    std::vector<std::string> all;
-    for (const auto& entry : std::filesystem::directory_iterator(path_))
-      all.push_back(entry.path().filename().string());
-    std::sort(all.begin(), all.end());
-    return all;
-  }
+  std::vector<std::string> names() const { return namesIn(path_); }
 
  private:
   std::filesystem::path path_;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <vector>
 
 #include "platform/imaging/pixel_rows.h"
 #include "platform/imaging/table_lookup.h"

@@ -59,9 +59,7 @@ TEST(CustomBrush, rectanglesInTheNormalMannerDoNotOverlap) {
     clsDIB canvas = dibOf({"......", "......"}, kInk);
     CustomBrushStroke stroke(canvas, picture, mask, {100, shape, manner});
     stroke.press({1, 1});
-    stroke.move({2, 1});
-    stroke.move({4, 1});
-    stroke.move({5, 1});
+    for (const int x : {2, 4, 5}) stroke.move({x, 1});
     return rowsOf(canvas, kInk);
   };
   EXPECT_PICTURE(stroked(1, 0), {"rr.rr.", "rr.rr."});
@@ -74,8 +72,7 @@ TEST(CustomBrush, touchedPixelsBecomeOpaque) {
   clsDIB canvas = dibOf({"###"}, kInk);
   canvas.setDIBhasAlpha(true);
   CustomBrushStroke(canvas, plus.picture, plus.mask, {}).press({1, 1});
-  const auto* row = reinterpret_cast<const Pixel32*>(canvas.surface().pictureRow(0));
-  EXPECT_EQ((std::vector<int>{row[0].alpha, row[1].alpha, row[2].alpha}), (std::vector<int>{0, 255, 0}));
+  for (int x = 0; x < 3; ++x) EXPECT_EQ(test::pixelAt(canvas, x, 0).alpha, x == 1 ? 255 : 0);
 }
 
 TEST(Stamp, originalIsLaidCentredWithTheHalfTruncated) {

@@ -18,9 +18,9 @@ clsDIB blank(int width, int height) {
   return dibOf(Rows(height, std::string(width, '.')));
 }
 
-Rows dabbed(int width, int height, Point at, int size, int style) {
+Rows dabbed(int width, int height, Point at, int size, int style,
+            test::SteadyRandom&& random = test::SteadyRandom(0.9)) {
   clsDIB dib = blank(width, height);
-  test::SteadyRandom random(0.9);
   BrushStroke stroke;
   stroke.setRandomSource(&random);
   stroke.BrushStrokeBegin(dib, kRed);
@@ -59,8 +59,7 @@ TEST(BrushDab, softEdgeOnlyAtFullCover) {
   stroke.BrushStrokeBegin(dib, kBlack);
   stroke.BrushDab(3, 3, 3, 100, 2);
   // The corner lies at sqrt(8) of radius 3: byte(100 x (3 - 2.828) / 0.6 x 2.55) = 73 of 255 black on white.
-  const auto corner = reinterpret_cast<const Pixel32*>(dib.surface().pictureRow(1))[1];
-  EXPECT_EQ(corner.colour(), rgb(182, 182, 182));
+  EXPECT_EQ(test::pixelAt(dib, 1, 1).colour(), rgb(182, 182, 182));
 
   clsDIB even = blank(7, 7);
   stroke.BrushStrokeBegin(even, kBlack);
@@ -97,13 +96,8 @@ TEST(BrushDab, paintsTheInnerPartAtEveryEdge) {
 }
 
 TEST(BrushDab, sprayBrushNeedsNumbersAboveItsThreshold) {
-  clsDIB dib = blank(5, 5);
   test::SteadyRandom random(0.7);
-  BrushStroke stroke;
-  stroke.setRandomSource(&random);
-  stroke.BrushStrokeBegin(dib, kRed);
-  stroke.BrushDab(2, 2, 3, 100, 3);
-  EXPECT_EQ(rowsOf(dib, kInk), rowsOf(blank(5, 5)));
+  EXPECT_EQ(dabbed(5, 5, {2, 2}, 3, 3, std::move(random)), rowsOf(blank(5, 5)));
   EXPECT_EQ(random.seeds, 1);
 }
 

@@ -51,10 +51,9 @@ TEST(BrushPen, paintsOnlyWhatIsVisibleAndTellsWhere) {
   EXPECT_TRUE(paintPenMark(dib, {3, 2}, 1, 0, kBlack, {4, 0, 7, 5}).empty());
   const Rect changed = paintPenSegment(dib, {2, 2}, {4, 1}, 3, kBlack, {0, 0, 4, 5});
   for (int y = 0; y < 5; ++y) {
-    const auto* row = reinterpret_cast<const Pixel32*>(dib.surface().pictureRow(y));
     for (int x = 0; x < 7; ++x) {
-      const bool written = row[x].colour() == kBlack;
-      EXPECT_EQ(row[x].alpha, written ? 255 : 0);
+      const bool written = test::pixelAt(dib, x, y).colour() == kBlack;
+      EXPECT_EQ(test::pixelAt(dib, x, y).alpha, written ? 255 : 0);
       EXPECT_TRUE(!written || changed.contains(x, y)) << x << ' ' << y;
     }
   }

@@ -44,20 +44,16 @@ TEST(BrushStroke, burstsBuildUp) {
 }
 
 TEST(BrushStroke, densityIsAThresholdForTheRandomNumbers) {
-  struct Row {
-    int density;
-    double threshold;
-  };
-  for (const Row& row : {Row{0, 0.8}, Row{1, 0.6}, Row{2, 0.4}}) {
+  for (const int density : {0, 1, 2}) {
     clsDIB dib = dibOf({"."});
-    test::SteadyRandom random(row.threshold);
+    test::SteadyRandom random(std::array{0.8, 0.6, 0.4}[density]);
     BrushStroke stroke;
     stroke.setRandomSource(&random);
     stroke.BrushStrokeBegin(dib, kBlack);
-    stroke.SprayBurst(0, 0, 1, 100, row.density);
+    stroke.SprayBurst(0, 0, 1, 100, density);
     EXPECT_PICTURE(rowsOf(dib), {"."});
     random.value += 0.01;
-    stroke.SprayBurst(0, 0, 1, 100, row.density);
+    stroke.SprayBurst(0, 0, 1, 100, density);
     EXPECT_PICTURE(rowsOf(dib), {"#"});
   }
 }
@@ -83,7 +79,7 @@ TEST(StrokeStart, keepsOnlyTheTilesThatWereTouchedAsTheyWereFirst) {
   StrokeStart start(picture);
   const Rect area{60, 1990, 70, 2000};
   start.keep(area);
-  reinterpret_cast<Pixel32*>(picture.pictureRow(1995))[63] = Pixel32::plain(kWhite);
+  test::pixelAt(picture, 63, 1995) = Pixel32::plain(kWhite);
   start.keep(area);
   EXPECT_LE(start.keptPixels(), 2u * 64 * 64);
 
@@ -92,7 +88,7 @@ TEST(StrokeStart, keepsOnlyTheTilesThatWereTouchedAsTheyWereFirst) {
   ASSERT_EQ(pixels.size(), 100u);
   EXPECT_EQ(pixels[5 * 10 + 3].colour(), kBlack);
 
-  reinterpret_cast<Pixel32*>(picture.pictureRow(0))[2999] = Pixel32::plain(rgb(1, 2, 3));
+  test::pixelAt(picture, 2999, 0) = Pixel32::plain(rgb(1, 2, 3));
   const Rect corner{2998, 0, 3000, 2};
   start.keep(corner);
   start.read(corner, pixels);

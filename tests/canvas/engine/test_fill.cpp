@@ -61,7 +61,7 @@ TEST(FloodFill, builtInTilesTakeTheTwoColoursAndTheLoadedOneKeepsItsOwn) {
 TEST(FloodFill, alphaDoesNotSeparateAndBecomesOpaque) {
   clsDIB dib = dibOf({"##r", "rrr"}, kInk);
   dib.setDIBhasAlpha(true);
-  auto* row = reinterpret_cast<Pixel32*>(dib.surface().pictureRow(0));
+  auto* row = &test::pixelAt(dib, 0, 0);
   for (int pattern : {0, 3, 9}) {
     row[0] = {0, 0, 0, 0};
     row[1] = {0, 0, 0, 9};
@@ -83,7 +83,7 @@ TEST(ReplaceColor, takesEveryPixelOfTheColourAndNoOther) {
   clsDIB none;
   EXPECT_TRUE(ReplaceColor(none, kWhite, kBlack).empty());
 
-  auto* row = reinterpret_cast<Pixel32*>(dib.surface().pictureRow(0));
+  auto* row = &test::pixelAt(dib, 0, 0);
   row[0].alpha = 5;
   dib.setDIBhasAlpha(true);
   ReplaceColor(dib, rgb(0, 128, 0), kRed);

@@ -72,7 +72,7 @@ TEST(ViewRender, PixelsOutsideViewAndPictureStay) {
 
 TEST(ViewRender, TransparentPicturesAreShownOverWhite) {
   clsDIB dib = test::dibOf({"##"});
-  reinterpret_cast<Pixel32*>(dib.surface().pictureRow(0))[0].alpha = 255;
+  test::pixelAt(dib, 0, 0).alpha = 255;
   dib.setDIBhasAlpha(true);
   ViewRenderer renderer;
   EXPECT_PICTURE(rendered(renderer, dib, viewOf(dib, 1), {0, 0, 2, 1}), {"#."});

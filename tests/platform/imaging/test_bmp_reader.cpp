@@ -36,84 +36,63 @@ std::vector<std::string> shown(const BmpResult& result) {
   return rows;
 }
 using Lines = std::vector<std::string>;
+using Data = std::vector<std::uint8_t>;
+
+BmpResult read(int width, int height, int bits, const Data& data, BmpFile rest = {}) {
+  rest.width = width;
+  rest.height = height;
+  rest.bits = bits;
+  rest.data = data;
+  return readBmp(rest.bytes());
+}
 
 TEST(BmpReader, PlainDepths) {
   const std::vector<Colour> two = {rgb(1, 2, 3), rgb(4, 5, 6)};
-  const BmpResult one = readBmp(
-      BmpFile{.width = 3, .height = 2, .bits = 1, .table = two, .data = {0x40, 9, 9, 9, 0xA0, 9, 9, 9}}.bytes());
+  const BmpResult one = read(3, 2, 1, {0x40, 9, 9, 9, 0xA0, 9, 9, 9}, {.table = two});
   EXPECT_EQ(shown(one), (Lines{"1 0 1", "0 1 0"}));
   EXPECT_EQ(one.surface.table()[1].colour(), rgb(4, 5, 6));
   EXPECT_EQ(one.surface.memoryRow(0)[1], 0);  // padding is cleaned
-
-  EXPECT_EQ(
-      shown(readBmp(BmpFile{.width = 5, .height = 1, .bits = 2, .table = two, .data = {0x1B, 0xC0, 0, 0}}.bytes())),
-      Lines{"0 1 2 3 3"});
-  EXPECT_EQ(
-      shown(readBmp(BmpFile{.width = 3, .height = 1, .bits = 4, .table = two, .data = {0x01, 0xF0, 0, 0}}.bytes())),
-      Lines{"0 1 15"});
-  EXPECT_EQ(shown(readBmp(BmpFile{.width = 2, .height = 1, .bits = 8, .table = two, .data = {1, 200, 0, 0}}.bytes())),
-            Lines{"1 200"});
-  EXPECT_EQ(shown(readBmp(BmpFile{.width = 1, .height = 2, .data = {3, 2, 1, 0, 6, 5, 4, 0}}.bytes())),
-            (Lines{"040506", "010203"}));
+  EXPECT_EQ(shown(read(5, 1, 2, {0x1B, 0xC0, 0, 0}, {.table = two})), Lines{"0 1 2 3 3"});
+  EXPECT_EQ(shown(read(3, 1, 4, {0x01, 0xF0, 0, 0}, {.table = two})), Lines{"0 1 15"});
+  EXPECT_EQ(shown(read(2, 1, 8, {1, 200, 0, 0}, {.table = two})), Lines{"1 200"});
+  EXPECT_EQ(shown(read(1, 2, 24, {3, 2, 1, 0, 6, 5, 4, 0})), (Lines{"040506", "010203"}));
 }
 
 TEST(BmpReader, SixteenBitsBecome24AndOpenTheirFullRange) {
-  const BmpFile plain{.width = 2, .height = 1, .bits = 16, .data = {0xFF, 0x7F, 0x01, 0x04}};
-  EXPECT_EQ(shown(readBmp(plain.bytes())), Lines{"FFFFFF 080008"});
-  const BmpFile fields{.width = 2,
-                       .height = 1,
-                       .bits = 16,
-                       .compression = 3,
-                       .masks = {0xF800, 0x07E0, 0x001F},
-                       .data = {0xE0, 0x07, 0x00, 0x08}};
-  EXPECT_EQ(shown(readBmp(fields.bytes())), Lines{"00FF00 080000"});
-  const BmpFile alpha{.width = 2,
-                      .height = 1,
-                      .bits = 16,
-                      .compression = 3,
-                      .headerSize = 56,
-                      .masks = {0x0F00, 0x00F0, 0x000F, 0xF000},
-                      .data = {0x34, 0x12, 0x00, 0x00}};
-  const BmpResult result = readBmp(alpha.bytes());
+  EXPECT_EQ(shown(read(2, 1, 16, {0xFF, 0x7F, 0x01, 0x04})), Lines{"FFFFFF 080008"});
+  const BmpFile fields{.compression = 3, .masks = {0xF800, 0x07E0, 0x001F}};
+  EXPECT_EQ(shown(read(2, 1, 16, {0xE0, 0x07, 0x00, 0x08}, fields)), Lines{"00FF00 080000"});
+  const BmpFile alpha{.compression = 3, .headerSize = 56, .masks = {0x0F00, 0x00F0, 0x000F, 0xF000}};
+  const BmpResult result = read(2, 1, 16, {0x34, 0x12, 0x00, 0x00}, alpha);
   EXPECT_EQ(shown(result), Lines{"11223344 00000000"});
   EXPECT_TRUE(result.hasAlpha);
 }
 
 TEST(BmpReader, ThirtyTwoBitsKeepWhatTheMasksClaim) {
-  const std::vector<std::uint8_t> data = {0x11, 0x22, 0x33, 0x44};
-  const auto read = [&](std::uint32_t compression, std::uint32_t header, std::vector<std::uint32_t> masks) {
-    return readBmp(BmpFile{.width = 1,
-                           .height = 1,
-                           .bits = 32,
-                           .compression = compression,
-                           .headerSize = header,
-                           .masks = masks,
-                           .data = data}
-                       .bytes());
+  const auto deep = [&](std::uint32_t compression, std::uint32_t header, const std::vector<std::uint32_t>& masks) {
+    const BmpFile fields{.compression = compression, .headerSize = header, .masks = masks};
+    return read(1, 1, 32, {0x11, 0x22, 0x33, 0x44}, fields);
   };
-  EXPECT_EQ(shown(read(0, 40, {})), Lines{"44332211"});  // the fourth byte of plain files is kept
-  EXPECT_TRUE(read(0, 40, {}).hasAlpha);
-  EXPECT_EQ(shown(read(3, 40, {0xFF0000, 0xFF00, 0xFF})), Lines{"00332211"});
-  EXPECT_FALSE(read(3, 40, {0xFF0000, 0xFF00, 0xFF}).hasAlpha);
-  EXPECT_EQ(shown(read(3, 108, {0xFF0000, 0xFF00, 0xFF, 0xFF000000})), Lines{"44332211"});
-  EXPECT_EQ(shown(read(3, 124, {0xFF, 0xFF00, 0xFF0000, 0xFF000000})), Lines{"44112233"});
-  EXPECT_EQ(shown(read(6, 40, {0xFF000000, 0xFF0000, 0xFF00, 0xFF})), Lines{"11443322"});
-  EXPECT_EQ(shown(read(3, 52, {0xFFC00000, 0x003FF000, 0x00000FFF})), Lines{"0044CC21"});  // 10, 10 and 12 bits wide
-  EXPECT_EQ(shown(read(3, 108, {0, 0, 0, 0})), Lines{"00332211"});  // no masks at all: the usual ones
+  EXPECT_EQ(shown(deep(0, 40, {})), Lines{"44332211"});  // the fourth byte of plain files is kept
+  EXPECT_TRUE(deep(0, 40, {}).hasAlpha);
+  EXPECT_EQ(shown(deep(3, 40, {0xFF0000, 0xFF00, 0xFF})), Lines{"00332211"});
+  EXPECT_FALSE(deep(3, 40, {0xFF0000, 0xFF00, 0xFF}).hasAlpha);
+  EXPECT_EQ(shown(deep(3, 108, {0xFF0000, 0xFF00, 0xFF, 0xFF000000})), Lines{"44332211"});
+  EXPECT_EQ(shown(deep(3, 124, {0xFF, 0xFF00, 0xFF0000, 0xFF000000})), Lines{"44112233"});
+  EXPECT_EQ(shown(deep(6, 40, {0xFF000000, 0xFF0000, 0xFF00, 0xFF})), Lines{"11443322"});
+  EXPECT_EQ(shown(deep(3, 52, {0xFFC00000, 0x003FF000, 0x00000FFF})), Lines{"0044CC21"});  // 10, 10 and 12 bits wide
+  EXPECT_EQ(shown(deep(3, 108, {0, 0, 0, 0})), Lines{"00332211"});  // no masks at all: the usual ones
 }
 
 TEST(BmpReader, RowOrdersAndHeaders) {
   const std::vector<std::uint8_t> data = {0x80, 0, 0, 0, 0x00, 0, 0, 0};
   const std::vector<Colour> table = {kBlack, rgb(7, 8, 9)};
-  EXPECT_EQ(shown(readBmp(BmpFile{.width = 1, .height = 2, .bits = 1, .table = table, .data = data}.bytes())),
-            (Lines{"0", "1"}));
-  const BmpResult down = readBmp(BmpFile{.width = 1, .height = -2, .bits = 1, .table = table, .data = data}.bytes());
+  const BmpResult down = read(1, -2, 1, data, {.table = table});
   EXPECT_EQ(shown(down), (Lines{"1", "0"}));
   EXPECT_EQ(down.surface.order(), raster::RowOrder::BottomUp);
   EXPECT_EQ(down.height, 2);
   for (const std::uint32_t header : {12u, 16u, 24u, 40u, 52u, 56u, 64u, 108u, 124u}) {
-    const BmpResult r = readBmp(
-        BmpFile{.width = 1, .height = 2, .bits = 1, .headerSize = header, .table = table, .data = data}.bytes());
+    const BmpResult r = read(1, 2, 1, data, {.headerSize = header, .table = table});
     EXPECT_EQ(shown(r), (Lines{"0", "1"})) << header;
     ASSERT_TRUE(r);
     EXPECT_EQ(r.surface.table()[1].colour(), rgb(7, 8, 9)) << header;
@@ -146,15 +125,12 @@ TEST(BmpReader, TablesAndOffsetsThatWritersGetWrong) {
   file.table.resize(1);
   check(file, kBlack);
   // A table in front of true-colour pixels is passed over.
-  EXPECT_EQ(
-      shown(readBmp(BmpFile{.width = 1, .height = 1, .coloursUsed = 2, .table = two, .data = {3, 2, 1, 0}}.bytes())),
-      Lines{"010203"});
+  EXPECT_EQ(shown(read(1, 1, 24, {3, 2, 1, 0}, {.coloursUsed = 2, .table = two})), Lines{"010203"});
 }
 
 TEST(BmpReader, RunLengthCodes) {
-  const auto eight = [](int width, int height, std::vector<std::uint8_t> data) {
-    return readBmp(
-        BmpFile{.width = width, .height = height, .bits = 8, .compression = 1, .table = {1}, .data = data}.bytes());
+  const auto eight = [](int width, int height, const Data& data) {
+    return read(width, height, 8, data, {.compression = 1, .table = {1}});
   };
   // A run, a literal with padding, end of line, a jump over a pixel, end of picture.
   EXPECT_EQ(shown(eight(5, 2, {2, 7, 0, 3, 1, 2, 3, 0, 0, 0, 0, 2, 1, 0, 3, 9, 0, 1})),
@@ -166,57 +142,46 @@ TEST(BmpReader, RunLengthCodes) {
   EXPECT_FALSE(eight(2, 1, {2, 4}).truncated);
   EXPECT_EQ(shown(eight(1, 1, {1, 4, 0, 0, 1, 5, 0, 0, 1, 6})), Lines{"4"});
 
-  const BmpFile four{
-      .width = 5, .height = 1, .bits = 4, .compression = 2, .table = {1}, .data = {3, 0x12, 0, 3, 0x34, 0x50, 0, 1}};
-  EXPECT_EQ(shown(readBmp(four.bytes())), Lines{"1 2 1 3 4"});
-  const BmpFile os2{
-      .width = 3, .height = 1, .bits = 24, .compression = 4, .headerSize = 64, .data = {2, 3, 2, 1, 0, 1}};
-  EXPECT_EQ(shown(readBmp(os2.bytes())), Lines{"010203 010203 000000"});
-  BmpFile down = four;
-  down.height = -2;
-  down.width = 1;
-  down.data = {1, 0x10, 0, 0, 1, 0x20, 0, 1};
-  EXPECT_EQ(shown(readBmp(down.bytes())), (Lines{"1", "2"}));
+  const BmpFile four{.compression = 2, .table = {1}};
+  EXPECT_EQ(shown(read(5, 1, 4, {3, 0x12, 0, 3, 0x34, 0x50, 0, 1}, four)), Lines{"1 2 1 3 4"});
+  EXPECT_EQ(shown(read(1, -2, 4, {1, 0x10, 0, 0, 1, 0x20, 0, 1}, four)), (Lines{"1", "2"}));
+  const BmpFile os2{.compression = 4, .headerSize = 64};
+  EXPECT_EQ(shown(read(3, 1, 24, {2, 3, 2, 1, 0, 1}, os2)), Lines{"010203 010203 000000"});
 }
 
 TEST(BmpReader, TruncatedPixelsKeepTheRowsThatCame) {
-  const BmpFile whole{.width = 1, .height = 3, .data = {3, 2, 1, 0, 6, 5, 4, 0, 9, 8, 7}};  // only padding is missing
-  EXPECT_FALSE(readBmp(whole.bytes()).truncated);
+  EXPECT_FALSE(read(1, 3, 24, {3, 2, 1, 0, 6, 5, 4, 0, 9, 8, 7}).truncated) << "only padding is missing";
   for (const int height : {3, -3}) {
-    const BmpFile file{.width = 1, .height = height, .data = {3, 2, 1, 0, 6, 5, 4, 0, 9, 8}};
-    const BmpResult r = readBmp(file.bytes());
+    const BmpResult r = read(1, height, 24, {3, 2, 1, 0, 6, 5, 4, 0, 9, 8});
     EXPECT_TRUE(r.truncated);
     EXPECT_EQ(shown(r), height > 0 ? (Lines{"000000", "040506", "010203"}) : (Lines{"010203", "040506", "000000"}));
   }
-  const BmpResult runs = readBmp(
-      BmpFile{.width = 2, .height = 2, .bits = 8, .compression = 1, .table = {1}, .data = {2, 4, 0, 0, 1}}.bytes());
+  const BmpResult runs = read(2, 2, 8, {2, 4, 0, 0, 1}, {.compression = 1, .table = {1}});
   EXPECT_TRUE(runs.truncated);
   EXPECT_EQ(shown(runs), (Lines{"0 0", "4 4"}));
 }
 
 TEST(BmpReader, RefusesWhatCanNotBeShown) {
-  const auto error = [](BmpFile file) { return readBmp(file.bytes()).error; };
-  const std::vector<std::uint8_t> data(64);
+  const Data data(64);
+  const auto error = [&](int width, int height, int bits = 24, const BmpFile& rest = {}) {
+    return read(width, height, bits, data, rest).error;
+  };
   EXPECT_EQ(readBmp({}).error, LoadError::NotThisFormat);
-  EXPECT_EQ(readBmp(std::vector<std::uint8_t>{'G', 'I', 'F', '8'}).error, LoadError::NotThisFormat);
-  EXPECT_EQ(readBmp(std::vector<std::uint8_t>{'B', 'M', 0}).error, LoadError::Broken);
-  EXPECT_EQ(error({.width = 0, .height = 1, .data = data}), LoadError::Broken);
-  EXPECT_EQ(error({.width = -1, .height = 1, .data = data}), LoadError::Broken);
-  EXPECT_EQ(error({.width = 1, .height = 0, .data = data}), LoadError::Broken);
-  EXPECT_EQ(error({.width = 1, .height = INT32_MIN, .data = data}), LoadError::TooLarge);
-  EXPECT_EQ(error({.width = 5001, .height = 5000, .data = data}), LoadError::TooLarge);
-  EXPECT_EQ(error({.width = 40000, .height = 1, .data = data}), LoadError::TooLarge);
-  EXPECT_EQ(error({.width = 5000, .height = 5000, .data = data}), LoadError::Broken);  // a size and no row
-  EXPECT_EQ(error({.width = 1, .height = 1, .data = {}}), LoadError::Broken);
-  EXPECT_EQ(error({.width = 9, .height = 9, .bits = 8, .compression = 1, .table = {1}, .data = {0}}),
-            LoadError::Broken);
-  EXPECT_EQ(error({.width = 1, .height = 1, .bits = 7, .data = data}), LoadError::Broken);
-  EXPECT_EQ(error({.width = 1, .height = 1, .bits = 8, .compression = 2, .table = {1}, .data = data}),
-            LoadError::Broken);
-  EXPECT_EQ(error({.width = 1, .height = 1, .bits = 0, .compression = 5, .data = data}), LoadError::Broken);
-  EXPECT_EQ(error({.width = 1, .height = 1, .headerSize = 0, .data = data}), LoadError::Broken);
-  EXPECT_EQ(error({.width = 1, .height = 1, .data = data, .statedOffset = 0x7FFFFFFF}), LoadError::Broken);
-  const BmpResult large = readBmp(BmpFile{.width = 6000, .height = 6000}.bytes());
+  EXPECT_EQ(readBmp(Data{'G', 'I', 'F', '8'}).error, LoadError::NotThisFormat);
+  EXPECT_EQ(readBmp(Data{'B', 'M', 0}).error, LoadError::Broken);
+  for (const Size size : {Size{0, 1}, {-1, 1}, {1, 0}}) EXPECT_EQ(error(size.width, size.height), LoadError::Broken);
+  for (const Size size : {Size{1, INT32_MIN}, {5001, 5000}, {40000, 1}}) {
+    EXPECT_EQ(error(size.width, size.height), LoadError::TooLarge);
+  }
+  EXPECT_EQ(error(5000, 5000), LoadError::Broken);  // a size and no row
+  EXPECT_EQ(read(1, 1, 24, {}).error, LoadError::Broken);
+  EXPECT_EQ(read(9, 9, 8, {0}, {.compression = 1, .table = {1}}).error, LoadError::Broken);
+  EXPECT_EQ(error(1, 1, 7), LoadError::Broken);
+  EXPECT_EQ(error(1, 1, 8, {.compression = 2, .table = {1}}), LoadError::Broken);
+  EXPECT_EQ(error(1, 1, 0, {.compression = 5}), LoadError::Broken);
+  EXPECT_EQ(error(1, 1, 24, {.headerSize = 0}), LoadError::Broken);
+  EXPECT_EQ(error(1, 1, 24, {.statedOffset = 0x7FFFFFFF}), LoadError::Broken);
+  const BmpResult large = read(6000, 6000, 24, {});
   EXPECT_EQ(large.width, 6000);
   EXPECT_EQ(large.height, 6000);
   EXPECT_EQ(large.fileDepth, 24);
