@@ -2,6 +2,7 @@
 
 #include "document_fixture.h"
 #include "image/basGDIProc.h"
+#include "support/bmp_bytes.h"
 
 namespace ruvo {
 namespace {
@@ -12,20 +13,9 @@ using test::DocumentTest;
 class DocumentOpen : public DocumentTest {
  protected:
   // A 24-bit BMP header for a picture of any size, with no pixels behind it.
-  static QByteArray bmpHeader(qint32 width, qint32 height) {
-    QByteArray bytes("BM");
-    const auto u32 = [&](quint32 v) {
-      for (int i = 0; i < 4; ++i) bytes += static_cast<char>(v >> (8 * i));
-    };
-    u32(54);
-    u32(0);
-    u32(54);
-    u32(40);
-    u32(static_cast<quint32>(width));
-    u32(static_cast<quint32>(height));
-    u32(1 | 24 << 16);
-    for (int i = 0; i < 6; ++i) u32(0);
-    return bytes;
+  static QByteArray bmpHeader(int width, int height) {
+    const auto bytes = test::BmpFile{.width = width, .height = height}.bytes();
+    return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
   }
   // Loads into the open document and expects these words, and nothing changed by it.
   void expectRefusal(const QString& file, const QString& words) {
@@ -42,11 +32,8 @@ class DocumentOpen : public DocumentTest {
 };
 
 TEST_F(DocumentOpen, EveryFormatWithAReaderBecomesTheFirstState) {
-  clsDIB tiffSource;
-  ASSERT_TRUE(tiffSource.CreateBlankDIB(20, 10, 32, rgb(0, 128, 0)));
-  ASSERT_TRUE(SaveDIBWithEncoder(tiffSource, path("a.tif").toStdString(), kEncodeTiff, 24));
-  clsDIB gifSource;
-  ASSERT_TRUE(gifSource.CreateBlankDIB(20, 10, 8, rgb(0, 128, 0)));
+  ASSERT_TRUE(SaveDIBWithEncoder(test::plainDib(20, 10, rgb(0, 128, 0)), path("a.tif").toStdString(), kEncodeTiff, 24));
+  clsDIB gifSource = test::plainDib(20, 10, rgb(0, 128, 0), 8);
   std::fill_n(gifSource.DIBBitsPtr(), gifSource.surface().byteCount(), 1);
   ASSERT_TRUE(SaveDIBWithEncoder(gifSource, path("a.gif").toStdString(), kEncodeGif));
   for (const char* name : {"a.bmp", "a.png", "a.jpg"}) write(name, plain(20, 10, QColor(0, 128, 0)));

@@ -201,6 +201,13 @@ TEST(CanvasCore, FittingKeepsSmallPicturesUnlessAskedOtherwise) {
 
 // --- Edge dragging
 
+// Presses at 50, 50 and lets go after the travel.
+void dragEdge(RecordedCanvas& canvas, CanvasEdge edge, Point travel) {
+  canvas.core.edgePress(edge, {50, 50});
+  canvas.core.edgeMove({50 + travel.x, 50 + travel.y});
+  canvas.core.edgeRelease();
+}
+
 TEST(CanvasEdges, HandlesShowOnlyWhereADragMakesSense) {
   RecordedCanvas canvas(5, 5);
   EXPECT_FALSE(canvas.core.edgeHandlesShown());
@@ -222,22 +229,19 @@ TEST(CanvasEdges, HandlesShowOnlyWhereADragMakesSense) {
   EXPECT_FALSE(canvas.core.edgeHandlesShown());
 }
 
-struct EdgeCase {
-  CanvasEdge edge;
-  Point travel;
-  Size size;
-  Point blackAt;  // where the picture's own top left pixel is afterwards
-};
-
 TEST(CanvasEdges, TheOppositeEdgeStaysWhereItIs) {
+  struct EdgeCase {
+    CanvasEdge edge;
+    Point travel;
+    Size size;
+    Point blackAt;  // where the picture's own top left pixel is afterwards
+  };
   for (const EdgeCase& c :
        {EdgeCase{CanvasEdge::Right, {5, 9}, {25, 20}, {0, 0}}, EdgeCase{CanvasEdge::Bottom, {9, -3}, {20, 17}, {0, 0}},
         EdgeCase{CanvasEdge::Left, {-5, 0}, {25, 20}, {5, 0}}, EdgeCase{CanvasEdge::Top, {0, -4}, {20, 24}, {0, 4}}}) {
     RecordedCanvas canvas(20, 20);
     test::pixelAt(canvas.core.bitmaps.DIB, 0, 0) = Pixel32::plain(kBlack);
-    canvas.core.edgePress(c.edge, {50, 50});
-    canvas.core.edgeMove({50 + c.travel.x, 50 + c.travel.y});
-    canvas.core.edgeRelease();
+    dragEdge(canvas, c.edge, c.travel);
     const std::string proforma = "NotifyDragResizeProforma ";
     EXPECT_EQ(canvas.events,
               (Events{proforma + "20 20", proforma + std::to_string(c.size.width) + ' ' + std::to_string(c.size.height),
@@ -265,9 +269,7 @@ TEST(CanvasEdges, TooSmallAnExtentIsRefusedAtEachStep) {
 TEST(CanvasEdges, NewGroundOfATransparentPictureIsOpaqueWhite) {
   RecordedCanvas canvas(20, 20);
   canvas.core.bitmaps.DIB.setDIBhasAlpha(true);
-  canvas.core.edgePress(CanvasEdge::Bottom, {50, 50});
-  canvas.core.edgeMove({50, 51});
-  canvas.core.edgeRelease();
+  dragEdge(canvas, CanvasEdge::Bottom, {0, 1});
   const clsDIB& dib = canvas.core.bitmaps.DIB;
   EXPECT_TRUE(dib.DIBhasAlpha());
   EXPECT_EQ(test::pixelAt(dib, 0, 20), Pixel32::opaque(kWhite));

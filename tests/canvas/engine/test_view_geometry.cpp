@@ -9,14 +9,9 @@ ViewGeometry viewOf(Size client, Size image, int magnify = 1) {
   return view;
 }
 
-TEST(ViewGeometry, NothingLoadedHasNoBarsAndNoRange) {
-  const ViewGeometry view = viewOf({200, 100}, {});
-  EXPECT_FALSE(view.anyBar());
-  EXPECT_EQ(view.ScrollMaxX, 0);
-  EXPECT_TRUE(view.displaySize().empty());
-}
-
-TEST(ViewGeometry, ASmallerPictureIsCentred) {
+TEST(ViewGeometry, NothingHasNoRangeAndASmallerPictureIsCentred) {
+  EXPECT_FALSE(viewOf({200, 100}, {}).anyBar());
+  EXPECT_EQ(viewOf({200, 100}, {}).ScrollMaxX, 0);
   const ViewGeometry view = viewOf({202, 102}, {50, 41}, 2);
   EXPECT_EQ(view.picDisp, Rect::fromSize(50, 9, 100, 82));
   EXPECT_FALSE(view.anyBar());
@@ -45,15 +40,12 @@ TEST(ViewGeometry, OneBarMayForceTheOther) {
   EXPECT_FALSE(viewOf({100, 100}, {97, 86}).verticalBar);
 }
 
-TEST(ViewGeometry, BarsEndAtTheirLimit) {
+TEST(ViewGeometry, BarsEndAtTheirLimitAndAnImpossiblePositionReturnsToZero) {
   ViewGeometry view = viewOf({100, 100}, {20000, 10}, 3);
   EXPECT_EQ(view.ScrollMaxX, kScrollBarLimit);
   view.setScroll(59000, 0);
   EXPECT_EQ(view.ScrollX, kScrollBarLimit);
-}
-
-TEST(ViewGeometry, ScrollPositionThatIsNoLongerPossibleReturnsToZero) {
-  ViewGeometry view = viewOf({100, 100}, {300, 300});
+  view = viewOf({100, 100}, {300, 300});
   view.setScroll(150, 10);
   view.layout({{100, 100}, {200, 300}, 1, false, {}, {10, 10}});
   EXPECT_EQ(view.ScrollX, 0);

@@ -1,5 +1,6 @@
 #include "canvas/engine/recorded_canvas.h"
 #include "canvas/tools/tool_table.h"
+#include "support/steady_random.h"
 
 namespace ruvo {
 namespace {
@@ -48,15 +49,10 @@ TEST(Tools, ShiftHoldsTheColumnAndCtrlTheRow) {
       canvas.move({20, 30}, keys);
       canvas.move({30, 30}, keys);
       canvas.release({30, 30});
-      int right = 0, bottom = 0;
-      const test::Rows rows = canvas.picture();
-      for (int y = 0; y < 40; ++y) {
-        for (int x = 0; x < 40; ++x) {
-          if (rows[y][x] == '#') right = std::max(right, x), bottom = std::max(bottom, y);
-        }
-      }
+      int left = 0, top = 0, right = 0, bottom = 0;
+      clsDIB::DIBNetPaintedArea(canvas.core.bitmaps.DIB, left, top, right, bottom, kWhite, false);
       clsDIB::ColorBackGroundDIB(canvas.core.bitmaps.DIB, kWhite);
-      return Point{right, bottom};
+      return Point{right, 39 - top};  // memory rows run upwards
     };
     const Point free = cur({});
     const Point frozen = cur({true, true, false});
@@ -180,17 +176,13 @@ TEST(Tools, StampIsPutDownCentredAndSaysWhenThereIsNone) {
 }
 
 TEST(Tools, SprayBurstsAtPressAndAtEachMove) {
-  struct AllDots : RandomSource {
-    void reseed() override { ++bursts; }
-    double next() override { return 0.99; }
-    int bursts = 0;
-  } dots;
+  test::SteadyRandom dots(0.99);
   Drawing canvas(14, 60);
   canvas.core.setRandomSource(&dots);
   canvas.press({10, 10});
   canvas.move({40, 40});
   canvas.release({40, 40});
-  EXPECT_EQ(dots.bursts, 2);
+  EXPECT_EQ(dots.seeds, 2);
   EXPECT_EQ(canvas.picture()[10][10], '#');
   EXPECT_EQ(canvas.picture()[40][40], '#');
   EXPECT_EQ(canvas.picture()[25][25], '.');

@@ -77,16 +77,15 @@ Bytes makePng(const PngFile& file, const SampleOf& sample) {
   png_write_info(png, info);
   png_set_packing(png);
   if (file.depth == 16) png_set_swap(png);
-  std::vector<std::vector<std::uint16_t>> wide(static_cast<std::size_t>(file.height));
-  std::vector<Bytes> narrow(static_cast<std::size_t>(file.height));
+  std::vector<Bytes> bytes(static_cast<std::size_t>(file.height));
   std::vector<png_bytep> rows;
   for (int y = 0; y < file.height; ++y) {
     for (int i = 0; i < file.width * channels; ++i) {
       const int v = sample(i / channels, y, i % channels);
-      wide[y].push_back(static_cast<std::uint16_t>(v));
-      narrow[y].push_back(static_cast<std::uint8_t>(v));
+      bytes[y].push_back(static_cast<std::uint8_t>(v));
+      if (file.depth == 16) bytes[y].push_back(static_cast<std::uint8_t>(v >> 8));
     }
-    rows.push_back(file.depth == 16 ? reinterpret_cast<png_bytep>(wide[y].data()) : narrow[y].data());
+    rows.push_back(bytes[y].data());
   }
   png_write_image(png, rows.data());
   png_write_end(png, nullptr);
