@@ -6,12 +6,10 @@
 namespace ruvo {
 namespace {
 
-using test::dibOf;
-using test::pixelAt;
-using test::rowsOf;
+using namespace test;
 
 clsDIB plain(int width, int height, Colour colour, int bpp = 32) {
-  return test::plainDib(width, height, colour, bpp);
+  return plainDib(width, height, colour, bpp);
 }
 
 TEST(ClsDibBlend, FractionsAreFloatsAndTheSumIsRoundedOnce) {
@@ -88,15 +86,15 @@ TEST(ClsDibBlend, AlphaValuesComeInWhereTheMaskIsBlack) {
 }
 
 TEST(ClsDibBlend, TurnsAtEveryDepth) {
-  const test::Rows rows = {"#..", "##."};
-  const test::Rows expected[] = {{"..#", ".##"}, {"##.", "#.."}, {"..", ".#", "##"}, {"##", "#.", ".."}, rows};
+  const Rows rows = {"#..", "##."};
+  const Rows expected[] = {{"..#", ".##"}, {"##.", "#.."}, {"..", ".#", "##"}, {"##", "#.", ".."}, rows};
   for (const int bpp : {1, 4, 8, 24, 32}) {
     for (int mode = 0; mode < 5; ++mode) {
       clsDIB dib = plain(3, 2, kWhite, bpp);
       clsDIB::PaintFromDIBtoDIB(dibOf(rows), dib);
       clsDIB::RotateDIB(dib, mode);
       EXPECT_EQ(dib.DIBbpp(), mode == 2 || mode == 3 ? 32 : bpp);
-      EXPECT_TRUE(test::samePicture(rowsOf(dib), expected[mode])) << bpp << ' ' << mode;
+      EXPECT_TRUE(samePicture(rowsOf(dib), expected[mode])) << bpp << ' ' << mode;
     }
   }
   // Larger than the squares in which it is turned, and with alpha.
@@ -107,9 +105,9 @@ TEST(ClsDibBlend, TurnsAtEveryDepth) {
   large.setDIBhasAlpha(true);
   clsDIB::RotateDIB(large, 2);
   EXPECT_TRUE(large.DIBhasAlpha());
-  EXPECT_EQ(test::farthest(&large.surface(), [&](int x, int y) { return numbered(69 - y, x); }), 0);
+  EXPECT_EQ(farthest(&large.surface(), [&](int x, int y) { return numbered(69 - y, x); }), 0);
   clsDIB::RotateDIB(large, 3);
-  EXPECT_EQ(test::farthest(&large.surface(), numbered), 0);
+  EXPECT_EQ(farthest(&large.surface(), numbered), 0);
 }
 
 TEST(ClsDibPaint, SizesBelowOneMeanTheWholeAndTilesRepeat) {
@@ -135,7 +133,7 @@ TEST(ClsDibPaint, BilinearReachesTheLastColumnOnlyByAWholeStep) {
   clsDIB dst = dibOf(4, 1, [](int, int) { return Pixel32{0, 0, 0, 5}; });
   clsDIB::StretchPaintFromDIBtoDIB_Antialias_NativeDB(src, dst);
   const std::uint8_t reds[] = {0, 50, 100, 100};  // column 2 is no neighbour: 2 is not below 3 - 1
-  EXPECT_EQ(test::farthest(&dst.surface(), [&](int x, int) { return Pixel32{0, 0, reds[x], 5}; }), 0);
+  EXPECT_EQ(farthest(&dst.surface(), [&](int x, int) { return Pixel32{0, 0, reds[x], 5}; }), 0);
 }
 
 TEST(ClsDibPaint, BestFitKeepsProportionsAndNeverVanishes) {

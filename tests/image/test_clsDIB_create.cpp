@@ -6,9 +6,7 @@
 namespace ruvo {
 namespace {
 
-using test::dibOf;
-using test::pixelAt;
-using test::plainDib;
+using namespace test;
 
 TEST(ClsDibCreate, BlankSurfacesOfEachDepth) {
   for (const int bpp : {1, 4, 8, 24, 32}) {

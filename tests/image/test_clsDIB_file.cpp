@@ -11,17 +11,16 @@
 namespace ruvo {
 namespace {
 
-using test::dibOf;
-using test::rowsOf;
+using namespace test;
 
 std::vector<std::uint8_t> bytesOf(const std::filesystem::path& path) {
   return readWholeFile(path, 1 << 20).value();
 }
 
 TEST(ClsDibFile, WritesTheHeadersFieldByField) {
-  const test::TempFolder folder;
+  const TempFolder folder;
   const auto path = folder / "a.bmp";
-  const test::Ink ink = {{'r', rgb(255, 1, 2)}, {'.', kWhite}};
+  const Ink ink = {{'r', rgb(255, 1, 2)}, {'.', kWhite}};
   clsDIB dib = dibOf({"r..", "..."}, ink);
   ASSERT_TRUE(dib.Save_DIB_To_File(path, dib));
   const auto bytes = bytesOf(path);
@@ -42,10 +41,10 @@ TEST(ClsDibFile, WritesTheHeadersFieldByField) {
 }
 
 TEST(ClsDibFile, AlphaDecidesBetween24And32Bits) {
-  const test::TempFolder folder;
+  const TempFolder folder;
   const auto path = folder / "a.bmp";
   clsDIB dib = dibOf({"#.", ".."});
-  test::pixelAt(dib, 1, 0).alpha = 9;
+  pixelAt(dib, 1, 0).alpha = 9;
   clsDIB back;
   ASSERT_TRUE(dib.Save_DIB_To_File(path, dib));
   ASSERT_TRUE(back.CreateDIBFromFile(path));
@@ -57,17 +56,17 @@ TEST(ClsDibFile, AlphaDecidesBetween24And32Bits) {
   ASSERT_TRUE(back.CreateDIBFromFile(path, true));  // with alpha it is not turned
   EXPECT_EQ(back.DIBbpp(), 32);
   EXPECT_TRUE(back.DIBhasAlpha());
-  EXPECT_EQ(test::pixelAt(back, 1, 0), (Pixel32{255, 255, 255, 9}));
+  EXPECT_EQ(pixelAt(back, 1, 0), (Pixel32{255, 255, 255, 9}));
   EXPECT_PICTURE(rowsOf(back), ({"#.", ".."}));
 }
 
 TEST(ClsDibFile, EveryDepthAndRowOrderReadsBackAsShown) {
-  const test::TempFolder folder;
+  const TempFolder folder;
   const auto path = folder / "a.bmp";
   const clsDIB drawn = dibOf({"#....", ".#..#", "...##"});
   for (const int bpp : {1, 4, 8, 24, 32}) {
     for (const bool flag : {false, true}) {
-      clsDIB dib = test::plainDib(5, 3, kWhite, bpp, flag);
+      clsDIB dib = plainDib(5, 3, kWhite, bpp, flag);
       clsDIB::PaintFromDIBtoDIB(drawn, dib);
       ASSERT_TRUE(dib.Save_DIB_To_File(path, dib));
       clsDIB read;
@@ -80,7 +79,7 @@ TEST(ClsDibFile, EveryDepthAndRowOrderReadsBackAsShown) {
 }
 
 TEST(ClsDibFile, PalettedFilesHoldTheRowsAndCountEveryByte) {
-  const test::TempFolder folder;
+  const TempFolder folder;
   const auto path = folder / "a.bmp";
   for (const int bpp : {1, 4, 8}) {
     clsDIB dib = dibOf({"#....", ".#..#", "...##"});
@@ -101,7 +100,7 @@ TEST(ClsDibFile, PalettedFilesHoldTheRowsAndCountEveryByte) {
 }
 
 TEST(ClsDibFile, FailuresSayWhyAndKeepTheOldFile) {
-  const test::TempFolder folder;
+  const TempFolder folder;
   const auto path = folder / "a.bmp";
   const clsDIB dib = dibOf({"#.", ".#", "##"});
   std::string reason;
@@ -120,7 +119,7 @@ TEST(ClsDibFile, FailuresSayWhyAndKeepTheOldFile) {
 }
 
 TEST(ClsDibFile, ThePictureLoaderGoesByTheExtension) {
-  const test::TempFolder folder;
+  const TempFolder folder;
   const clsDIB dib = dibOf({"#.", "..", ".#"});
   ASSERT_TRUE(dib.Save_DIB_To_File(folder / "a.bmp", dib));
   clsDIB read;
@@ -141,7 +140,7 @@ TEST(ClsDibFile, ThePictureLoaderGoesByTheExtension) {
 }
 
 TEST(ClsDibFile, EightBitsKeepFewColoursExactly) {
-  const test::TempFolder folder;
+  const TempFolder folder;
   clsDIB greys = dibOf(256, 1, [](int x, int) { return Pixel32::plain(rgb(x, x, x)); }), eight;
   clsPal pal;
   clsPalDither dither;
@@ -157,7 +156,7 @@ TEST(ClsDibFile, EightBitsKeepFewColoursExactly) {
   ASSERT_TRUE(clsDIB::ConvertDIB_To_DIB8BPP(many, eight, pal, dither, folder.path()));
   EXPECT_LE(clsDIB::CountColorsDIB(eight), 256);
   // The source shows what was written, pixel by pixel.
-  clsDIB shown = test::plainDib(40, 40, kBlack);
+  clsDIB shown = plainDib(40, 40, kBlack);
   clsDIB::PaintFromDIBtoDIB(eight, shown);
   EXPECT_TRUE(std::ranges::equal(shown.surface().bytes(), many.surface().bytes()));
   EXPECT_EQ(folder.names(), std::vector<std::string>{});

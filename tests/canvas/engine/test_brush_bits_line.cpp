@@ -5,9 +5,7 @@
 namespace ruvo::brush {
 namespace {
 
-using test::dibOf;
-using test::Rows;
-using test::rowsOf;
+using namespace test;
 
 Rows lined(int x1, int y1, int x2, int y2, int size, bool round) {
   clsDIB dib = dibOf(Rows(6, "........"));

@@ -6,10 +6,7 @@
 namespace ruvo::brush {
 namespace {
 
-using test::dibOf;
-using test::Ink;
-using test::Rows;
-using test::rowsOf;
+using namespace test;
 
 const Ink kInk = {
     {'.', kWhite}, {'#', kBlack}, {'r', rgb(255, 0, 0)}, {'g', rgb(0, 128, 0)}, {'p', rgb(255, 128, 128)}};
@@ -72,7 +69,7 @@ TEST(CustomBrush, touchedPixelsBecomeOpaque) {
   clsDIB canvas = dibOf({"###"}, kInk);
   canvas.setDIBhasAlpha(true);
   CustomBrushStroke(canvas, plus.picture, plus.mask, {}).press({1, 1});
-  for (int x = 0; x < 3; ++x) EXPECT_EQ(test::pixelAt(canvas, x, 0).alpha, x == 1 ? 255 : 0);
+  for (int x = 0; x < 3; ++x) EXPECT_EQ(pixelAt(canvas, x, 0).alpha, x == 1 ? 255 : 0);
 }
 
 TEST(Stamp, originalIsLaidCentredWithTheHalfTruncated) {

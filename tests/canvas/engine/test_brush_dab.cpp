@@ -6,20 +6,17 @@
 namespace ruvo::brush {
 namespace {
 
-using test::dibOf;
-using test::Rows;
-using test::rowsOf;
+using namespace test;
 
 constexpr Colour kRed = rgb(255, 0, 0);
 
-const test::Ink kInk = {{'.', kWhite}, {'#', kRed}};  // anything else, as the soft edge, shows as '?'
+const Ink kInk = {{'.', kWhite}, {'#', kRed}};  // anything else, as the soft edge, shows as '?'
 
 clsDIB blank(int width, int height) {
   return dibOf(Rows(height, std::string(width, '.')));
 }
 
-Rows dabbed(int width, int height, Point at, int size, int style,
-            test::SteadyRandom&& random = test::SteadyRandom(0.9)) {
+Rows dabbed(int width, int height, Point at, int size, int style, SteadyRandom&& random = SteadyRandom(0.9)) {
   clsDIB dib = blank(width, height);
   BrushStroke stroke;
   stroke.setRandomSource(&random);
@@ -59,7 +56,7 @@ TEST(BrushDab, softEdgeOnlyAtFullCover) {
   stroke.BrushStrokeBegin(dib, kBlack);
   stroke.BrushDab(3, 3, 3, 100, 2);
   // The corner lies at sqrt(8) of radius 3: byte(100 x (3 - 2.828) / 0.6 x 2.55) = 73 of 255 black on white.
-  EXPECT_EQ(test::pixelAt(dib, 1, 1).colour(), rgb(182, 182, 182));
+  EXPECT_EQ(pixelAt(dib, 1, 1).colour(), rgb(182, 182, 182));
 
   clsDIB even = blank(7, 7);
   stroke.BrushStrokeBegin(even, kBlack);
@@ -96,7 +93,7 @@ TEST(BrushDab, paintsTheInnerPartAtEveryEdge) {
 }
 
 TEST(BrushDab, sprayBrushNeedsNumbersAboveItsThreshold) {
-  test::SteadyRandom random(0.7);
+  SteadyRandom random(0.7);
   EXPECT_EQ(dabbed(5, 5, {2, 2}, 3, 3, std::move(random)), rowsOf(blank(5, 5)));
   EXPECT_EQ(random.seeds, 1);
 }

@@ -5,9 +5,7 @@
 namespace ruvo::brush {
 namespace {
 
-using test::dibOf;
-using test::Rows;
-using test::rowsOf;
+using namespace test;
 
 const Rows kBlank(5, ".......");
 
@@ -52,8 +50,8 @@ TEST(BrushPen, paintsOnlyWhatIsVisibleAndTellsWhere) {
   const Rect changed = paintPenSegment(dib, {2, 2}, {4, 1}, 3, kBlack, {0, 0, 4, 5});
   for (int y = 0; y < 5; ++y) {
     for (int x = 0; x < 7; ++x) {
-      const bool written = test::pixelAt(dib, x, y).colour() == kBlack;
-      EXPECT_EQ(test::pixelAt(dib, x, y).alpha, written ? 255 : 0);
+      const bool written = pixelAt(dib, x, y).colour() == kBlack;
+      EXPECT_EQ(pixelAt(dib, x, y).alpha, written ? 255 : 0);
       EXPECT_TRUE(!written || changed.contains(x, y)) << x << ' ' << y;
     }
   }

@@ -6,11 +6,9 @@
 namespace ruvo::brush {
 namespace {
 
-using test::dibOf;
-using test::Rows;
-using test::rowsOf;
+using namespace test;
 
-const test::Ink kGreys = {{'.', kWhite}, {'#', kBlack}, {'h', rgb(128, 128, 128)}, {'q', rgb(64, 64, 64)}};
+const Ink kGreys = {{'.', kWhite}, {'#', kBlack}, {'h', rgb(128, 128, 128)}, {'q', rgb(64, 64, 64)}};
 
 TEST(BrushStroke, translucentStrokeStaysEvenHoweverOftenItCrossesItself) {
   clsDIB dib = dibOf(Rows(7, ".........."));
@@ -33,7 +31,7 @@ TEST(BrushStroke, translucentStrokeStaysEvenHoweverOftenItCrossesItself) {
 
 TEST(BrushStroke, burstsBuildUp) {
   clsDIB dib = dibOf({"..."});
-  test::SteadyRandom random(0.9);
+  SteadyRandom random(0.9);
   BrushStroke stroke;
   stroke.setRandomSource(&random);
   stroke.BrushStrokeBegin(dib, kBlack);
@@ -46,7 +44,7 @@ TEST(BrushStroke, burstsBuildUp) {
 TEST(BrushStroke, densityIsAThresholdForTheRandomNumbers) {
   for (const int density : {0, 1, 2}) {
     clsDIB dib = dibOf({"."});
-    test::SteadyRandom random(std::array{0.8, 0.6, 0.4}[density]);
+    SteadyRandom random(std::array{0.8, 0.6, 0.4}[density]);
     BrushStroke stroke;
     stroke.setRandomSource(&random);
     stroke.BrushStrokeBegin(dib, kBlack);
@@ -79,7 +77,7 @@ TEST(StrokeStart, keepsOnlyTheTilesThatWereTouchedAsTheyWereFirst) {
   StrokeStart start(picture);
   const Rect area{60, 1990, 70, 2000};
   start.keep(area);
-  test::pixelAt(picture, 63, 1995) = Pixel32::plain(kWhite);
+  pixelAt(picture, 63, 1995) = Pixel32::plain(kWhite);
   start.keep(area);
   EXPECT_LE(start.keptPixels(), 2u * 64 * 64);
 
@@ -88,7 +86,7 @@ TEST(StrokeStart, keepsOnlyTheTilesThatWereTouchedAsTheyWereFirst) {
   ASSERT_EQ(pixels.size(), 100u);
   EXPECT_EQ(pixels[5 * 10 + 3].colour(), kBlack);
 
-  test::pixelAt(picture, 2999, 0) = Pixel32::plain(rgb(1, 2, 3));
+  pixelAt(picture, 2999, 0) = Pixel32::plain(rgb(1, 2, 3));
   const Rect corner{2998, 0, 3000, 2};
   start.keep(corner);
   start.read(corner, pixels);

@@ -3,8 +3,7 @@
 namespace ruvo {
 namespace {
 
-using test::Events;
-using test::RecordedCanvas;
+using namespace test;
 
 constexpr auto kRight = MouseButton::Right;
 
@@ -142,7 +141,7 @@ TEST(CanvasCore, RightClicksInScrollModeTellThePoint) {
 
 TEST(CanvasCore, CrossHairFollowsTheFreePointerAndIsWiped) {
   RecordedCanvas canvas;
-  canvas.show(test::dibOf({"...", "...", "..."}));
+  canvas.show(dibOf({"...", "...", "..."}));
   canvas.core.settings.TurnOnXYlines = true;
   const auto shown = [&] {
     std::vector<Pixel32> pixels(9);
@@ -167,7 +166,7 @@ TEST(CanvasCore, CrossHairFollowsTheFreePointerAndIsWiped) {
 
 TEST(CanvasCore, PixelReadoutOfFillAndReplace) {
   RecordedCanvas canvas;
-  canvas.show(test::dibOf({".#"}, {{'.', kWhite}, {'#', rgb(1, 2, 3)}}));
+  canvas.show(dibOf({".#"}, {{'.', kWhite}, {'#', rgb(1, 2, 3)}}));
   canvas.core.setToShowPixelRGB(true);
   canvas.core.setCanvasOp(0);
   canvas.move({1, 0});
@@ -189,7 +188,7 @@ TEST(CanvasCore, DroppedNamesNeedAnAllowedExtension) {
 
 TEST(CanvasCore, FittingKeepsSmallPicturesUnlessAskedOtherwise) {
   RecordedCanvas canvas(Size{102, 102});
-  canvas.show(test::dibOf({"....", "...."}));
+  canvas.show(dibOf({"....", "...."}));
   canvas.core.settings.FitInView = true;
   canvas.core.CanvasResize();
   EXPECT_EQ(canvas.core.view().picDisp, Rect::fromSize(49, 50, 4, 2));
@@ -240,7 +239,7 @@ TEST(CanvasEdges, TheOppositeEdgeStaysWhereItIs) {
        {EdgeCase{CanvasEdge::Right, {5, 9}, {25, 20}, {0, 0}}, EdgeCase{CanvasEdge::Bottom, {9, -3}, {20, 17}, {0, 0}},
         EdgeCase{CanvasEdge::Left, {-5, 0}, {25, 20}, {5, 0}}, EdgeCase{CanvasEdge::Top, {0, -4}, {20, 24}, {0, 4}}}) {
     RecordedCanvas canvas(20, 20);
-    test::pixelAt(canvas.core.bitmaps.DIB, 0, 0) = Pixel32::plain(kBlack);
+    pixelAt(canvas.core.bitmaps.DIB, 0, 0) = Pixel32::plain(kBlack);
     dragEdge(canvas, c.edge, c.travel);
     const std::string proforma = "NotifyDragResizeProforma ";
     EXPECT_EQ(canvas.events,
@@ -272,8 +271,8 @@ TEST(CanvasEdges, NewGroundOfATransparentPictureIsOpaqueWhite) {
   dragEdge(canvas, CanvasEdge::Bottom, {0, 1});
   const clsDIB& dib = canvas.core.bitmaps.DIB;
   EXPECT_TRUE(dib.DIBhasAlpha());
-  EXPECT_EQ(test::pixelAt(dib, 0, 20), Pixel32::opaque(kWhite));
-  EXPECT_EQ(test::pixelAt(dib, 0, 19), Pixel32::plain(kWhite));
+  EXPECT_EQ(pixelAt(dib, 0, 20), Pixel32::opaque(kWhite));
+  EXPECT_EQ(pixelAt(dib, 0, 19), Pixel32::plain(kWhite));
 }
 
 }  // namespace

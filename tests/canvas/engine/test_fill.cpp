@@ -7,10 +7,7 @@
 namespace ruvo::brush {
 namespace {
 
-using test::dibOf;
-using test::Ink;
-using test::Rows;
-using test::rowsOf;
+using namespace test;
 
 const Ink kInk = {{'.', kWhite}, {'#', kBlack}, {'r', rgb(255, 0, 0)}, {'g', rgb(0, 128, 0)}, {'b', rgb(0, 0, 255)}};
 constexpr Colour kRed = rgb(255, 0, 0);
@@ -61,7 +58,7 @@ TEST(FloodFill, builtInTilesTakeTheTwoColoursAndTheLoadedOneKeepsItsOwn) {
 TEST(FloodFill, alphaDoesNotSeparateAndBecomesOpaque) {
   clsDIB dib = dibOf({"##r", "rrr"}, kInk);
   dib.setDIBhasAlpha(true);
-  auto* row = &test::pixelAt(dib, 0, 0);
+  auto* row = &pixelAt(dib, 0, 0);
   for (int pattern : {0, 3, 9}) {
     row[0] = {0, 0, 0, 0};
     row[1] = {0, 0, 0, 9};
@@ -83,7 +80,7 @@ TEST(ReplaceColor, takesEveryPixelOfTheColourAndNoOther) {
   clsDIB none;
   EXPECT_TRUE(ReplaceColor(none, kWhite, kBlack).empty());
 
-  auto* row = &test::pixelAt(dib, 0, 0);
+  auto* row = &pixelAt(dib, 0, 0);
   row[0].alpha = 5;
   dib.setDIBhasAlpha(true);
   ReplaceColor(dib, rgb(0, 128, 0), kRed);

@@ -5,8 +5,7 @@
 namespace ruvo {
 namespace {
 
-using test::Events;
-using test::RecordedCanvas;
+using namespace test;
 
 const Events kStroke = {"DispMeasureClear", "NotifyToPrepareUndo"};
 
@@ -119,7 +118,7 @@ TEST(Tools, AStrokeDoesNotGoOnInAnotherPicture) {
       canvas.core.settings.BrushStyle = style;
       canvas.core.settings.TransparentColor = kBlack;
       canvas.press({2, 2});
-      canvas.core.bitmaps.DIB = test::dibOf({"...", "..."});
+      canvas.core.bitmaps.DIB = dibOf({"...", "..."});
       canvas.core.CanvasPicPaint();
       canvas.clear();
       canvas.move({1, 1});
@@ -132,7 +131,7 @@ TEST(Tools, AStrokeDoesNotGoOnInAnotherPicture) {
 
 TEST(Tools, FillActsAtRelease) {
   Drawing canvas(2);
-  canvas.core.bitmaps.DIB = test::dibOf({"..#", ".#.", "#.."});
+  canvas.core.bitmaps.DIB = dibOf({"..#", ".#.", "#.."});
   canvas.core.CanvasResize();
   canvas.clear();
   canvas.press({0, 0});
@@ -152,7 +151,7 @@ TEST(Tools, FillActsAtRelease) {
 
 TEST(Tools, ReplaceActsOnTheWholePictureAndTellsEvenForNothing) {
   Drawing canvas(15);
-  canvas.core.bitmaps.DIB = test::dibOf({".#x", "x#."}, {{'.', kWhite}, {'#', kBlack}, {'x', rgb(9, 9, 9)}});
+  canvas.core.bitmaps.DIB = dibOf({".#x", "x#."}, {{'.', kWhite}, {'#', kBlack}, {'x', rgb(9, 9, 9)}});
   canvas.core.CanvasResize();
   canvas.clear();
   canvas.click({0, 0});
@@ -168,15 +167,15 @@ TEST(Tools, StampIsPutDownCentredAndSaysWhenThereIsNone) {
   Drawing canvas(13);
   canvas.click({2, 2});
   EXPECT_EQ(canvas.taken(), (Events{"DispMeasureClear", "NoStamp"}));
-  canvas.core.bitmaps.DIBStamp = test::dibOf({"###", "###"});
-  canvas.core.bitmaps.DIBStampMask = test::dibOf({"#.#", ".#."});
+  canvas.core.bitmaps.DIBStamp = dibOf({"###", "###"});
+  canvas.core.bitmaps.DIBStampMask = dibOf({"#.#", ".#."});
   canvas.click({2, 2});
   EXPECT_EQ(canvas.taken(), kStroke);
   EXPECT_PICTURE(canvas.picture(), {".....", ".#.#.", "..#..", ".....", "....."});
 }
 
 TEST(Tools, SprayBurstsAtPressAndAtEachMove) {
-  test::SteadyRandom dots(0.99);
+  SteadyRandom dots(0.99);
   Drawing canvas(14, 60);
   canvas.core.setRandomSource(&dots);
   canvas.press({10, 10});
@@ -191,7 +190,7 @@ TEST(Tools, SprayBurstsAtPressAndAtEachMove) {
 
 TEST(Tools, ThePickerTellsWhatIsSeen) {
   Drawing canvas(16);
-  canvas.core.bitmaps.DIB = test::dibOf({"#."});
+  canvas.core.bitmaps.DIB = dibOf({"#."});
   canvas.core.settings.Magnify = 3;
   canvas.core.CanvasResize();
   canvas.clear();

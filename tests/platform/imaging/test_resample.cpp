@@ -10,8 +10,7 @@ namespace ruvo::imaging {
 namespace {
 
 using raster::Surface;
-using test::pixelAt;
-using test::surfaceOf;
+using namespace test;
 
 Surface blank(int width, int height, int depth = 32) {
   Surface surface;
@@ -42,7 +41,7 @@ TEST(Resample, BicubicKeepsFlatColoursSizesAndStraightRamps) {
     Surface target = blank(width, height);
     resampleBicubic(surfaceOf(37, 23, [](int, int) { return Pixel32{10, 250, 255, 9}; }), target, false);
     // Corners too: edges do not fade.
-    EXPECT_EQ(test::farthest(&target, [](int, int) { return Pixel32{10, 250, 255, 0}; }), 0);
+    EXPECT_EQ(farthest(&target, [](int, int) { return Pixel32{10, 250, 255, 0}; }), 0);
   }
   Surface ramp = blank(40, 1), same = blank(40, 1), twice = blank(80, 1), half = blank(20, 1);
   for (int x = 0; x < 40; ++x) pixelAt(ramp, x, 0).green = static_cast<std::uint8_t>(6 * x);
@@ -71,7 +70,7 @@ TEST(Resample, ShrinkingCountsEverySourcePixel) {
   Surface small = blank(10, 10);
   resampleBicubic(surfaceOf(100, 100, [](int x, int y) { return Pixel32::plain((x + y) % 2 ? kWhite : kBlack); }),
                   small, false);
-  EXPECT_LE(test::farthest(&small, [](int, int) { return Pixel32{127, 127, 127, 0}; }), 3);
+  EXPECT_LE(farthest(&small, [](int, int) { return Pixel32{127, 127, 127, 0}; }), 3);
 }
 
 TEST(Resample, SeeThroughColoursDoNotBleed) {
