@@ -1,31 +1,20 @@
 // BMP writing and reading beside the plain transfer of the same bytes, on a picture of 20 megapixels.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
-#include <stdlib.h>
 #include <unistd.h>
 
-#include <filesystem>
 #include <vector>
 
 #include "image/clsDIB.h"
+#include "support/temp_folder.h"
 
 namespace ruvo {
 namespace {
 
 constexpr int kWidth = 5472;
 constexpr int kHeight = 3648;
+constexpr char kFile[] = "picture.bmp";
 constexpr std::int64_t kFileBytes = 54 + static_cast<std::int64_t>(kWidth) * 3 * kHeight;
-
-class Folder {
- public:
-  Folder() { path_ = ::mkdtemp(pattern_.data()); }
-  ~Folder() { std::filesystem::remove_all(path_); }
-  std::filesystem::path file() const { return path_ / "picture.bmp"; }
-
- private:
-  std::string pattern_ = (std::filesystem::temp_directory_path() / "ruvo-bench-XXXXXX").string();
-  std::filesystem::path path_;
-};
 
 const clsDIB& picture() {
   static const clsDIB dib = [] {
@@ -44,25 +33,25 @@ const clsDIB& picture() {
 
 // Each write goes to a new file beside the old one and takes its place, as a save does.
 void PlainWrite20MP(benchmark::State& state) {
-  const Folder folder;
+  const test::TempFolder folder;
   const std::vector<std::uint8_t> bytes(kFileBytes, 7);
-  const std::filesystem::path neighbour = folder.file().string() + ".new";
+  const auto neighbour = folder / "picture.new";
   for (auto _ : state) {
     const int fd = ::open(neighbour.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     std::int64_t done = 0;
     while (done < kFileBytes) done += ::write(fd, bytes.data() + done, static_cast<std::size_t>(kFileBytes - done));
     ::close(fd);
-    std::filesystem::rename(neighbour, folder.file());
+    std::filesystem::rename(neighbour, folder / kFile);
   }
   state.SetBytesProcessed(state.iterations() * kFileBytes);
 }
 BENCHMARK(PlainWrite20MP)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void SaveBmp20MP(benchmark::State& state) {
-  const Folder folder;
+  const test::TempFolder folder;
   const clsDIB& dib = picture();
   for (auto _ : state) {
-    if (!dib.Save_DIB_To_File(folder.file(), dib)) state.SkipWithError("not written");
+    if (!dib.Save_DIB_To_File(folder / kFile, dib)) state.SkipWithError("not written");
   }
   state.SetBytesProcessed(state.iterations() * kFileBytes);
 }
@@ -70,11 +59,11 @@ BENCHMARK(SaveBmp20MP)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // Into fresh memory each time, as a reader that gives a new picture must.
 void PlainRead20MP(benchmark::State& state) {
-  const Folder folder;
-  picture().Save_DIB_To_File(folder.file(), picture());
+  const test::TempFolder folder;
+  picture().Save_DIB_To_File(folder / kFile, picture());
   for (auto _ : state) {
     auto* bytes = static_cast<std::uint8_t*>(std::malloc(kFileBytes));
-    const int fd = ::open(folder.file().c_str(), O_RDONLY);
+    const int fd = ::open((folder / kFile).c_str(), O_RDONLY);
     std::int64_t done = 0;
     while (done < kFileBytes) done += ::read(fd, bytes + done, static_cast<std::size_t>(kFileBytes - done));
     ::close(fd);
@@ -86,11 +75,11 @@ void PlainRead20MP(benchmark::State& state) {
 BENCHMARK(PlainRead20MP)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void ReadBmp20MP(benchmark::State& state) {
-  const Folder folder;
-  picture().Save_DIB_To_File(folder.file(), picture());
+  const test::TempFolder folder;
+  picture().Save_DIB_To_File(folder / kFile, picture());
   for (auto _ : state) {
     clsDIB dib;
-    if (!dib.CreateDIBFromFile(folder.file())) state.SkipWithError("not read");
+    if (!dib.CreateDIBFromFile(folder / kFile)) state.SkipWithError("not read");
   }
   state.SetBytesProcessed(state.iterations() * kFileBytes);
 }
