@@ -7,7 +7,7 @@
 namespace ruvo {
 namespace {
 
-using test::plainDib;
+using namespace test;
 
 std::vector<int> greysOf(const clsDIB& dib, int row) {
   std::vector<int> greys;
@@ -74,10 +74,10 @@ TEST(ClsPalDither, ColoursOfTheTableComeBackUnchanged) {
     const int i = (x * 7 + y) % 216;
     return Pixel32::plain(rgb(pal.rgbR(i), pal.rgbG(i), pal.rgbB(i)));
   };
-  clsDIB dib = test::dibOf(216, 3, pixel);
+  clsDIB dib = dibOf(216, 3, pixel);
   clsPalDither work;
   work.DitherToPalette256(dib, pal);
-  EXPECT_EQ(test::farthest(&dib.surface(), pixel), 0);
+  EXPECT_EQ(farthest(&dib.surface(), pixel), 0);
   EXPECT_EQ(work.row(0)[1], (7 + 2) % 216);
 }
 
@@ -96,9 +96,8 @@ TEST(ClsPalDither, ErrorsOfThreeAreDroppedAndOthersSpread) {
   view.at(1, 0) = Pixel32{0, 0, 200, 0};  // nearest 192 grey is far; red 255 has error -55
   view.at(2, 0) = view.at(0, 1) = view.at(1, 1) = view.at(2, 1) = Pixel32{0, 0, 100, 0};
   work.DitherToPalette256(dib, pal);
-  const auto red = [&](int x, int y) { return int{view.at(x, y).red}; };
-  EXPECT_EQ(red(1, 0), 255);
-  EXPECT_EQ(red(2, 0), 128);  // 100 - 24 = 76: cell 4 is 68, nearest 128
+  EXPECT_EQ(view.at(1, 0).red, 255);
+  EXPECT_EQ(view.at(2, 0).red, 128);  // 100 - 24 = 76: cell 4 is 68, nearest 128
   EXPECT_EQ(work.row(0)[1], 9);
 }
 
@@ -129,19 +128,19 @@ TEST(ClsPalDither, ExactRowsLoseNothingOrSayNo) {
   ASSERT_TRUE(work.ExactRows(plainDib(9, 1, kBlack), pal, 1));
   EXPECT_THAT(work.TableEntry(), testing::ElementsAre(0, 0, 0, 0));
   EXPECT_EQ(pal.MaxCount(), 2);
-  ASSERT_TRUE(work.ExactRows(test::dibOf({"#.", ".#"}), pal, 1));
+  ASSERT_TRUE(work.ExactRows(dibOf({"#.", ".#"}), pal, 1));
   EXPECT_EQ(work.row(0)[0], 0x80);
   EXPECT_EQ(work.row(1)[0], 0x40);
 
-  const test::Ink ink = {{'r', rgb(255, 0, 0)}, {'w', kWhite}, {'o', rgb(255, 128, 1)}};
-  ASSERT_TRUE(work.ExactRows(test::dibOf({"rw"}, ink), pal, 4));  // among the sixteen
+  const Ink ink = {{'r', rgb(255, 0, 0)}, {'w', kWhite}, {'o', rgb(255, 128, 1)}};
+  ASSERT_TRUE(work.ExactRows(dibOf({"rw"}, ink), pal, 4));  // among the sixteen
   EXPECT_EQ(pal.MaxCount(), 16);
   EXPECT_EQ(work.row(0)[0], 0x9F);
-  ASSERT_TRUE(work.ExactRows(test::dibOf({"ro"}, ink), pal, 1));  // two others
+  ASSERT_TRUE(work.ExactRows(dibOf({"ro"}, ink), pal, 1));  // two others
   EXPECT_EQ(pal.MaxCount(), 2);
   EXPECT_EQ(pal.rgbG(1), 128);
   EXPECT_EQ(work.row(0)[0], 0x40);
-  EXPECT_FALSE(work.ExactRows(test::dibOf({"row"}, ink), pal, 1));
+  EXPECT_FALSE(work.ExactRows(dibOf({"row"}, ink), pal, 1));
   EXPECT_EQ(pal.MaxCount(), 2);  // as it was
   EXPECT_EQ(work.width(), 2);
 
