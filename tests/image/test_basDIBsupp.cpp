@@ -25,10 +25,8 @@ TEST(DIBsupp, RowsWithATableMakeAPictureThatDraws) {
   const Bytes table = {255, 255, 255, 0, 0, 0, 0, 0, 0, 0, 200, 0};
   const imaging::Picture picture = CreatePictureFromBits(bits, 2, 2, 8, table);
   ASSERT_TRUE(picture);
-  raster::Surface target;
-  target.create(4, 3, 32);
-  raster::Surface small;
-  small.create(4, 3, 32);
+  raster::Surface target, small;
+  ASSERT_TRUE(target.create(4, 3, 32) && small.create(4, 3, 32));
   DrawPictureTo(picture, target, 1, 0);
   DrawPictureTo(picture, small, 1, 0, 1, 1);
   const test::Ink ink = {{'.', kWhite}, {' ', kBlack}, {'r', rgb(200, 0, 0)}};

@@ -79,16 +79,6 @@ TEST(CanvasCore, ClicksOnTheBackgroundAndLeavingThePicture) {
   EXPECT_EQ(canvas.taken(), (Events{"NotifyCanvasMouseClick", "MonitorXYdata 3 4", "NotifyCanvasMouseMove"}));
 }
 
-TEST(CanvasCore, ScrollValuesAreClampedAndTold) {
-  RecordedCanvas canvas(300, 40);
-  canvas.core.SetScrollValues(1000, 1000, true, true);
-  EXPECT_EQ(canvas.core.view().ScrollX, 300 - 96);
-  EXPECT_EQ(canvas.core.view().ScrollY, 0);
-  canvas.core.SetScrollValues(-5, -5, false, false);
-  EXPECT_EQ(canvas.core.view().ScrollX, 0);
-  EXPECT_EQ(canvas.taken(), (Events{"NotifyScroll", "NotifyScroll"}));
-}
-
 TEST(CanvasCore, CleansingGoesBackToBlank) {
   RecordedCanvas canvas(300, 300);
   canvas.core.setCanvasOp(0);

@@ -134,13 +134,18 @@ TEST(Blit, OverlapsEdgesAndRowOrders) {
       }
     }
   }
-  // The padding of 24-bit rows stays.
-  Surface padded = rowOf(24, {1, 2, 3, 4, 5});
-  padded.bits()[15] = 0xEE;
-  blit(padded, 0, 0, rowOf(32, {0xFF0A0B0C, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66}));
-  EXPECT_EQ(valuesOf(padded), (Values{0x0A0B0C, 0x11, 0x22, 0x33, 0x44}));
-  EXPECT_EQ(padded.bits()[15], 0xEE);
-  EXPECT_EQ(blitted(padded, rowOf(32, Values(6, 0xAAAAAAAA))), (Values{0x0A0B0C, 0x11, 0x22, 0x33, 0x44, 0xAAAAAAAA}));
+  // Longer than the eight pixels that are turned at once; the padding of 24-bit rows stays.
+  Values wide, narrow;
+  for (std::uint32_t i = 0; i < 22; ++i) {
+    wide.push_back(0xFF0A0B0C + i * 0x10307);
+    narrow.push_back(wide[i] & 0xFFFFFF);
+  }
+  Surface padded = rowOf(24, Values(21, 1));
+  padded.bits()[63] = 0xEE;
+  blit(padded, 0, 0, rowOf(32, wide));
+  EXPECT_EQ(padded.bits()[63], 0xEE);
+  narrow.back() = 0xAAAAAAAA;
+  EXPECT_EQ(blitted(padded, rowOf(32, Values(22, 0xAAAAAAAA))), narrow);
 }
 
 }  // namespace
