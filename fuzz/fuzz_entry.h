@@ -31,8 +31,8 @@ struct Registration {
   }                                                                                      \
   static void fuzz_##name(std::span<const std::uint8_t> data)
 #else
-#define RUVO_FUZZ_ENTRY(name, data)                                                   \
-  static void fuzz_##name(std::span<const std::uint8_t> data);                        \
-  static const ruvo::fuzz::Registration registration_##name{#name, &fuzz_##name};     \
+#define RUVO_FUZZ_ENTRY(name, data)                                               \
+  static void fuzz_##name(std::span<const std::uint8_t> data);                    \
+  static const ruvo::fuzz::Registration registration_##name{#name, &fuzz_##name}; \
   static void fuzz_##name(std::span<const std::uint8_t> data)
 #endif

@@ -5,9 +5,9 @@
 namespace ruvo::imaging {
 
 struct ServiceFaults {
-  bool notFound = false;     // as if the library were missing
-  bool failsToStart = false; // as if its start-up call failed
-  bool noZlib = false;       // as if the compression library were missing
+  bool notFound = false;      // as if the library were missing
+  bool failsToStart = false;  // as if its start-up call failed
+  bool noZlib = false;        // as if the compression library were missing
 };
 // For tests: takes effect at the next startImagingService(), noZlib at once.
 void setServiceFaults(const ServiceFaults& faults);

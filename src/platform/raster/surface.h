@@ -140,6 +140,8 @@ class Surface {
 };
 
 // Bytes of one row: ((width x depth + 31) \ 32) x 4.
-constexpr std::int64_t strideFor(std::int64_t width, int depth) { return (width * depth + 31) / 32 * 4; }
+constexpr std::int64_t strideFor(std::int64_t width, int depth) {
+  return (width * depth + 31) / 32 * 4;
+}
 
 }  // namespace ruvo::raster
