@@ -14,6 +14,18 @@ bool scaleAllowed(Size picture, int scale) {
   return longest * scale <= kMaxPictureSide;
 }
 
+// The part of the magnified picture that is seen, device pixels: all but what the bars hide. Where the picture is longer
+// than a bar can say, no more than the canvas is long.
+Size seenOf(const ucCanvas& canvas) {
+  Size gross;
+  Size hidden;
+  canvas.GetCurrentGrossImageSize(gross.width, gross.height);
+  canvas.GetScrollMaxInfo(hidden.width, hidden.height);
+  const QSizeF client = QSizeF(canvas.size()) * canvas.devicePixelRatioF();
+  return {std::min(gross.width - hidden.width, qRound(client.width())),
+          std::min(gross.height - hidden.height, qRound(client.height()))};
+}
+
 }  // namespace
 
 // A picture that took the place of a smaller one may be too large for the scale of that.
@@ -27,22 +39,19 @@ void frmRuvoPaint::Private::limitMagnify() {
 void frmRuvoPaint::Private::setMagnify(int magnify) {
   CanvasSettings& settings = canvas->settings();
   if (magnify < 1 || magnify == settings.Magnify) return;
-  int x1 = 0;
-  int y1 = 0;
-  int x2 = 0;
-  int y2 = 0;
-  canvas->GetVisibleInfo(x1, y1, x2, y2);
+  Point scroll;
+  canvas->GetScrollValues(scroll.x, scroll.y);
+  const Size seen = seenOf(*canvas);
   const int before = settings.Magnify;
   settings.Magnify = magnify;
   canvas->CanvasResize();
-  // A picture smaller than the view ends before what the view shows.
-  const auto scrollFor = [&](int first, int last, int length) {
-    const std::int64_t middle = (static_cast<std::int64_t>(first) + std::min(last + 1, length)) / 2;
-    const std::int64_t shown = static_cast<std::int64_t>(last - first + 1) * before;
-    return static_cast<int>(std::max<std::int64_t>(0, middle * magnify - shown / 2));
+  const Size sees = seenOf(*canvas);
+  // In halves of a pixel, so that a row of steps does not creep.
+  const auto scrollFor = [&](int start, int length, int now) {
+    const std::int64_t middle = (2 * static_cast<std::int64_t>(start) + length) * magnify / before;
+    return static_cast<int>(std::max<std::int64_t>(0, (middle - now) / 2));
   };
-  const Size picture = canvas->DIB().size();
-  canvas->SetScrollValues(scrollFor(x1, x2, picture.width), scrollFor(y1, y2, picture.height), true, true);
+  canvas->SetScrollValues(scrollFor(scroll.x, seen.width, sees.width), scrollFor(scroll.y, seen.height, sees.height));
   showPicture();
 }
 

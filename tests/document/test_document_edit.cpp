@@ -89,6 +89,18 @@ TEST_F(DocumentEdit, ToolsFollowTheToolboxAndTheMode) {
   EXPECT_TRUE(main.calls.contains("FlatAllToolsImages"));
 }
 
+TEST_F(DocumentEdit, ZoomKeepsTheMiddleOfAPictureThatOutgrowsTheView) {
+  ASSERT_TRUE(open(write("small.bmp", plain(200, 150, Qt::red))));
+  for (int i = 0; i < 7; ++i) document->Do_cmdZoomClick(0);
+  Point scroll;
+  Point hidden;
+  document->canvas()->GetScrollValues(scroll.x, scroll.y);
+  document->canvas()->GetScrollMaxInfo(hidden.x, hidden.y);
+  ASSERT_GT(hidden.x, 100);
+  EXPECT_NEAR(2 * scroll.x, hidden.x, 8);
+  EXPECT_NEAR(2 * scroll.y, hidden.y, 8);
+}
+
 TEST_F(DocumentEdit, ZoomStaysWithinItsLimits) {
   ASSERT_TRUE(open(write("big.bmp", plain(5000, 20, Qt::red))));
   ucCanvas& canvas = *document->canvas();
