@@ -1,0 +1,39 @@
+// PCX files: read at every depth into 32 bits, written with 24.
+#pragma once
+
+#include <filesystem>
+#include <span>
+
+#include "image/clsDIB.h"
+
+namespace ruvo {
+
+class clsPCX {
+ public:
+  bool Compressed = false;  // of the file that was read; for saving, whether to compress
+
+  // False when the file is none of this kind (IsPCX() false) or its picture is damaged or too large (IsPCX() true; the
+  // stated size is still in PCXWidth() and PCXHeight()).
+  bool LoadPCX(const std::filesystem::path& FileName);
+  bool loadBytes(std::span<const std::uint8_t> file);
+  bool IsPCX() const { return valid_; }
+  int PCXWidth() const { return width_; }
+  int PCXHeight() const { return height_; }
+  int Bpp() const { return bpp_; }
+  // 32 bits, byte 3 zero; empty unless a load succeeded.
+  const clsDIB& dib() const { return dib_; }
+  clsDIB takeDib() { return std::move(dib_); }
+  void DrawPCX(raster::Surface& hDC, int X, int Y) const;
+  // The top left Width x Height of a surface. The file is replaced whole; false leaves the old one.
+  bool SavePCXinFile(const std::filesystem::path& FileName, const raster::Surface& hDC, int Width, int Height) const;
+  void ClearUp();
+
+ private:
+  clsDIB dib_;
+  bool valid_ = false;
+  int width_ = 0;
+  int height_ = 0;
+  int bpp_ = 0;
+};
+
+}  // namespace ruvo

@@ -1,0 +1,65 @@
+// The formats of the program, each once: extensions, names, filters, and how its pictures are read. Opening, saving,
+// the file dialogs and the command line all read this table.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "image/clsDIB.h"
+#include "platform/imaging/picture_loader.h"
+
+namespace ruvo {
+
+class clsICO;
+
+enum class Format { Bmp, Gif, Jpeg, Wmf, Emf, Png, Tiff, Tga, Pcx, Ico, Cur };
+
+struct FormatRow {
+  Format format;
+  std::string_view family;      // of its group in the open dialog
+  std::string_view extensions;  // lower case with dots, the usual one first: ".jpg/.jpeg"
+  std::string_view saveFilter;  // of the save dialog; empty when the program does not write the format
+  std::string_view mimeType;    // empty when the imaging service does not know it
+  bool readNeedsImaging;        // refused in words when the imaging service is not usable
+  bool writeNeedsImaging;
+};
+std::span<const FormatRow> formatTable();
+const FormatRow& rowOf(Format format);
+// By extension with its dot, whatever its letter case; null for none of ours.
+const FormatRow* formatOfExtension(std::string_view extension);
+
+// A GIF up to this size is read into the frame model; a larger one by the platform's loader.
+inline constexpr std::int64_t kLargestModelledGif = 2000000;
+
+struct ReadRequest {
+  // The program's own reader where the platform's could do it (PNG, and GIF of any size).
+  bool native = false;
+  // Which image of an icon file with several; -1 gives up. Without it the first.
+  std::function<int(const clsICO&)> chooseImage;
+};
+
+struct ReadPicture {
+  imaging::LoadError error = imaging::LoadError::None;
+  bool cancelled = false;  // chooseImage gave up
+  int gifCode = 0;         // the frame model's code when it refused
+  int width = 0;           // as the file states it, also when it was refused for its size
+  int height = 0;
+  clsDIB dib;         // 32 bits, real alpha in byte 3 when DIBhasAlpha
+  clsDIB mask;        // of an icon or cursor: 1 bit, white where see-through
+  int fileDepth = 0;  // bits a pixel as stored in the file
+  // Where the format tells.
+  std::optional<bool> transparent;
+  std::optional<bool> interlaced;
+  std::optional<bool> severalFrames;
+
+  explicit operator bool() const { return !dib.empty(); }
+};
+
+// Reads a file as that format: its (first) picture on white.
+ReadPicture readPicture(const std::filesystem::path& file, const FormatRow& row, const ReadRequest& request = {});
+
+}  // namespace ruvo
