@@ -1,7 +1,7 @@
 // Pictures that a tool paints with: custom brush, fill pattern and stamp.
 #include "document/frmRuvoPaint_Private.h"
+#include "document/model/colour_reduction.h"
 #include "document/model/picture_loading.h"
-#include "document/model/picture_writing.h"
 
 namespace ruvo {
 namespace {

@@ -6,6 +6,7 @@
 
 #include "base/paths.h"
 #include "document/frmRuvoPaint_Private.h"
+#include "document/model/colour_reduction.h"
 #include "document/option_rows.h"
 
 namespace ruvo {
@@ -23,7 +24,7 @@ void closeWindow(frmRuvoPaint& document) {
 
 // A row with no entry here is one that is not built, and disabled.
 void frmRuvoPaint::Private::runMenu(const QString& control, int index) {
-  using Run = void (*)(Private& document, int index);
+  using Run = void (*)(Private & document, int index);
   static const QHash<QString, Run> kCommands = {
       {"mnuFileSub", [](Private& d, int i) { d.runFileMenu(i); }},
       {"mnuFileHistory", [](Private& d, int i) { d.link.openFromHistory(i - 1); }},
@@ -45,6 +46,7 @@ void frmRuvoPaint::Private::runMenu(const QString& control, int index) {
       {"mnuHelpSub", [](Private& d, int i) { d.link.mnuHelpSub_Click(i); }},
   };
   if (const SaveItem* item = saveItemOf(control.toStdString(), index)) return saveAs(*item);
+  if (const ReductionItem* item = reductionItemOf(control.toStdString(), index)) return reduceColours(*item);
   if (const Run run = kCommands.value(control)) run(*this, index);
 }
 
@@ -130,6 +132,7 @@ void frmRuvoPaint::Private::updateMenus() {
     if (history.canUndo()) have |= kNeedUndo;
     if (history.canRedo()) have |= kNeedRedo;
   }
+  if (!link.toolbox().viewMode) have |= kNeedPaintMode;
   if (session().gdiPlusUsable) have |= kNeedImaging;
   if (desktop::desktop().clipboardHasPicture()) have |= kNeedClipboard;
   menus->setHave(have);

@@ -18,6 +18,8 @@
 
 namespace ruvo {
 
+struct ReductionItem;
+
 inline QString qt(const std::string& text) {
   return QString::fromStdString(text);
 }
@@ -61,6 +63,9 @@ struct frmRuvoPaint::Private {
   std::unique_ptr<MenuSet> menus;
   UndoHistory history;
   FileRecord record;
+  // Of the icon or cursor that the picture was loaded from, white where see-through; empty for any other picture, and
+  // once the picture's pixels no longer lie where they were loaded.
+  clsDIB iconMask;
   bool awaitsFirstActivation = true;
   bool busy = false;             // Undo or Redo runs; a second click is dropped
   bool historyGapTold = false;   // a state could not be written and the user knows
@@ -122,6 +127,7 @@ struct frmRuvoPaint::Private {
 
   // --- Commands
   void commandNew();
+  void reduceColours(const ReductionItem& item);
   void commandOpen(bool inExistingWindow);
   void openDropped();
   bool refuseOpen(OpenFault fault, const std::string& path, bool quiet);

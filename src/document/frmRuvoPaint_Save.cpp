@@ -4,6 +4,7 @@
 #include "base/limits.h"
 #include "base/paths.h"
 #include "document/frmRuvoPaint_Private.h"
+#include "document/model/colour_reduction.h"
 #include "document/model/new_size_rules.h"
 #include "document/model/picture_writing.h"
 #include "document/model/status_texts.h"
@@ -35,8 +36,7 @@ QString frmRuvoPaint::Private::askForSaveName(const SaveItem& item, Size size) {
   std::string proposed = proposedName(record.name, info.extension, folderForFiles().toStdString());
   QString chosen;
   while (true) {
-    chosen =
-        desktop::desktop().saveFile(link.window(), title, qt(proposed), qt(std::string(info.filter)), extension);
+    chosen = desktop::desktop().saveFile(link.window(), title, qt(proposed), qt(std::string(info.filter)), extension);
     if (chosen.isEmpty()) return chosen;
     const std::string path = chosen.toStdString();
     proposed = pathWithExtension(info, path);
@@ -79,7 +79,7 @@ bool frmRuvoPaint::Private::write(const SaveItem& item, const std::string& path,
   const ProgressShown shown(link);
   if (item.reduceCanvas && typeOfPath(record.name) != "GIF" && clsDIB::BPPperActualDIB(canvas->DIB()) > 8) {
     if (!clsDIB::CloneDIB(canvas->DIB(), reduced, kWhite, canvas->DIB().BottomUp()) ||
-        !reduceTo256(reduced, shown.progress()))
+        !ruvo::reduceColours(reduced, Reduction::To256, shown.progress()))
       return false;
   }
   const clsDIB& picture = reduced.empty() ? canvas->DIB() : reduced;

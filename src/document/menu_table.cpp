@@ -21,6 +21,7 @@ constexpr MenuRow line(const char* control, int index, const char* parent, unsig
 }
 
 constexpr unsigned kEditPicture = kNeedPicture | kNotBuilt;
+constexpr unsigned kReducePicture = kNeedPicture | kNeedPaintMode;
 constexpr unsigned kEditRegion = kNeedPicture | kNeedRegion | kNotBuilt;
 constexpr unsigned kEditPaste = kNeedClipboard | kNotBuilt;
 
@@ -211,16 +212,16 @@ constexpr MenuRow kRows[] = {
     line("mnuResizeSub", 1, "mnuResize", kScopeDocument),
     item("mnuResizeSub", 2, "mnuResize", "&Adjust Edge ....", kEditPicture, kScopeDocument),
     bar("mnuBPP", "&BPP", kScopeDocument),
-    item("mnuBPPSub", 0, "mnuBPP", "&Color Reduction", kEditPicture, kScopeDocument),
-    item("mnuColorReductionSub", 0, "mnuBPPSub(0)", "To &256-Color", kEditPicture, kScopeDocument),
-    item("mnuColorReductionSub", 1, "mnuBPPSub(0)", "To &16-Color", kEditPicture, kScopeDocument),
-    item("mnuColorReductionSub", 2, "mnuBPPSub(0)", "To &B&&W", kEditPicture, kScopeDocument),
-    item("mnuColorReductionBWSub", 0, "mnuColorReductionSub(2)", "&Stucki", kEditPicture, kScopeDocument),
-    item("mnuColorReductionBWSub", 1, "mnuColorReductionSub(2)", "&Floyd Steinberg", kEditPicture, kScopeDocument),
-    item("mnuColorReductionBWSub", 2, "mnuColorReductionSub(2)", "&Burke", kEditPicture, kScopeDocument),
-    item("mnuColorReductionBWSub", 3, "mnuColorReductionSub(2)", "&Ordered", kEditPicture, kScopeDocument),
+    item("mnuBPPSub", 0, "mnuBPP", "&Color Reduction", kReducePicture, kScopeDocument),
+    item("mnuColorReductionSub", 0, "mnuBPPSub(0)", "To &256-Color", kReducePicture, kScopeDocument),
+    item("mnuColorReductionSub", 1, "mnuBPPSub(0)", "To &16-Color", kReducePicture, kScopeDocument),
+    item("mnuColorReductionSub", 2, "mnuBPPSub(0)", "To &B&&W", kReducePicture, kScopeDocument),
+    item("mnuColorReductionBWSub", 0, "mnuColorReductionSub(2)", "&Stucki", kReducePicture, kScopeDocument),
+    item("mnuColorReductionBWSub", 1, "mnuColorReductionSub(2)", "&Floyd Steinberg", kReducePicture, kScopeDocument),
+    item("mnuColorReductionBWSub", 2, "mnuColorReductionSub(2)", "&Burke", kReducePicture, kScopeDocument),
+    item("mnuColorReductionBWSub", 3, "mnuColorReductionSub(2)", "&Ordered", kReducePicture, kScopeDocument),
     line("mnuBPPSub", 1, "mnuBPP", kScopeDocument),
-    item("mnuBPPSub", 2, "mnuBPP", "To &Websafe", kEditPicture, kScopeDocument),
+    item("mnuBPPSub", 2, "mnuBPP", "To &Websafe", kReducePicture, kScopeDocument),
     bar("mnuInquiry", "&Inquiry", kScopeDocument),
     item("mnuInquiryOriginal", -1, "mnuInquiry", "&General Properties", kNeedPicture, kScopeDocument),
     item("mnuInquiryColorCount", -1, "mnuInquiry", "&Colors Count", kNeedPicture, kScopeDocument),

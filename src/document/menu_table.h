@@ -25,15 +25,17 @@ enum MenuNeed : unsigned {
   kNeedRedo = 8,
   kNeedClipboard = 16,
   kNeedImaging = 32,
+  kNeedPaintMode = 64,
   kNotBuilt = 0x8000,
 };
 
 struct MenuRow {
   const char* control;  // "mnuFileSub"; a row with children is the parent's control name
   int index;            // within a control array, -1 for a single control
-  const char* parent;   // control of the row above, with its index as "mnuFileSub(4)" where it is an array; "" for a bar entry
-  const char* text;     // as shown, "&" marks the mnemonic; "-" is a separator
-  const char* shortcut; // "Ctrl+N" or ""
+  const char*
+      parent;  // control of the row above, with its index as "mnuFileSub(4)" where it is an array; "" for a bar entry
+  const char* text;      // as shown, "&" marks the mnemonic; "-" is a separator
+  const char* shortcut;  // "Ctrl+N" or ""
   unsigned needs;
   unsigned scope;
   bool checkable;

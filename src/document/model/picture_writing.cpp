@@ -1,24 +1,11 @@
 #include "document/model/picture_writing.h"
 
+#include "document/model/colour_reduction.h"
 #include "image/basGDIProc.h"
-#include "image/clsPal.h"
-#include "image/clsPalDither.h"
 #include "platform/imaging/imaging_service.h"
 
 namespace ruvo {
 namespace {
-
-constexpr int kPaletteColours = 256;
-constexpr int kPaletteDepth = 8;
-
-// Exact rows when the picture has few enough colours, else `copy` is reduced with diffusion.
-void paletteRows(clsDIB& copy, int bits, clsPal& pal, clsPalDither& dither, const Progress& progress) {
-  if (dither.ExactRows(copy, pal, bits)) return;
-  pal.cPAL_Progress = progress.step;
-  dither.cPalDither_Progress = progress.step;
-  pal.CreateOptimal(copy, kPaletteColours, kPaletteDepth);
-  dither.DitherToPalette256(copy, pal);
-}
 
 bool writeBmp(const clsDIB& picture, const SaveItem& item, const std::filesystem::path& file, int& bits,
               const Progress& progress) {
@@ -45,24 +32,6 @@ bool resizedCopy(const clsDIB& picture, int width, int height, clsDIB& copy) {
   if (!copy.CreateBlankDIB(width, height, 32, kWhite)) return false;
   clsDIB::StretchPaintFromDIBtoDIB(picture, copy, true);
   copy.setDIBhasAlpha(picture.DIBhasAlpha());
-  return true;
-}
-
-bool flattenedCopy(const clsDIB& picture, clsDIB& copy) {
-  if (!copy.CreateBlankDIB(picture.DIBWidth(), picture.DIBHeight(), 32, kWhite)) return false;
-  clsDIB::Display_DIB_With_Alpha(picture, copy.surface(), kWhite);
-  return true;
-}
-
-bool reduceTo256(clsDIB& picture, const Progress& progress) {
-  if (picture.DIBhasAlpha()) {
-    clsDIB flat;
-    if (!flattenedCopy(picture, flat)) return false;
-    picture = std::move(flat);
-  }
-  clsPal pal;
-  clsPalDither dither;
-  paletteRows(picture, kPaletteDepth, pal, dither, progress);
   return true;
 }
 

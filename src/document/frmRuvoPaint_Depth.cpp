@@ -1,0 +1,25 @@
+// The BPP menu: colour reductions of the whole picture.
+#include "base/letter_case.h"
+#include "document/frmRuvoPaint_Private.h"
+#include "document/model/colour_reduction.h"
+
+namespace ruvo {
+
+void frmRuvoPaint::Private::reduceColours(const ReductionItem& item) {
+  if (!hasPicture()) return;
+  commitFloatingAndPush();
+  // A reduction can be undone, so Enter may say Yes.
+  if (desktop::desktop().message(link.window(), qt(item.question), desktop::Icon::Question, desktop::Buttons::YesNo) !=
+      desktop::Answer::Yes)
+    return;
+  setPixelPanel("");
+  changePicture([&](clsDIB& picture) {
+    const WaitCursor wait;
+    const ProgressShown shown(link);
+    const bool icon = upperCase(record.type) == "ICO" && !iconMask.empty();
+    return icon ? reduceIconColours(picture, iconMask, item.reduction, shown.progress())
+                : ruvo::reduceColours(picture, item.reduction, shown.progress());
+  });
+}
+
+}  // namespace ruvo
