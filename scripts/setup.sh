@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the build needs and that are not there yet. Quick when nothing is missing.
+# scripts/setup.sh bench: those of the benchmarks' peers too.
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
@@ -10,7 +11,7 @@ while read -r package; do
     *" installed") ;;
     *) missing+=("$package") ;;
   esac
-done < "$here/packages.txt"
+done < <(cat "$here/packages.txt" ${1:+"$here/packages-$1.txt"})
 [ ${#missing[@]} -gt 0 ] || exit 0
 
 as_root=()

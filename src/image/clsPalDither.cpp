@@ -58,6 +58,22 @@ class CellMap {
   std::array<std::uint8_t, 4096> index_{};
 };
 
+// The entries of a table by their colours; of equal entries the first.
+class EntryMap {
+ public:
+  explicit EntryMap(std::span<const raster::TableEntry> table) {
+    for (std::size_t i = 0; i < table.size(); ++i) {
+      if (list_.append(table[i].colour())) entryOf_[list_.colours().size() - 1] = static_cast<std::uint8_t>(i);
+    }
+  }
+  bool has(Colour colour) const { return list_.indexOf(colour) >= 0; }
+  int of(Colour colour) const { return entryOf_[static_cast<std::size_t>(list_.indexOf(colour))]; }
+
+ private:
+  ColourList list_;
+  std::array<std::uint8_t, 256> entryOf_{};
+};
+
 struct Error {
   int blue, green, red;
   int size() const { return std::abs(blue) + std::abs(green) + std::abs(red); }
@@ -132,8 +148,9 @@ void clsPalDither::diffuseToPalette(clsDIB& Dib, const clsPal& Pal, int Bits) {
   if (!out || searched.empty()) return;
   WorkPixels work(Dib);
   if (work.surface().empty()) return;
-  const CellMap cells(searched);
   const raster::TableEntry* entries = Pal.PalettePtr();
+  if (placeExactly(work.surface(), {entries, searched.size()}, Bits)) return;
+  const CellMap cells(searched);
   const raster::View32 view = work.surface().view32();
   for (int y = 0; y < height_; ++y, out += stride_) {
     Pixel32* here = view.row(y);
@@ -154,6 +171,28 @@ void clsPalDither::diffuseToPalette(clsDIB& Dib, const clsPal& Pal, int Bits) {
     tell(static_cast<int>(100LL * (y + 1) / height_));
   }
   tellEnd();
+}
+
+// A picture that has no colour but the table's keeps each of them. (The cells below would give one entry to colours that
+// lie close together.)
+bool clsPalDither::placeExactly(raster::Surface& surface, std::span<const raster::TableEntry> entries, int Bits) {
+  const EntryMap map(entries);
+  bool all = true;
+  forEachColourRun(surface, [&](Colour colour) { return all = map.has(colour); });
+  if (!all) return false;
+  const raster::View32 view = surface.view32();
+  for (int y = 0; y < height_; ++y) {
+    Pixel32* here = view.row(y);
+    std::uint8_t* out = table_.data() + static_cast<std::size_t>(stride_) * static_cast<std::size_t>(y);
+    for (int x = 0; x < width_; ++x) {
+      const int index = map.of(here[x].colour());
+      packIndex(out, x, Bits, index);
+      here[x].alpha = entries[static_cast<std::size_t>(index)].spare;
+    }
+    tell(static_cast<int>(100LL * (y + 1) / height_));
+  }
+  tellEnd();
+  return true;
 }
 
 void clsPalDither::DitherToTrueColor(const clsDIB& Dib) {

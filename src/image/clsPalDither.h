@@ -48,7 +48,8 @@ class clsPalDither {
   void DitherToBW_Ordered(clsDIB& Dib);
 
   // --- Colour
-  // Nearest entry by cells of 17 levels a channel, error diffused. An empty palette does nothing.
+  // Nearest entry by cells of 17 levels a channel, error diffused; a picture that has only colours of the palette keeps
+  // them, of equal entries by the lowest. An empty palette does nothing.
   void DitherToPalette16(clsDIB& Dib, const clsPal& Pal);
   void DitherToPalette256(clsDIB& Dib, const clsPal& Pal);
   // Changes nothing and tells progress, so that callers can treat all depths alike.
@@ -58,6 +59,7 @@ class clsPalDither {
   struct Diffusion;
   void diffuseToBlackAndWhite(clsDIB& Dib, const Diffusion& diffusion, int Scale);
   void diffuseToPalette(clsDIB& Dib, const clsPal& Pal, int Bits);
+  bool placeExactly(raster::Surface& surface, std::span<const raster::TableEntry> entries, int Bits);
   void tell(int percent) const {
     if (cPalDither_Progress) cPalDither_Progress(percent);
   }

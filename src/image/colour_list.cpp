@@ -11,21 +11,27 @@ bool ColourList::collect(const raster::Surface& surface, int most, const std::fu
   std::fill(cells_.begin(), cells_.end(), std::uint16_t{0});
   bool fits = true;
   const auto visit = [&](Colour colour) {
-    std::uint32_t cell = cellOf(colour);
-    while (cells_[cell] != 0) {
-      if (colours_[cells_[cell] - 1u] == colour) return true;
-      cell = (cell + 1) % kCells;
+    if (static_cast<int>(colours_.size()) < most) {
+      append(colour);
+    } else {
+      fits = indexOf(colour) >= 0;
     }
-    fits = static_cast<int>(colours_.size()) < most;
-    if (!fits) return false;
-    colours_.push_back(colour);
-    cells_[cell] = static_cast<std::uint16_t>(colours_.size());
-    return true;
+    return fits;
   };
   forEachColourRun(surface, visit, [&](int row) {
     if (rowDone) rowDone(row);
   });
   return fits;
+}
+
+bool ColourList::append(Colour colour) {
+  std::uint32_t cell = cellOf(colour);
+  for (; cells_[cell] != 0; cell = (cell + 1) % kCells) {
+    if (colours_[cells_[cell] - 1u] == colour) return false;
+  }
+  colours_.push_back(colour);
+  cells_[cell] = static_cast<std::uint16_t>(colours_.size());
+  return true;
 }
 
 int ColourList::indexOf(Colour colour) const {

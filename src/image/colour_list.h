@@ -17,6 +17,8 @@ class ColourList {
   // Collects the colours of the surface (byte 3 does not count). False when there are more than `most` (1 to 256); the
   // list then holds the first ones. rowDone, when there is one, is told each memory row that was gone through.
   bool collect(const raster::Surface& surface, int most, const std::function<void(int row)>& rowDone = {});
+  // Appends a colour that is not in the list yet; false when it is. At most 256 altogether.
+  bool append(Colour colour);
   std::span<const Colour> colours() const { return colours_; }
   // The place of a colour in the list, -1 when it is not there.
   int indexOf(Colour colour) const;

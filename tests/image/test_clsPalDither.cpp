@@ -69,16 +69,20 @@ TEST(ClsPalDither, OrderedUsesTheMatrixFromTheMemoryOrigin) {
 
 TEST(ClsPalDither, ColoursOfTheTableComeBackUnchanged) {
   clsPal pal;
-  pal.CreateWebsafe();  // all on the corners of the cells
-  const auto pixel = [&](int x, int y) {
-    const int i = (x * 7 + y) % 216;
-    return Pixel32::plain(rgb(pal.rgbR(i), pal.rgbG(i), pal.rgbB(i)));
-  };
-  clsDIB dib = dibOf(216, 3, pixel);
+  pal.CreateGrays(256);  // neighbours share a cell
+  pal.setRgbR(200, 7);
+  pal.setRgbG(200, 7);
+  pal.setRgbB(200, 7);  // the second entry of that grey
+  const auto pixel = [&](int x, int) { return Pixel32::plain(rgb(x, x, x)); };
+  clsDIB dib = dibOf(200, 2, pixel);
   clsPalDither work;
   work.DitherToPalette256(dib, pal);
   EXPECT_EQ(farthest(&dib.surface(), pixel), 0);
-  EXPECT_EQ(work.row(0)[1], (7 + 2) % 216);
+  for (const int x : {0, 7, 8, 9, 199}) EXPECT_EQ(work.row(1)[static_cast<std::size_t>(x)], x);
+  // One colour more, and each cell has one entry: that of its corner.
+  dib.surface().view32().at(0, 0) = Pixel32::plain(rgb(1, 2, 3));
+  work.DitherToPalette256(dib, pal);
+  EXPECT_EQ(work.row(1)[10], 17);
 }
 
 TEST(ClsPalDither, ErrorsOfThreeAreDroppedAndOthersSpread) {
