@@ -5,7 +5,7 @@
 #include "document/frmRuvoPaint_Private.h"
 #include "document/model/picture_loading.h"
 #include "document/model/status_texts.h"
-#include "formats/format_names.h"
+#include "formats/format_table.h"
 
 namespace ruvo {
 
@@ -23,7 +23,7 @@ frmRuvoPaint::Private::Private(frmRuvoPaint& owner, MainWindowLink& mainWindow, 
             return state.has_value();
           }) {
   canvas->setObjectName(QStringLiteral("Canvas"));
-  canvas->settings().FileExtAllowed = kOpenableExtensions;
+  canvas->settings().FileExtAllowed = openableExtensions();
   canvas->settings().TransparentColor = kWhite;
   menus = std::make_unique<MenuSet>(kScopeDocument, &owner,
                                     [this](const QString& control, int index) { runMenu(control, index); });

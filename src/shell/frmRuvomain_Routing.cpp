@@ -11,7 +11,7 @@
 #include "document/frmRuvoPaint.h"
 #include "document/frmRuvoSizeOfNew.h"
 #include "document/model/open_rules.h"
-#include "formats/format_names.h"
+#include "formats/format_table.h"
 #include "platform/desktop/desktop.h"
 #include "shell/color_values.h"
 #include "shell/frmRuvomain_Private.h"

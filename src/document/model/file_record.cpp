@@ -1,7 +1,7 @@
 #include "document/model/file_record.h"
 
+#include "base/letter_case.h"
 #include "base/paths.h"
-#include "formats/format_names.h"
 
 namespace ruvo {
 

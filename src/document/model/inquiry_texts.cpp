@@ -1,8 +1,8 @@
 #include "document/model/inquiry_texts.h"
 
+#include "base/letter_case.h"
 #include "base/number_format.h"
 #include "document/model/status_texts.h"
-#include "formats/format_names.h"
 
 namespace ruvo {
 namespace {

@@ -4,9 +4,10 @@
 #include <system_error>
 #include <vector>
 
+#include "base/letter_case.h"
 #include "base/limits.h"
 #include "base/paths.h"
-#include "formats/format_names.h"
+#include "formats/format_table.h"
 
 namespace ruvo {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "base/letter_case.h"
 #include "base/paths.h"
-#include "formats/format_names.h"
 
 namespace ruvo {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/paths.h"
-#include "formats/format_names.h"
+#include "formats/format_table.h"
 
 namespace ruvo {
 namespace {

@@ -1,6 +1,6 @@
 #include "shell/session/startup_rules.h"
 
-#include "formats/format_names.h"
+#include "base/letter_case.h"
 
 namespace ruvo {
 

@@ -1,6 +1,5 @@
 #include <fstream>
 
-#include "formats/format_names.h"
 #include "shell/session/outside_open.h"
 #include "shell/session/session_texts.h"
 #include "shell/session/startup_rules.h"

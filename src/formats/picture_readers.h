@@ -1,0 +1,13 @@
+// How a file of each format becomes a picture: the functions behind the rows of the format table.
+#pragma once
+
+#include "formats/format_table.h"
+
+namespace ruvo::readers {
+
+// BMP, JPEG, metafiles and a GIF's first frame, by content, through the platform's picture loader.
+ReadPicture classic(const std::filesystem::path& file, const ReadRequest& request);
+// PNG and TIFF (and what the classic loader takes) through the imaging service.
+ReadPicture imagingService(const std::filesystem::path& file, const ReadRequest& request);
+
+}  // namespace ruvo::readers
