@@ -124,12 +124,13 @@ bool clsPal::CreatePalette256(const clsDIB& Dib) {
   ClearUp();
   ColourList list;
   const auto rowDone = [&](int row) { tellRow(row, Dib.DIBHeight()); };
-  if (Dib.empty() || !list.collect(Dib.surface(), kMostEntries, rowDone)) return false;
+  if (Dib.empty()) return false;
+  const bool all = list.collect(Dib.surface(), kMostEntries, rowDone);
   tellEnd();
   for (const Colour c : list.colours()) append(c);
   rebuildMatch();
   tellEnd();
-  return true;
+  return all;
 }
 
 }  // namespace ruvo

@@ -63,8 +63,8 @@ class clsPal {
   // Level 0 to 4: 2, 3, 4, 5 or 6 steps a channel, red fastest; another one leaves the palette empty.
   void CreateHalftone(int Level);
   void CreateWebsafe();
-  // The picture's colours in the order of its memory rows. False, with an empty palette, for more than 256 of them or
-  // an empty surface.
+  // The picture's colours in the order of its memory rows. False for more than 256 of them (the first 256 are then in
+  // the palette) or an empty surface.
   bool CreatePalette256(const clsDIB& Dib);
   // At most Colours entries (1 to 256) that suit the picture. Depth is that of the tree, brought within 2 to 8. A small
   // Colours may give up to 8 entries, for the tree's first level is never merged.

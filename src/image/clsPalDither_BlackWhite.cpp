@@ -27,13 +27,14 @@ int greyOf(Pixel32 p) {
   return (p.blue + p.green + p.red) / 3;
 }
 
+// At least 1: a few white dots on black have a mean of 0, which would turn every pixel white.
 int meanGrey(const raster::View32& view) {
   std::int64_t sum = 0;
   for (int y = 0; y < view.height(); ++y) {
     const Pixel32* row = view.row(y);
     for (int x = 0; x < view.width(); ++x) sum += greyOf(row[x]);
   }
-  return static_cast<int>(sum / (static_cast<std::int64_t>(view.width()) * view.height()));
+  return std::max(1, static_cast<int>(sum / (static_cast<std::int64_t>(view.width()) * view.height())));
 }
 
 void setBlackOrWhite(Pixel32& pixel, bool white) {

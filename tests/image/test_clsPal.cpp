@@ -93,7 +93,7 @@ TEST(ClsPal, ExactTablesKeepTheOrderOfMemoryRows) {
   EXPECT_EQ(entryOf(pal, 1), rgb(1, 0, 0));
   EXPECT_EQ(entryOf(pal, 2), rgb(2, 0, 0));
   EXPECT_FALSE(pal.CreatePalette256(gradient(64, 64)));
-  EXPECT_EQ(pal.MaxCount(), 0);
+  EXPECT_EQ(pal.MaxCount(), 256);
   std::array<std::uint8_t, 6> bytes{9, 9, 9, 9, 9, 9};
   pal.CreatePalette2();
   pal.GetPaletteFromPAL(bytes);

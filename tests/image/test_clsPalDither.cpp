@@ -40,6 +40,15 @@ TEST(ClsPalDither, GreyAtTheMeanGivesAPatternThatStartsWhite) {
   }
 }
 
+TEST(ClsPalDither, FewWhiteDotsOnBlackStayFew) {
+  clsDIB dib = plainDib(64, 8, kBlack);
+  dib.surface().view32().at(5, 0) = Pixel32::plain(kWhite);
+  clsPalDither work;
+  work.DitherToBW_Stucki(dib);
+  EXPECT_EQ(work.row(0)[0], 0x04);
+  EXPECT_EQ(dib.surface().view32().at(6, 7), Pixel32::plain(kBlack));
+}
+
 TEST(ClsPalDither, ErrorsFollowTheShortWeightsByHand) {
   // The mean 90 is the threshold. 90: white, error -165. 90 - 61 x 10 / 15 = 50: black, error 50. 90 + 18 x 10 / 15 =
   // 102: white. The published weights would carry 7 / 16 and, below, 5, 3 and 1.
