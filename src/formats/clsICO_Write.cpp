@@ -1,0 +1,137 @@
+#include <algorithm>
+#include <array>
+
+#include "base/byte_writer.h"
+#include "base/file_io.h"
+#include "formats/clsICO.h"
+#include "formats/ico_layout.h"
+
+namespace ruvo {
+namespace {
+
+// An image as it goes into a file: the picture at its depth and a mask of 1 bit.
+struct Part {
+  const raster::Surface* XOR = nullptr;
+  const raster::Surface* AND = nullptr;
+  int hotSpotX = 0;
+  int hotSpotY = 0;
+
+  int bpp() const { return XOR->depth(); }
+  std::size_t tableBytes() const { return ico::tableEntries(bpp()) * 4; }
+  std::size_t pixelBytes() const { return XOR->byteCount() + AND->byteCount(); }
+  std::size_t bytes() const { return ico::kInfoBytes + tableBytes() + pixelBytes(); }
+};
+
+bool writable(const Part& part) {
+  const Size size = part.XOR->size();
+  return !part.XOR->empty() && part.AND->size() == size && part.AND->depth() == 1 && size.width <= clsICO::kMostSide &&
+         size.height <= clsICO::kMostSide;
+}
+
+void writeEntry(ByteWriter& out, const Part& part, int type, std::size_t offset) {
+  const std::size_t colours = ico::tableEntries(part.bpp());
+  out.u8(static_cast<std::uint8_t>(part.XOR->width()));
+  out.u8(static_cast<std::uint8_t>(part.XOR->height()));
+  out.u8(static_cast<std::uint8_t>(part.bpp() < 8 ? colours : 0));
+  out.u8(0);
+  out.u16(static_cast<std::uint16_t>(type == kCursorType ? part.hotSpotX : 1));
+  out.u16(static_cast<std::uint16_t>(type == kCursorType ? part.hotSpotY : part.bpp()));
+  out.u32(static_cast<std::uint32_t>(part.bytes()));
+  out.u32(static_cast<std::uint32_t>(offset));
+}
+
+// Bottom line first, whatever the order in memory.
+void writeRows(ByteWriter& out, const raster::Surface& surface) {
+  for (int y = surface.height() - 1; y >= 0; --y) {
+    out.append(std::span(surface.pictureRow(y), static_cast<std::size_t>(surface.stride())));
+  }
+}
+
+void writeImage(ByteWriter& out, const Part& part) {
+  out.u32(static_cast<std::uint32_t>(ico::kInfoBytes));
+  out.i32(part.XOR->width());
+  out.i32(part.XOR->height() * 2);
+  out.u16(1);
+  out.u16(static_cast<std::uint16_t>(part.bpp()));
+  out.u32(0);
+  out.u32(static_cast<std::uint32_t>(part.pixelBytes()));
+  out.zeros(16);
+  for (const raster::TableEntry& entry : part.XOR->table()) {
+    out.append(std::to_array<std::uint8_t>({entry.blue, entry.green, entry.red, 0}));
+  }
+  writeRows(out, *part.XOR);
+  writeRows(out, *part.AND);
+}
+
+bool writeFile(const std::filesystem::path& fileName, int type, std::span<const Part> parts, std::string* reason) {
+  if (type != kIconType && type != kCursorType) return false;
+  if (parts.empty() || parts.size() > 0xFFFF || !std::all_of(parts.begin(), parts.end(), writable)) return false;
+  ByteWriter out;
+  out.u16(0);
+  out.u16(static_cast<std::uint16_t>(type));
+  out.u16(static_cast<std::uint16_t>(parts.size()));
+  std::size_t offset = ico::kHeaderBytes + ico::kEntryBytes * parts.size();
+  for (const Part& part : parts) {
+    writeEntry(out, part, type, offset);
+    offset += part.bytes();
+  }
+  for (const Part& part : parts) writeImage(out, part);
+  return replaceFile(fileName, out.bytes(), reason);
+}
+
+// A copy at another depth.
+bool copyAtDepth(const clsDIB& from, int bpp, clsDIB& to) {
+  if (!to.CreateBlankDIB(from.DIBWidth(), from.DIBHeight(), bpp, kWhite)) return false;
+  clsDIB::PaintFromDIBtoDIB(from, to);
+  return true;
+}
+
+std::uint8_t maskBit(int x) {
+  return static_cast<std::uint8_t>(0x80 >> x % 8);
+}
+
+// Brings picture and mask of 32 bits with alpha together: under white mask alpha is 0; without a mask alpha makes one.
+void settleAlpha(clsDIB& picture, clsDIB& mask, bool hasMask) {
+  for (int y = 0; y < picture.DIBHeight(); ++y) {
+    auto* row = reinterpret_cast<Pixel32*>(picture.surface().pictureRow(y));
+    std::uint8_t* bits = mask.surface().pictureRow(y);
+    for (int x = 0; x < picture.DIBWidth(); ++x) {
+      if (!hasMask && row[x].alpha == 0) bits[x / 8] |= maskBit(x);
+      if (bits[x / 8] & maskBit(x)) row[x].alpha = 0;
+    }
+  }
+}
+
+}  // namespace
+
+bool clsICO::SaveICO_Single(const std::filesystem::path& FileName, const clsDIB& Image, const clsDIB& Mask, int Type,
+                            int HotX, int HotY) {
+  if (Image.empty() || (!Mask.empty() && Mask.size() != Image.size())) return false;
+  if (std::max(Image.DIBWidth(), Image.DIBHeight()) > kMostSide) return false;
+  const bool alpha = Image.DIBbpp() == 32 && Image.DIBhasAlpha();
+  clsDIB deep, mask;
+  // Two entries, black and white: the nearest one is taken for every colour of the mask.
+  if (!mask.CreateBlankDIB(Image.DIBWidth(), Image.DIBHeight(), 1, kWhite)) return false;
+  if (!Mask.empty()) clsDIB::PaintFromDIBtoDIB(Mask, mask);
+  if (Image.DIBbpp() > 8) {
+    if (!copyAtDepth(Image, alpha ? 32 : 24, deep)) return false;
+    if (alpha) settleAlpha(deep, mask, !Mask.empty());
+  }
+  const Part part{&(deep.empty() ? Image : deep).surface(), &mask.surface(), HotX, HotY};
+  return writeFile(FileName, Type, std::span(&part, 1), nullptr);
+}
+
+bool clsICO::SaveICO_All(const std::filesystem::path& FileName, std::string* reason) const {
+  std::vector<Part> parts;
+  for (int i = 0; i < IconCount(); ++i) {
+    const Image& image = images_[static_cast<std::size_t>(i)];
+    if (SeekIcon(IconWidth(i), IconHeight(i), IconBPP(i)) != i) {
+      if (reason) *reason = kSameSizeAndDepth;
+      return false;
+    }
+    parts.push_back({&image.XOR.surface(), &image.AND.surface(), image.hotSpotX, image.hotSpotY});
+  }
+  return writeFile(FileName, type_, parts, reason);
+}
+
+}  // namespace ruvo

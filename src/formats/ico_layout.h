@@ -1,0 +1,17 @@
+// What the reader and the writer of icon files share: the sizes of the parts of a file.
+#pragma once
+
+#include <cstddef>
+
+namespace ruvo::ico {
+
+inline constexpr std::size_t kHeaderBytes = 6;
+inline constexpr std::size_t kEntryBytes = 16;
+inline constexpr std::size_t kInfoBytes = 40;
+
+// Entries of the colour table of an image; none above 8 bits.
+constexpr std::size_t tableEntries(int bpp) {
+  return bpp <= 8 ? std::size_t{1} << bpp : 0;
+}
+
+}  // namespace ruvo::ico

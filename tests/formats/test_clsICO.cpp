@@ -1,0 +1,270 @@
+#include "formats/clsICO.h"
+
+#include "base/file_io.h"
+#include "base/limits.h"
+#include "formats/ico_bytes.h"
+#include "platform/imaging/encoders.h"
+#include "support/file_size_limit.h"
+#include "support/pictures.h"
+#include "support/temp_folder.h"
+
+namespace ruvo {
+namespace {
+
+using test::Data;
+using test::IcoData;
+using test::IcoEntry;
+using test::icoFile;
+
+const test::Ink kInk = {{'.', kWhite}, {'#', kBlack}, {'r', rgb(255, 0, 0)}, {'g', rgb(0, 255, 0)}};
+
+// 3 x 2, one bit: "#.#" over ".##", see-through in the last column. The file's height field and the entry disagree.
+const Data kOneBit = IcoData{3, 2, 1, 0, {0,    0, 0, 0, 255,  255, 255, 0,  // black, white
+                                          0x80, 0, 0, 0, 0x40, 0,   0,   0,  // bottom line first
+                                          0x20, 0, 0, 0, 0x20, 0,   0,   0}}
+                         .bytes();  // mask
+Data plain24(int width, int height, Data pixel = {0, 0, 255}) {
+  IcoData data{width, height, 24, 0, {}};
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) data.rest.insert(data.rest.end(), pixel.begin(), pixel.end());
+    data.rest.resize(data.rest.size() + static_cast<std::size_t>(width % 4));
+  }
+  data.rest.resize(data.rest.size() + static_cast<std::size_t>(height * ((width + 31) / 32 * 4)));
+  return data.bytes();
+}
+Data deep32(const Data& pixels, const Data& mask) {
+  IcoData data{2, 1, 32, 0, pixels};
+  data.rest.insert(data.rest.end(), mask.begin(), mask.end());
+  return data.bytes();
+}
+Data pngOf(const test::Rows& rows, std::uint8_t alpha) {
+  const test::TempFolder folder;
+  raster::Surface surface = test::surfaceOf(rows, kInk);
+  for (int x = 0; x < surface.width(); ++x) test::pixelAt(surface, x, 0).alpha = alpha;
+  imaging::savePng(surface, folder / "p.png", true);
+  return *readWholeFile(folder / "p.png", 1 << 20);
+}
+
+TEST(ClsICO, ReadsPictureMaskAndNumbersOfEachImage) {
+  clsICO file;
+  ASSERT_TRUE(file.openBytes(icoFile({{3, 9, kOneBit}, {2, 1, plain24(2, 1)}})));
+  EXPECT_EQ(file.FileType(), kIconType);
+  ASSERT_EQ(file.IconCount(), 2);
+  EXPECT_EQ(file.IconHeight(0), 2);  // the info header's, halved
+  EXPECT_EQ(file.IconBPP(0), 1);
+  EXPECT_EQ(file.IconBytesInRes(0), kOneBit.size());
+  EXPECT_PICTURE(test::rowsOf(file.DIBXOR(0)), {"#.#", ".##"});
+  EXPECT_PICTURE(test::rowsOf(file.DIBAND(0)), {"##.", "##."});
+  EXPECT_PICTURE(test::rowsOf(file.DIBXOR(1), kInk), {"rr"});
+  EXPECT_EQ(file.SeekIcon(2, 1, 24), 1);
+  EXPECT_EQ(file.SeekIcon(2, 1, 32), -1);
+  EXPECT_EQ(file.SeekIcon_Size(3, 2), 0);
+
+  ASSERT_TRUE(file.openBytes(icoFile({{3, 2, kOneBit, 7, 5}}, kCursorType)));
+  EXPECT_EQ(file.FileType(), kCursorType);
+  EXPECT_EQ(file.HotSpotX(0), 7);
+  EXPECT_EQ(file.HotSpotY(0), 5);
+  EXPECT_TRUE(file.DIBXOR(1).empty());
+  EXPECT_EQ(file.IconWidth(-1), 0);
+}
+
+TEST(ClsICO, TablesOfEveryDepthAndShortOnesByLength) {
+  IcoData four{2, 1, 4, 0, Data(16 * 4)};
+  four.rest[15 * 4 + 1] = 255;
+  four.rest.insert(four.rest.end(), {0x0F, 0, 0, 0, 0, 0, 0, 0});
+  clsICO file;
+  ASSERT_TRUE(file.openBytes(icoFile({{2, 1, four.bytes()}})));
+  EXPECT_PICTURE(test::rowsOf(file.DIBXOR(0), kInk), {"#g"});
+  // Two entries of 256 are stored and the entry's length says so.
+  const IcoData brief{2, 1, 8, 2, {0, 0, 255, 0, 0, 255, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0}};
+  ASSERT_TRUE(file.openBytes(icoFile({{2, 1, brief.bytes()}})));
+  EXPECT_PICTURE(test::rowsOf(file.DIBXOR(0), kInk), {"rg"});
+  EXPECT_FALSE(file.openBytes(icoFile({{2, 1, brief.bytes(), 1, 0, 1080}})));
+}
+
+TEST(ClsICO, AlphaOf32BitsCountsWhenAnyIsThere) {
+  clsICO file;
+  const Data mask = {0x40, 0, 0, 0};
+  ASSERT_TRUE(file.openBytes(icoFile({{2, 1, deep32({0, 0, 255, 0, 0, 255, 0, 0}, mask)}})));
+  EXPECT_FALSE(file.DIBXOR(0).DIBhasAlpha());
+  EXPECT_EQ(test::pixelAt(file.withAlpha(0), 0, 0), (Pixel32{0, 0, 255, 255}));
+  EXPECT_EQ(test::pixelAt(file.withAlpha(0), 1, 0), (Pixel32{0, 255, 0, 0}));
+  // Without the mask's rows alpha makes one.
+  ASSERT_TRUE(file.openBytes(icoFile({{2, 1, deep32({0, 0, 255, 128, 0, 255, 0, 0}, {})}})));
+  EXPECT_TRUE(file.DIBXOR(0).DIBhasAlpha());
+  EXPECT_PICTURE(test::rowsOf(file.DIBAND(0)), {"#."});
+  EXPECT_EQ(file.getArrayAlpha(0), (Data{128, 0}));
+  EXPECT_EQ(test::pixelAt(file.withAlpha(0), 0, 0), (Pixel32{0, 0, 255, 128}));
+  file.putArrayAlpha(0, Data{0, 0});
+  EXPECT_FALSE(file.DIBXOR(0).DIBhasAlpha());
+  file.putArrayAlpha(0, Data{9});  // another count changes nothing
+  EXPECT_EQ(file.getArrayAlpha(0), (Data{0, 0}));
+}
+
+TEST(ClsICO, DrawsByMaskOverWhatIsThereAndByAlphaOnTheBackground) {
+  clsICO file;
+  // Green under white mask is added to the ground (OR).
+  ASSERT_TRUE(file.openBytes(icoFile({{2, 1, deep32({0, 255, 0, 0, 0, 0, 255, 0}, {0x80, 0, 0, 0})},
+                                      {2, 1, deep32({0, 0, 255, 51, 0, 0, 255, 255}, {0, 0, 0, 0})}})));
+  clsDIB target = test::plainDib(4, 1, rgb(0, 0, 255));
+  file.DrawIcon_To_DIB(0, target, 1, 0);
+  EXPECT_EQ(test::pixelAt(target, 0, 0).colour(), rgb(0, 0, 255));
+  EXPECT_EQ(test::pixelAt(target, 1, 0).colour(), rgb(0, 255, 255));
+  EXPECT_EQ(test::pixelAt(target, 2, 0).colour(), rgb(255, 0, 0));
+  file.DrawIcon_To_DIB(1, target, 2, 0);
+  EXPECT_EQ(test::pixelAt(target, 2, 0), (Pixel32{204, 204, 255, 0}));
+  EXPECT_EQ(test::pixelAt(target, 3, 0), (Pixel32{0, 0, 255, 0}));
+}
+
+TEST(ClsICO, PngEntriesMeanTheirOwnSize) {
+  const Data png = pngOf({"rg."}, 100);
+  clsICO file;
+  ASSERT_TRUE(file.openBytes(icoFile({{0, 0, png}, {0, 2, kOneBit}, {0, 0, png, 1, 0, 20}})));
+  EXPECT_EQ(file.IconWidth(0), 3);
+  EXPECT_EQ(file.getArrayAlpha(0), (Data{100, 100, 100}));
+  EXPECT_PICTURE(test::rowsOf(file.DIBAND(0)), {"###"});
+  EXPECT_EQ(file.IconWidth(1), 3);  // a later entry's 0 is filled in from the info header
+  EXPECT_FALSE(file.images()[2].readable);
+}
+
+TEST(ClsICO, HeadersThatAreRefused) {
+  const test::TempFolder folder;
+  const auto answers = [&](const Data& bytes) {
+    replaceFile(folder / "a", bytes);
+    clsICO file;
+    const bool opened = file.OpenICO(folder / "a");
+    EXPECT_EQ(opened, file.IconCount() > 0);
+    return std::vector<bool>{clsICO::ValidIcons(folder / "a"), clsICO::ValidCursor(folder / "a"), file.IconCount() > 0};
+  };
+  using Answers = std::vector<bool>;
+  EXPECT_EQ(answers(icoFile({{3, 2, kOneBit}})), (Answers{true, false, true}));
+  EXPECT_EQ(answers(icoFile({{3, 2, kOneBit}}, 2)), (Answers{false, true, true}));
+  EXPECT_EQ(answers(icoFile({{0, 0, pngOf({"r"}, 255)}})), (Answers{true, false, true}));
+  const Answers refused{false, false, false};
+  EXPECT_EQ(answers(icoFile({{3, 2, kOneBit}}, 3)), refused);
+  EXPECT_EQ(answers(icoFile({{0, 2, kOneBit}})), refused);
+  EXPECT_EQ(answers(icoFile({{3, 0, kOneBit}})), refused);
+  EXPECT_EQ(answers(icoFile({{3, 2, kOneBit, 1, 0, 0}})), refused);
+  EXPECT_EQ(answers(icoFile({{3, 2, kOneBit, 1, 0, -1, 0}})), refused);
+  EXPECT_EQ(answers(icoFile({{3, 2, kOneBit}}, 1, 0)), refused);
+  EXPECT_EQ(answers(Data(21, 1)), refused);
+  EXPECT_EQ(answers({}), refused);
+  EXPECT_FALSE(clsICO::ValidIcons(folder / "none"));
+}
+
+TEST(ClsICO, ImagesThatCanNotBeReadKeepTheirPlace) {
+  IcoData sixteen{2, 1, 16, 0, Data(8)};
+  clsICO file;
+  ASSERT_TRUE(file.openBytes(icoFile({{2, 1, sixteen.bytes()},
+                                      {3, 2, kOneBit, 1, 0, -1, 0xFFFFFFFF},
+                                      {3, 2, kOneBit},
+                                      {3, 2, kOneBit, 1, 0, -1, 102}})));  // inside another image
+  EXPECT_EQ(file.IconCount(), 4);
+  EXPECT_EQ(file.firstReadable(), 2);
+  EXPECT_EQ(file.images()[0].statedBPP, 16);
+  EXPECT_EQ(file.IconBPP(0), 0);
+  Data cut = icoFile({{3, 2, kOneBit}});
+  cut.pop_back();
+  EXPECT_FALSE(file.openBytes(cut));
+  EXPECT_EQ(file.IconCount(), 0);
+  EXPECT_FALSE(file.openBytes(icoFile({{3, 2, kOneBit}}, 1, 65535)));
+}
+
+TEST(ClsICO, SizesThatAreRefusedAreStillTold) {
+  clsICO file;
+  EXPECT_FALSE(file.openBytes(icoFile({{16, 16, IcoData{16, 65535 / 2, 1, 0, Data(64)}.bytes()}})));
+  EXPECT_EQ(file.refusedSize(), (Size{16, 32767}));
+  EXPECT_FALSE(file.openBytes(icoFile({{3, 2, IcoData{3, -2, 1, 0, Data(64)}.bytes()}})));
+  Data png = pngOf({"r"}, 255);
+  png[16] = 0x7F;  // billions wide
+  EXPECT_FALSE(file.openBytes(icoFile({{0, 0, png}})));
+  EXPECT_TRUE(file.openBytes(icoFile({{3, 2, kOneBit}})));
+  EXPECT_EQ(file.refusedSize(), Size{});
+}
+
+TEST(ClsICO, ManyEntriesOfTheSameDataStayWithinBounds) {
+  // 255 x 1000 pixels of one bit take 40,000 bytes; 65,535 of them would be 16 thousand million pixels.
+  const IcoEntry shared{255, 255, IcoData{255, 1000, 1, 0, Data(8 + 1000 * 64)}.bytes()};
+  std::vector<IcoEntry> entries(65535, IcoEntry{255, 255, {}, 1, 0, 1, 6 + 16 * 65535});
+  entries[0] = shared;
+  clsICO file;
+  ASSERT_TRUE(file.openBytes(icoFile(entries)));
+  std::int64_t pixels = 0;
+  for (const auto& image : file.images()) pixels += std::int64_t{image.XOR.DIBWidth()} * image.XOR.DIBHeight();
+  EXPECT_LE(pixels, kMaxPicturePixels);
+  EXPECT_TRUE(file.images()[3].readable);
+  EXPECT_FALSE(file.images()[65534].readable);
+}
+
+TEST(ClsICO, SinglePicturesComeBackAsSaved) {
+  const test::TempFolder folder;
+  clsDIB image = test::dibOf({"r.g", ".#."}, kInk), mask;
+  clsDIB::Create_ImageMask_Pair(image, mask, kWhite);
+  ASSERT_TRUE(clsICO::SaveICO_Single(folder / "a.cur", image, mask, kCursorType, 2, 1));
+  clsICO file;
+  ASSERT_TRUE(file.OpenICO(folder / "a.cur"));
+  EXPECT_EQ(file.IconBPP(0), 24);
+  EXPECT_EQ(file.HotSpotX(0) * 10 + file.HotSpotY(0), 21);
+  EXPECT_PICTURE(test::rowsOf(file.DIBXOR(0), kInk), {"r#g", "###"});
+  EXPECT_PICTURE(test::rowsOf(file.DIBAND(0)), {"#.#", ".#."});
+
+  // Real alpha is kept but under the mask, and a top-down table picture comes the right way up.
+  image = test::dibOf(2, 1, [](int x, int) { return Pixel32{1, 2, 3, static_cast<std::uint8_t>(x ? 7 : 200)}; });
+  image.setDIBhasAlpha(true);
+  ASSERT_TRUE(clsICO::SaveICO_Single(folder / "b.ico", image, test::dibOf({"#."}), kIconType));
+  ASSERT_TRUE(file.OpenICO(folder / "b.ico"));
+  EXPECT_EQ(file.getArrayAlpha(0), (Data{200, 0}));
+  clsDIB indexed = test::plainDib(2, 2, kWhite, 8, true);
+  indexed.surface().pictureRow(1)[0] = 1;
+  ASSERT_TRUE(clsICO::SaveICO_Single(folder / "c.ico", indexed, clsDIB(), kIconType));
+  ASSERT_TRUE(file.OpenICO(folder / "c.ico"));
+  EXPECT_PICTURE(test::rowsOf(file.DIBXOR(0)), {"##", ".#"});
+  const Data bytes = *readWholeFile(folder / "c.ico", 1 << 20);
+  EXPECT_EQ(bytes[8], 0);  // 256 colours
+  EXPECT_EQ(bytes[10] + bytes[12], 1 + 8);
+}
+
+TEST(ClsICO, AllImagesOnceForEachSizeAndDepth) {
+  const test::TempFolder folder;
+  const Data alpha = deep32({0, 0, 255, 128, 0, 255, 0, 0}, {0x40, 0, 0, 0});
+  // Spare table bytes and row padding apart, what is written is what was read.
+  const Data whole = icoFile({{3, 2, kOneBit, 4, 5}, {2, 1, plain24(2, 1), 6, 7}, {2, 1, alpha}}, kCursorType);
+  clsICO file, again;
+  ASSERT_TRUE(file.openBytes(whole));
+  ASSERT_TRUE(file.SaveICO_All(folder / "all.cur"));
+  ASSERT_TRUE(again.OpenICO(folder / "all.cur"));
+  ASSERT_EQ(again.IconCount(), 3);
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(again.IconBPP(i), file.IconBPP(i));
+    EXPECT_EQ(again.HotSpotY(i), file.HotSpotY(i));
+    EXPECT_EQ(test::rowsOf(again.DIBXOR(i), kInk), test::rowsOf(file.DIBXOR(i), kInk));
+    EXPECT_EQ(test::rowsOf(again.DIBAND(i)), test::rowsOf(file.DIBAND(i)));
+  }
+  EXPECT_EQ(again.getArrayAlpha(2), (Data{128, 0}));
+
+  std::string reason;
+  ASSERT_TRUE(file.openBytes(icoFile({{3, 2, kOneBit}, {3, 2, kOneBit}})));
+  EXPECT_FALSE(file.SaveICO_All(folder / "all.cur", &reason));
+  EXPECT_EQ(reason, clsICO::kSameSizeAndDepth);
+  EXPECT_TRUE(again.OpenICO(folder / "all.cur"));
+}
+
+TEST(ClsICO, WritingThatFailsLeavesTheOldFile) {
+  const test::TempFolder folder;
+  const clsDIB image = test::plainDib(8, 8, kWhite), wide = test::plainDib(256, 1, kWhite);
+  replaceFile(folder / "a.ico", Data{1, 2, 3});
+  EXPECT_FALSE(clsICO::SaveICO_Single(folder / "a.ico", wide, clsDIB(), kIconType));
+  EXPECT_FALSE(clsICO::SaveICO_Single(folder / "a.ico", image, wide, kIconType));
+  EXPECT_FALSE(clsICO::SaveICO_Single(folder / "a.ico", image, clsDIB(), 3));
+  EXPECT_FALSE(clsICO::SaveICO_Single(folder / "none" / "a.ico", image, clsDIB(), kIconType));
+  EXPECT_FALSE(clsICO().SaveICO_All(folder / "a.ico"));
+  {
+    const test::FileSizeLimit full(100);
+    EXPECT_FALSE(clsICO::SaveICO_Single(folder / "a.ico", image, clsDIB(), kIconType));
+  }
+  EXPECT_EQ(*readWholeFile(folder / "a.ico", 100), (Data{1, 2, 3}));
+  EXPECT_EQ(folder.names(), std::vector<std::string>{"a.ico"});
+}
+
+}  // namespace
+}  // namespace ruvo
