@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/save_texts.h"
+
 namespace ruvo {
 
 enum class SaveFormat { Bmp, Jpeg, Png, Tiff };
@@ -35,8 +37,6 @@ std::string pathWithExtension(const SaveFormatInfo& info, const std::string& pat
 // The record's name with the new extension, in `folder` when the record has no path. ":" has no place in a file name.
 std::string proposedName(const std::string& recordName, std::string_view extension, const std::string& folder);
 
-inline constexpr const char* kSaveFailed = "Failed to save this file.";
-inline constexpr const char* kFileReadOnly = "File is read only.";
 inline constexpr const char* kPngNeedsImaging = "GDIplus.dll not found.  Please select to save with Options Panel.";
 
 }  // namespace ruvo
