@@ -10,6 +10,7 @@ set(RUVO_CORE_FOLDERS
   canvas/engine
   canvas/tools
   document/model
+  tool
   shell/session)
 
 # Collects the sources under ROOT that belong to the core (CORE_OUT) and to the user interface (UI_OUT).

@@ -22,8 +22,8 @@ constexpr FormatRow kTable[] = {
      readers::imagingService},
     {Format::Tga, "TGA", "Targa", ".tga", "(*.tga)|*.tga|", "", false, false, nullptr},
     {Format::Pcx, "PCX", "PCX", ".pcx", "(*.pcx)|*.pcx|", "", false, false, nullptr},
-    {Format::Ico, "ICO", "Icon", ".ico", "(*.ico)|*.ico|", "", false, false, nullptr},
-    {Format::Cur, "CUR", "Cursor", ".cur", "(*.cur)|*.cur|", "", false, false, nullptr},
+    {Format::Ico, "ICO", "Icon", ".ico", "(*.ico)|*.ico|", "", false, false, readers::icon},
+    {Format::Cur, "CUR", "Cursor", ".cur", "(*.cur)|*.cur|", "", false, false, readers::cursor},
 };
 
 // Whether `list` (names with slashes between) has exactly this name.

@@ -26,7 +26,7 @@ struct ReadRequest {
   // as alpha. Otherwise those are shown on white (a BMP's alpha is kept in either case).
   bool keepAlpha = false;
   // Which image of an icon file with several; -1 gives up. Without it the first.
-  std::function<int(const clsICO&)> chooseImage;
+  std::function<int(const clsICO&)> chooseImage = {};
 };
 
 struct ReadPicture {

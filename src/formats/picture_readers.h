@@ -9,5 +9,8 @@ namespace ruvo::readers {
 ReadPicture classic(const std::filesystem::path& file, const ReadRequest& request);
 // PNG and TIFF (and what the classic loader takes) through the imaging service.
 ReadPicture imagingService(const std::filesystem::path& file, const ReadRequest& request);
+// The image that is asked for, on white; `mask` is a copy of its own.
+ReadPicture icon(const std::filesystem::path& file, const ReadRequest& request);
+ReadPicture cursor(const std::filesystem::path& file, const ReadRequest& request);
 
 }  // namespace ruvo::readers

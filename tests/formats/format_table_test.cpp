@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "base/file_io.h"
+#include "formats/clsICO.h"
 #include "image/basGDIProc.h"
 #include "platform/imaging/imaging_service.h"
 #include "support/bmp_bytes.h"
@@ -70,6 +71,53 @@ TEST(FormatTable, ShowsAlphaOnWhiteUnlessItIsKept) {
   }
   imaging::stopImagingService();
   EXPECT_EQ(readPicture(folder / "half.png", rowOf(Format::Png)).error, imaging::LoadError::NotThisFormat);
+}
+
+// Two images, 2 x 1 and 1 x 1; the first pixel of the first one is see-through.
+std::filesystem::path twoIcons(const TempFolder& folder) {
+  clsICO icon;
+  for (const int width : {2, 1}) {
+    clsICO::Image image;
+    image.XOR.CreateBlankDIB(width, 1, 24, rgb(200, 100, 50));
+    image.AND.CreateBlankDIB(width, 1, 1, kWhite);
+    if (width == 2) {
+      image.XOR.surface().pictureRow(0)[0] = image.XOR.surface().pictureRow(0)[1] = 0;
+      image.XOR.surface().pictureRow(0)[2] = 0;
+      image.AND.surface().pictureRow(0)[0] = 0x80;
+    }
+    icon.add(std::move(image));
+  }
+  icon.SaveICO_All(folder / "two.ico");
+  return folder / "two.ico";
+}
+
+TEST(FormatTable, ShowsTheChosenImageOfAnIconOnWhite) {
+  TempFolder folder;
+  const auto file = twoIcons(folder);
+  const FormatRow& row = rowOf(Format::Ico);
+  const ReadPicture first = readPicture(file, row);
+  ASSERT_TRUE(first);
+  EXPECT_EQ(first.severalFrames, true);
+  EXPECT_EQ(first.fileDepth, 24);
+  EXPECT_EQ(test::pixelAt(first.dib, 0, 0).colour(), kWhite);
+  EXPECT_EQ(test::pixelAt(first.dib, 1, 0).colour(), rgb(200, 100, 50));
+  EXPECT_EQ(first.mask.surface().pictureRow(0)[0], 0x80);
+  const ReadPicture kept = readPicture(file, row, {.keepAlpha = true});
+  EXPECT_TRUE(kept.dib.DIBhasAlpha());
+  EXPECT_EQ(test::pixelAt(kept.dib, 0, 0).alpha, 0);
+  EXPECT_EQ(test::pixelAt(kept.dib, 1, 0).alpha, 255);
+
+  const ReadPicture second = readPicture(file, row, {.chooseImage = [](const clsICO& icon) {
+                                           EXPECT_EQ(icon.IconCount(), 2);
+                                           return 1;
+                                         }});
+  EXPECT_EQ(second.dib.size(), (Size{1, 1}));
+  const ReadPicture none = readPicture(file, row, {.chooseImage = [](const clsICO&) { return -1; }});
+  EXPECT_TRUE(none.cancelled);
+  EXPECT_FALSE(none);
+
+  replaceFile(folder / "bad.cur", std::vector<std::uint8_t>{0, 0, 2, 0, 1, 0, 1, 1});
+  EXPECT_EQ(readPicture(folder / "bad.cur", rowOf(Format::Cur)).words, clsICO::kInvalidCursor);
 }
 
 TEST(FormatTable, HandsTheSizeOfARefusedFileOver) {

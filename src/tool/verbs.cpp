@@ -1,0 +1,117 @@
+#include "tool/verbs.h"
+
+#include <limits>
+
+namespace ruvo::tool {
+namespace {
+
+using enum OptionKind;
+
+constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
+
+constexpr OptionRow kNative = {"--native", Switch, "",
+                               0,          0,      "read PNG with the program's own reader instead of the platform's"};
+
+constexpr OptionRow kConvertOptions[] = {
+    {"--bpp", Choice, "1|4|8|24|32", 0, 0, "reduce to so many bits a pixel, or drop (24) or keep (32) the alpha"},
+    {"--dither", Choice, "stucki|floyd|burke|ordered", 0, 0, "how --bpp 1 spreads black and white (stucki)"},
+    {"--quality", Number, "N", 1, 100, "of a JPEG, 1 to 100 (75)"},
+    {"--interlaced", Switch, "", 0, 0, "write a GIF or PNG interlaced"},
+    {"--transparent-top-pixel", Switch, "", 0, 0, "make the colour of the top left pixel see-through"},
+    {"--resize", OptionKind::Size, "WxH", 0, 0, "resample to another size first"},
+    {"--nearest", Switch, "", 0, 0, "resize by picking pixels"},
+    {"--frame", Number, "N", 1, 65535, "take frame N of a GIF as it is shown, or image N of an icon (1)"},
+    {"--native", Switch, "", 0, 0,
+     "read PNG and GIF with the program's own readers, write PNG and JPEG with its own writers"},
+};
+constexpr OptionRow kDecodeOptions[] = {kNative};
+constexpr OptionRow kPaletteOptions[] = {
+    {"--optimal", Number, "N", 1, 256, "the best N entries for the picture"},
+    {"--web", Switch, "", 0, 0, "the 216 colours of the web"},
+    {"--16", Switch, "", 0, 0, "the sixteen colours"},
+    {"--halftone", Number, "L", 0, 4, "8, 27, 64, 125 or 216 evenly spaced colours for L = 0 to 4"},
+};
+constexpr OptionRow kComposedOptions[] = {
+    {"--png", Switch, "", 0, 0, "write frame001.png and so on (the usual)"},
+    {"--rgba", Switch, "", 0, 0, "write frame001.rgba and so on: raw, top line first, R G B A"},
+};
+
+constexpr VerbRow kVerbs[] = {
+    {"info",
+     "FILE...",
+     1,
+     kAnyNumber,
+     "tell what is in files",
+     "For each file one line with its name, then one \"  key: value\" a line: format, width, height, bits (a pixel, "
+     "as\n"
+     "stored), colours (of the picture on white). A GIF adds version, screen, loops, comment, global entries and a "
+     "line\n"
+     "a frame; an icon or cursor a line an image; a JPEG with camera data a line a tag. Control characters show as "
+     "\\n\n"
+     "or \\x1B.\n",
+     {},
+     info},
+    {"convert", "IN OUT", 2, 2, "write a picture in another format",
+     "The format is that of OUT's extension: bmp, gif, jpg, png, tif, tga, pcx, ico, cur, or rgba (raw, top line "
+     "first,\n"
+     "R G B A). Without --bpp a BMP gets the least bits that hold the picture, a GIF 8, PNG, TIFF and icons 24 or, "
+     "with\n"
+     "alpha, 32. Alpha that the format or depth can not hold is composed onto white. A picture of at most 256 colours\n"
+     "keeps them exactly at 8 bits; otherwise colours are chosen and dithered. --bpp 1, 4 and 8 limit the colours of\n"
+     "JPEG, TGA and PCX too, which are written with 24 bits. A GIF's first frame stands for the whole file.\n",
+     kConvertOptions, convert},
+    {"decode", "IN OUT.pam", 2, 2, "write every picture of a file as PAM",
+     "One PAM (P7, RGB_ALPHA, straight alpha) after another: a GIF's frames as they are shown, each image of an icon "
+     "or\n"
+     "cursor with its mask as alpha, else the one picture with its alpha.\n",
+     kDecodeOptions, decode},
+    {"colours", "FILE", 1, 1, "count the colours of a picture", "On white, where it is see-through.\n", {}, colours},
+    {"palette", "[FILE] OUT.pal", 1, 2, "write a colour table",
+     "Exactly one of the options. --optimal needs FILE, the others take no colours from it. OUT.pal is a JASC-PAL text "
+     "of\n"
+     "256 entries, those that are not used black.\n",
+     kPaletteOptions, palette},
+    {"exif list", "FILE", 1, 1, "list the camera data of a JPEG", "One line a tag.\n", {}, exifList},
+    {"exif erase",
+     "FILE BLOCK",
+     2,
+     2,
+     "take the camera data out of a JPEG",
+     "What is taken out is first written to BLOCK, then FILE is rewritten without it.\n",
+     {},
+     exifErase},
+    {"exif restore",
+     "FILE BLOCK",
+     2,
+     2,
+     "put camera data back into a JPEG",
+     "BLOCK is what exif erase wrote. FILE must have no camera data.\n",
+     {},
+     exifRestore},
+    {"gif frames",
+     "IN OUTDIR",
+     2,
+     2,
+     "write each frame of a GIF as it is stored",
+     "OUTDIR/frame001.gif and so on, each with its own place, delay and transparency. OUTDIR is made when missing.\n",
+     {},
+     gifFrames},
+    {"gif composed", "IN OUTDIR", 2, 2, "write each frame of a GIF as it is shown", "OUTDIR is made when missing.\n",
+     kComposedOptions, gifComposed},
+    {"gif rewrite",
+     "IN OUT",
+     2,
+     2,
+     "read a GIF and write it anew",
+     "Frames, palettes, loops and the first comment survive; other extensions do not.\n",
+     {},
+     gifRewrite},
+};
+
+}  // namespace
+
+std::span<const VerbRow> verbTable() {
+  return kVerbs;
+}
+
+}  // namespace ruvo::tool

@@ -1,0 +1,37 @@
+// The verbs of the command line. A new one is a row in verbs.cpp and a function here.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "tool/arguments.h"
+#include "tool/console.h"
+
+namespace ruvo::tool {
+
+struct VerbRow {
+  std::string_view name;      // one word, or two: "gif frames"
+  std::string_view operands;  // as help shows them: "IN OUT"
+  std::size_t fewest;         // operands
+  std::size_t most;
+  std::string_view summary;  // one line
+  std::string_view help;     // more lines, each ended
+  std::span<const OptionRow> options;
+  // The operands' number and the options' values have been checked. Answers the exit status.
+  int (*run)(const Arguments& arguments, Console& console);
+};
+std::span<const VerbRow> verbTable();
+
+int info(const Arguments& arguments, Console& console);
+int convert(const Arguments& arguments, Console& console);
+int decode(const Arguments& arguments, Console& console);
+int colours(const Arguments& arguments, Console& console);
+int palette(const Arguments& arguments, Console& console);
+int exifList(const Arguments& arguments, Console& console);
+int exifErase(const Arguments& arguments, Console& console);
+int exifRestore(const Arguments& arguments, Console& console);
+int gifFrames(const Arguments& arguments, Console& console);
+int gifComposed(const Arguments& arguments, Console& console);
+int gifRewrite(const Arguments& arguments, Console& console);
+
+}  // namespace ruvo::tool
