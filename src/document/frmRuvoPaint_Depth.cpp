@@ -16,8 +16,8 @@ void frmRuvoPaint::Private::reduceColours(const ReductionItem& item) {
   changePicture([&](clsDIB& picture) {
     const WaitCursor wait;
     const ProgressShown shown(link);
-    const bool icon = upperCase(record.type) == "ICO" && !iconMask.empty();
-    return icon ? reduceIconColours(picture, iconMask, item.reduction, shown.progress())
+    const bool icon = upperCase(record.type) == "ICO" && !iconMask.dib.empty();
+    return icon ? reduceIconColours(picture, iconMask.dib, item.reduction, shown.progress())
                 : ruvo::reduceColours(picture, item.reduction, shown.progress());
   });
 }

@@ -111,6 +111,7 @@ bool frmRuvoPaint::Private::makeNew(const std::string& name, int width, int heig
   canvas->dropFloating();
   endRunningOperation();
   canvas->DIB() = std::move(blank);
+  iconMask = {};
   record = untitledRecord(name, width, height);
   restartHistory();
   setChanged(false);

@@ -58,7 +58,7 @@ void frmRuvoPaint::Private::runFileMenu(int index) {
     case 2:
       return commandOpen(index == 2);
     case 6:
-      return saveAs(saveItemForType(record.type));
+      return saveAs(saveItemForRecord(record));
     default:
       return;
   }
@@ -74,9 +74,11 @@ bool frmRuvoPaint::triggerMenu(const QString& control, int index) {
 // The quarter turns and flips; 0 mirrors left to right, 1 top to bottom, 2 turns left, 3 right.
 void frmRuvoPaint::Do_mnuRotateSubClick(int index) {
   if (index < 0 || index > 3) return;
-  d_->changePicture([index](clsDIB& picture) {
+  d_->changePicture([this, index](clsDIB& picture) {
     const WaitCursor wait;
     clsDIB::RotateDIB(picture, index);
+    clsDIB::RotateDIB(d_->iconMask.dib, index);
+    d_->iconMask.turned = true;
     return true;
   });
 }

@@ -14,7 +14,7 @@ constexpr int kDropRetryMs = 100;
 }  // namespace
 
 bool frmRuvoPaint::Private::refuseOpen(OpenFault fault, const std::string& path, bool quiet) {
-  if (quiet) return false;
+  if (quiet || fault == OpenFault::Cancelled) return false;
   if (fault == OpenFault::NoImagingService) {
     link.gdiPlusMissingMessage(QString());
   } else {
@@ -49,6 +49,7 @@ bool frmRuvoPaint::LoadOpenFile(const QString& FileSpec, int openMode, bool inUp
   }
   // The loader's surface becomes the picture itself.
   d_->canvas->DIB() = std::move(loaded.dib);
+  d_->iconMask = {std::move(loaded.iconMask), false};
   d_->record = std::move(loaded.record);
   d_->restartHistory();
   d_->setChanged(false);

@@ -19,6 +19,7 @@
 namespace ruvo {
 
 struct ReductionItem;
+struct WriteOrder;
 
 inline QString qt(const std::string& text) {
   return QString::fromStdString(text);
@@ -63,9 +64,12 @@ struct frmRuvoPaint::Private {
   std::unique_ptr<MenuSet> menus;
   UndoHistory history;
   FileRecord record;
-  // Of the icon or cursor that the picture was loaded from, white where see-through; empty for any other picture, and
-  // once the picture's pixels no longer lie where they were loaded.
-  clsDIB iconMask;
+  // Of the icon or cursor that the picture comes from, white where see-through; empty for any other picture, and once
+  // it may no longer fit.
+  struct {
+    clsDIB dib;
+    bool turned = false;  // with the picture; the states before that have it as it was
+  } iconMask;
   bool awaitsFirstActivation = true;
   bool busy = false;             // Undo or Redo runs; a second click is dropped
   bool historyGapTold = false;   // a state could not be written and the user knows
@@ -133,9 +137,11 @@ struct frmRuvoPaint::Private {
   bool refuseOpen(OpenFault fault, const std::string& path, bool quiet);
   void saveAs(const SaveItem& item);
   bool saveIsPossible(const SaveItem& item);
-  QString askForSaveName(const SaveItem& item, Size size);
-  bool write(const SaveItem& item, const std::string& path, Size size, clsDIB& reduced, int& bits);
-  void noteSaved(const std::string& path, int bits, Size size);
+  Size sizeToSave() const;
+  std::vector<std::uint8_t> exifToAddBack();
+  QString askForSaveName(Format format, std::string_view ending, Size size);
+  bool write(const WriteOrder& order, Size size, clsDIB& reduced, int& bits);
+  void noteSaved(const WriteOrder& order, int bits, Size size);
   template <typename Step>
   void restoreState(Step step);
   bool loadCustomPicture(const QString& folderKey, clsDIB& picture);

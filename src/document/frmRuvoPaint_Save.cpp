@@ -1,45 +1,65 @@
 // The Save As commands. The old file, the history and the changed flag stay as they were until the new file is whole.
 #include <QFileInfo>
 
+#include "base/letter_case.h"
 #include "base/limits.h"
 #include "base/paths.h"
 #include "document/frmRuvoPaint_Private.h"
 #include "document/model/colour_reduction.h"
-#include "document/model/new_size_rules.h"
 #include "document/model/picture_writing.h"
 #include "document/model/status_texts.h"
+#include "formats/clsEXIF.h"
+#include "platform/imaging/imaging_service.h"
 
 namespace ruvo {
 
 bool frmRuvoPaint::Private::saveIsPossible(const SaveItem& item) {
-  if (!saveFormatInfo(item.format).needsImaging || session().gdiPlusUsable) return true;
-  switch (item.format) {
-    case SaveFormat::Png:
-      tell(QString::fromLatin1(kPngNeedsImaging));
-      break;
-    case SaveFormat::Tiff:
-      link.gdiPlusMissingMessage(QString());
-      break;
-    default:
-      tell(QString::fromLatin1(kSaveFailed));
-      break;
+  const auto refusal = saveRefusal(item, session().gdiPlusUsable, imaging::zlibPresent());
+  if (!refusal) return true;
+  if (refusal->empty()) {
+    link.gdiPlusMissingMessage(QString());
+  } else {
+    tell(qt(*refusal));
   }
   return false;
 }
 
+// The view mode saves what it shows; the paint mode saves the picture itself.
+Size frmRuvoPaint::Private::sizeToSave() const {
+  Size size = canvas->DIB().size();
+  if (link.toolbox().viewMode) canvas->GetCurrentGrossImageSize(size.width, size.height);
+  return size;
+}
+
+// The camera's block of the photograph that this picture was loaded from, when it shall be kept. The target may be the
+// photograph itself, so this comes before anything is written.
+std::vector<std::uint8_t> frmRuvoPaint::Private::exifToAddBack() {
+  const FormatRow* row = formatOfExtension('.' + record.type);
+  if (!session().options.jpgAddBackExif || !row || row->format != Format::Jpeg) return {};
+  const std::filesystem::path original = pathOf(record.name);
+  if (!fileExists(original)) {
+    if (record.fromCamera == yesNo(true)) tell(qt(record.name + '\n' + kOriginalMissing));
+    return {};
+  }
+  clsEXIF exif;
+  std::vector<std::uint8_t> block;
+  if (!exif.IsFromDigitalCamera(original) || !exif.readBlock(original, block)) return {};
+  return block;
+}
+
 // The chosen path; empty when cancelled or refused.
-QString frmRuvoPaint::Private::askForSaveName(const SaveItem& item, Size size) {
-  const SaveFormatInfo& info = saveFormatInfo(item.format);
-  const QString extension = qt(std::string(info.extension));
+QString frmRuvoPaint::Private::askForSaveName(Format format, std::string_view ending, Size size) {
+  const QString extension = qt(usualExtension(format));
   QString title = tr("Save As %1").arg(extension.toUpper());
   if (link.toolbox().viewMode) title += QStringLiteral("   (%1)").arg(qt(sizeText(size.width, size.height)));
-  std::string proposed = proposedName(record.name, info.extension, folderForFiles().toStdString());
+  const QString filter = qt(std::string(rowOf(format).saveFilter));
+  std::string proposed = proposedName(record.name, ending, folderForFiles().toStdString());
   QString chosen;
   while (true) {
-    chosen = desktop::desktop().saveFile(link.window(), title, qt(proposed), qt(std::string(info.filter)), extension);
+    chosen = desktop::desktop().saveFile(link.window(), title, qt(proposed), filter, extension);
     if (chosen.isEmpty()) return chosen;
     const std::string path = chosen.toStdString();
-    proposed = pathWithExtension(info, path);
+    proposed = pathWithExtension(format, path);
     // The picker has asked about replacing the name as it was typed, not about another one.
     if (proposed == path || !fileExists(pathOf(proposed))) break;
   }
@@ -51,49 +71,52 @@ QString frmRuvoPaint::Private::askForSaveName(const SaveItem& item, Size size) {
 void frmRuvoPaint::Private::saveAs(const SaveItem& item) {
   if (!hasPicture() || !saveIsPossible(item)) return;
   commitFloatingAndPush();
-  // The view mode saves what it shows; the paint mode saves the picture itself.
-  Size size = canvas->DIB().size();
-  if (link.toolbox().viewMode) canvas->GetCurrentGrossImageSize(size.width, size.height);
-  if (!pictureSizeAllowed(size.width, size.height)) {
-    tell(qt(thresholdText()));
-    return;
+  WriteOrder order;
+  order.item = item;
+  order.tempFolder = session().tempFolder;
+  std::string ending = '.' + usualExtension(item.format);
+  if (item.format == Format::Jpeg) {
+    order.exifBlock = exifToAddBack();
+    if (!order.exifBlock.empty()) ending = kExifEnding;
   }
-  const QString chosen = askForSaveName(item, size);
+  const Size size = sizeToSave();
+  const QString chosen = askForSaveName(item.format, ending, size);
   if (chosen.isEmpty()) return;
-  const std::string path = chosen.toStdString();
-
+  order.file = pathOf(chosen.toStdString());
   int bits = 0;
   clsDIB reduced;
-  if (!write(item, path, size, reduced, bits)) {
+  if (!write(order, size, reduced, bits)) {
     tell(QString::fromLatin1(kSaveFailed));
     return;
   }
   if (!reduced.empty()) canvas->DIB() = std::move(reduced);
-  noteSaved(path, bits, size);
+  noteSaved(order, bits, size);
 }
 
 // Writes the picture at `size`. `reduced` receives what the canvas is to show afterwards, if that is another picture.
-bool frmRuvoPaint::Private::write(const SaveItem& item, const std::string& path, Size size, clsDIB& reduced,
-                                  int& bits) {
+bool frmRuvoPaint::Private::write(const WriteOrder& order, Size size, clsDIB& reduced, int& bits) {
   const WaitCursor wait;
   const ProgressShown shown(link);
-  if (item.reduceCanvas && typeOfPath(record.name) != "GIF" && clsDIB::BPPperActualDIB(canvas->DIB()) > 8) {
+  if (order.item.way == SaveWay::ReduceCanvas && typeOfPath(record.name) != "GIF" &&
+      clsDIB::BPPperActualDIB(canvas->DIB()) > 8) {
     if (!clsDIB::CloneDIB(canvas->DIB(), reduced, kWhite, canvas->DIB().BottomUp()) ||
         !ruvo::reduceColours(reduced, Reduction::To256, shown.progress()))
       return false;
   }
   const clsDIB& picture = reduced.empty() ? canvas->DIB() : reduced;
-  if (size == picture.size()) return writePicture(picture, item, pathOf(path), bits, shown.progress());
+  if (size == picture.size()) return writePicture(picture, order, bits, shown.progress());
   clsDIB displayed;
-  return resizedCopy(picture, size.width, size.height, displayed) &&
-         writePicture(displayed, item, pathOf(path), bits, shown.progress());
+  return pictureSizeAllowed(size.width, size.height) && resizedCopy(picture, size.width, size.height, displayed) &&
+         writePicture(displayed, order, bits, shown.progress());
 }
 
 // A save begins a new history: its first state is what was saved. Changes that were saved at another size only, as the
 // view mode does, are still unsaved at their own.
-void frmRuvoPaint::Private::noteSaved(const std::string& path, int bits, Size size) {
+void frmRuvoPaint::Private::noteSaved(const WriteOrder& order, int bits, Size size) {
   endRunningOperation();
   link.FlatAllToolsImages();
+  const std::string path = utf8Of(order.file);
+  const Format format = order.item.format;
   record = FileRecord();
   record.name = path;
   record.type = typeOfPath(path);
@@ -101,6 +124,13 @@ void frmRuvoPaint::Private::noteSaved(const std::string& path, int bits, Size si
   record.width = record.originalWidth = size.width;
   record.height = record.originalHeight = size.height;
   record.fileSize = QFileInfo(qt(path)).size();
+  if (format == Format::Gif) {
+    record.transparent = yesNo(order.item.transparent);
+    record.interlaced = yesNo(order.item.interlaced);
+  }
+  if (format == Format::Gif || format == Format::Ico || format == Format::Cur) record.severalFrames = yesNo(false);
+  if (format != Format::Ico && format != Format::Cur) iconMask = {};
+  if (format == Format::Jpeg) record.fromCamera = yesNo(!order.exifBlock.empty());
   restartHistory();
   setChanged(hasUnsavedChanges() && size != canvas->DIB().size());
   link.addToFileHistory(qt(path));

@@ -20,6 +20,7 @@ bool frmRuvoPaint::Private::commitFloatingAndPush() {
 void frmRuvoPaint::Private::pushState() {
   if (!hasPicture()) return;
   const Size size = canvas->DIB().size();
+  if (iconMask.dib.size() != size) iconMask = {};
   std::optional<WaitCursor> wait;
   if (static_cast<std::int64_t>(size.width) * size.height >= kSlowStatePixels) wait.emplace();
   const bool written = history.push();
@@ -51,6 +52,7 @@ void frmRuvoPaint::Private::restoreState(Step step) {
     const WaitCursor wait;
     step();
   }
+  if (iconMask.turned || iconMask.dib.size() != canvas->DIB().size()) iconMask = {};
   showPicture();
   returnToOperationOfMode();
   canvas->SetScrollValues(x, y, true, true);

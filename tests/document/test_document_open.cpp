@@ -82,10 +82,16 @@ TEST_F(DocumentOpen, WithoutTheImagingServicePngIsRefusedByTheMainWindowsWords) 
   imaging::startImagingService();
 }
 
-TEST_F(DocumentOpen, AlphaIsKeptThroughEditAndUndo) {
+TEST_F(DocumentOpen, AlphaOfABmpIsKeptThroughEditAndUndoAndThatOfAPngIsComposed) {
   QImage image(4, 3, QImage::Format_ARGB32);
   image.fill(QColor(255, 0, 0, 128));
   ASSERT_TRUE(open(write("a.png", image)));
+  EXPECT_FALSE(picture().DIBhasAlpha());
+  EXPECT_EQ(colourAt(1, 1), "#ff7f7f");
+  clsDIB half = test::dibOf(4, 3, [](int, int) { return Pixel32{0, 0, 255, 128}; });
+  half.setDIBhasAlpha(true);
+  ASSERT_TRUE(half.Save_DIB_To_File(folder / "a.bmp", half));
+  ASSERT_TRUE(document->LoadOpenFile(path("a.bmp"), 3, false));
   const auto alphaAt = [this](int x, int y) { return test::pixelAt(picture(), x, y).alpha; };
   EXPECT_TRUE(picture().DIBhasAlpha());
   EXPECT_EQ(alphaAt(1, 1), 128);

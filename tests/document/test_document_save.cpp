@@ -161,8 +161,10 @@ TEST_F(DocumentSave, TheViewModeSavesWhatItShows) {
   EXPECT_EQ(main.tools.zoomScale, 1) << "twenty times would be too large";
   main.tools.zoomScale = 10;
   document->Do_zoomScaleChanged();
-  desktop.expect("Width x height exceeds the threshhold set (25,000,000 pixels)");
+  desktop.expectSave(path("vast.bmp"));
+  desktop.expect("Failed to save this file.");
   EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 0));
+  EXPECT_FALSE(QFile::exists(path("vast.bmp")));
 }
 
 TEST_F(DocumentSave, ClosingAsksOnlyForUnsavedWork) {

@@ -5,6 +5,10 @@
 
 namespace ruvo {
 
+std::string yesNo(bool value) {
+  return value ? "Yes" : "No";
+}
+
 std::string untitledName(int number) {
   return "Untitled_" + std::to_string(number);
 }

@@ -19,9 +19,12 @@ struct FileRecord {
   std::string transparent;
   std::string interlaced;
   std::string severalFrames;
+  std::string fromCamera;
 
   bool untitled() const { return name.rfind("Untitled", 0) == 0; }
 };
+
+std::string yesNo(bool value);
 
 // "Untitled_3"; the first picture made while no document is open is "Untitled:1" in its title.
 std::string untitledName(int number);

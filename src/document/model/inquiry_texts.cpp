@@ -47,11 +47,11 @@ std::string generalPropertiesText(const FileRecord& record, const PictureFacts& 
     text += "(GIF) Interlaced:   " + orNotApplicable(record.interlaced) + '\n';
     text += "(GIF) Animated GIF file:   " + orNotApplicable(record.severalFrames) + '\n';
   } else if (type == "JPG" || type == "JPEG") {
-    text += "(JPG/JPEG)  From digital camera:   " + orNotApplicable(facts.fromCamera) + '\n';
+    text += "(JPG/JPEG)  From digital camera:   " + orNotApplicable(record.fromCamera) + '\n';
   } else if (type == "ICO") {
     text += "(ICO) Multi-icon file:   " + orNotApplicable(record.severalFrames) + '\n';
   }
-  return text + "Change made:  " + (facts.changed ? "Yes" : "No");
+  return text + "Change made:  " + yesNo(facts.changed);
 }
 
 std::string colourCountText(int count) {

@@ -12,8 +12,7 @@ struct PictureFacts {
   Size size;
   int bitsPerPixel = 24;
   bool changed = false;
-  std::string fileDate;    // empty when there is no file
-  std::string fromCamera;  // "Yes" or "No" for a JPEG
+  std::string fileDate;  // empty when there is no file
 };
 
 // "True-color" for more than 8 bits.

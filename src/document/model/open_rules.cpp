@@ -2,44 +2,24 @@
 
 #include <filesystem>
 #include <system_error>
+#include <utility>
 #include <vector>
 
-#include "base/letter_case.h"
 #include "base/limits.h"
 #include "base/paths.h"
-#include "formats/format_table.h"
 
 namespace ruvo {
 namespace {
 
-using enum OpenRoute;
-
-constexpr OpenRow kTable[] = {
-    {".BMP", "Bitmap", kAnyFileSize, PlatformLoader}, {".GIF", "GIF", kAnyFileSize, PlatformLoader},
-    {".JPG", "JPEG", kAnyFileSize, PlatformLoader},   {".JPEG", "JPEG", kAnyFileSize, PlatformLoader},
-    {".WMF", "Metafile", kAnyFileSize, NotBuilt},     {".EMF", "Metafile", kAnyFileSize, NotBuilt},
-    {".PNG", "PNG", kAnyFileSize, ImagingService},    {".TIF", "TIFF", kAnyFileSize, ImagingService},
-    {".TIFF", "TIFF", kAnyFileSize, ImagingService},  {".TGA", "Targa", kAnyFileSize, NotBuilt},
-    {".PCX", "PCX", kAnyFileSize, NotBuilt},          {".ICO", "Icon", kAnyFileSize, NotBuilt},
-    {".CUR", "Cursor", kAnyFileSize, NotBuilt},
-};
-
-std::string patternOf(std::string_view extension) {
-  std::string pattern = "*";
-  for (const char c : extension) pattern += static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
-  return pattern;
-}
-
-void addPattern(std::string& list, std::string_view extension) {
-  if (!list.empty()) list += ';';
-  list += patternOf(extension);
+void addPatterns(std::string& list, std::string_view extensions) {
+  for (std::size_t start = 0; start < extensions.size();) {
+    const std::size_t end = std::min(extensions.find('/', start), extensions.size());
+    list += (list.empty() ? "*" : ";*") + std::string(extensions.substr(start, end - start));
+    start = end + 1;
+  }
 }
 
 }  // namespace
-
-std::span<const OpenRow> openTable() {
-  return kTable;
-}
 
 OpenPlan planOpen(const std::string& path) {
   OpenPlan plan;
@@ -52,24 +32,12 @@ OpenPlan planOpen(const std::string& path) {
   plan.fileSize = error ? 0 : static_cast<std::int64_t>(size);
   const std::string_view extension = extensionOf(path);
   const std::size_t length = utf8Length(extension);
+  plan.row = formatToOpen(extension);
   if (length < 4 || length > 5) {
     plan.fault = OpenFault::NoExtension;
-    return plan;
-  }
-  plan.extension = upperCase(extension);
-  if (!isOpenableExtension(extension)) {
+  } else if (!plan.row || !plan.row->read) {
     plan.fault = OpenFault::NotAllowed;
-    return plan;
   }
-  // A part of a known extension (".jpe") is in the list too; such a file is told by its content.
-  plan.route = PlatformLoader;
-  for (const OpenRow& row : kTable) {
-    if (row.extension == plan.extension && plan.fileSize <= row.maxFileBytes) {
-      plan.route = row.route;
-      break;
-    }
-  }
-  if (plan.route == NotBuilt) plan.fault = OpenFault::NotAllowed;
   return plan;
 }
 
@@ -89,6 +57,7 @@ std::string openFaultText(OpenFault fault, const std::string& path) {
       return "Incoming image exceeds max size allowed.";
     case OpenFault::None:
     case OpenFault::NoImagingService:
+    case OpenFault::Cancelled:
       break;
   }
   return {};
@@ -99,22 +68,23 @@ OpenFault sizeFault(std::int64_t width, std::int64_t height) {
   return pictureSizeAllowed(width, height) ? OpenFault::None : OpenFault::TooLarge;
 }
 
-OpenFault loadFault(const imaging::LoadResult& result) {
-  if (result) return sizeFault(result.picture.width, result.picture.height);
-  const bool sizeKnown = result.width != 0 || result.height != 0;
-  const OpenFault fault = sizeKnown ? sizeFault(result.width, result.height) : OpenFault::None;
+OpenFault loadFault(const ReadPicture& read) {
+  if (read.cancelled) return OpenFault::Cancelled;
+  if (read) return sizeFault(read.dib.DIBWidth(), read.dib.DIBHeight());
+  const bool sizeKnown = read.width != 0 || read.height != 0;
+  const OpenFault fault = sizeKnown ? sizeFault(read.width, read.height) : OpenFault::None;
   if (fault != OpenFault::None) return fault;
-  return result.error == imaging::LoadError::TooLarge ? OpenFault::TooLarge : OpenFault::LoadFailed;
+  return read.error == imaging::LoadError::TooLarge ? OpenFault::TooLarge : OpenFault::LoadFailed;
 }
 
 std::string openFilter() {
   std::string all;
   std::vector<std::pair<std::string_view, std::string>> families;
-  for (const OpenRow& row : kTable) {
-    if (row.route == NotBuilt) continue;
-    addPattern(all, row.extension);
+  for (const FormatRow& row : formatTable()) {
+    if (!row.read) continue;
+    addPatterns(all, row.extensions);
     if (families.empty() || families.back().first != row.family) families.push_back({row.family, {}});
-    addPattern(families.back().second, row.extension);
+    addPatterns(families.back().second, row.extensions);
   }
   std::string filter = "(bmp/gif/jpg/jpeg/wmf/emf/png/tif/tiff/tga/pcx/ico/cur)|" + all;
   for (const auto& [name, patterns] : families) filter += '|' + std::string(name) + " (" + patterns + ")|" + patterns;

@@ -1,60 +1,63 @@
 #include "document/model/picture_loading.h"
 
-#include <algorithm>
-
 #include "base/limits.h"
 #include "base/paths.h"
+#include "formats/clsEXIF.h"
 #include "platform/imaging/imaging_service.h"
 
 namespace ruvo {
 namespace {
 
-// The loaded bitmap as a picture of 32 bits, its own memory moved where that is possible.
-bool takeBitmap(imaging::Picture&& picture, clsDIB& dib) {
-  raster::Surface* bitmap = picture.bitmap.get();
-  const bool movable = bitmap && bitmap->depth() == 32 && bitmap->order() == raster::RowOrder::BottomUp &&
-                       picture.bitmap.use_count() == 1;
-  if (movable) {
-    dib.adopt(std::move(*bitmap), picture.hasAlpha);
-  } else if (dib.CreateDIBFromPic(picture, true)) {
-    dib.setDIBhasAlpha(picture.hasAlpha);
+// What the file itself says where the format tells it, else what the picture's colours need.
+int depthForRecord(Format format, const ReadPicture& read) {
+  switch (format) {
+    case Format::Gif:
+      return 8;
+    case Format::Jpeg:
+      return 24;
+    case Format::Ico:
+    case Format::Cur:
+      return read.fileDepth;
+    case Format::Bmp: {
+      const std::int64_t pixels = static_cast<std::int64_t>(read.dib.DIBWidth()) * read.dib.DIBHeight();
+      if (pixels < kLargePicturePixels && read.fileDepth > 0) return read.fileDepth == 16 ? 24 : read.fileDepth;
+      break;
+    }
+    default:
+      break;
   }
-  return !dib.empty();
+  return clsDIB::BPPperActualDIB(read.dib);
 }
 
-// What the file itself says where the format tells it, else what the picture's colours need.
-int depthForRecord(const std::string& extension, int fileDepth, const clsDIB& dib) {
-  if (extension == ".GIF") return 8;
-  if (extension == ".JPG" || extension == ".JPEG") return 24;
-  const std::int64_t pixels = static_cast<std::int64_t>(dib.DIBWidth()) * dib.DIBHeight();
-  if (extension == ".BMP" && pixels < kLargePicturePixels && fileDepth > 0) return fileDepth == 16 ? 24 : fileDepth;
-  return clsDIB::BPPperActualDIB(dib);
+std::string yesNoOrNothing(std::optional<bool> fact) {
+  return fact ? yesNo(*fact) : std::string();
 }
 
 }  // namespace
 
-LoadedPicture loadPicture(const std::string& path, const OpenPlan& plan) {
+LoadedPicture loadPicture(const std::string& path, const OpenPlan& plan, const ReadRequest& request) {
   LoadedPicture loaded;
-  const bool throughService = plan.route == OpenRoute::ImagingService;
-  if (throughService && !imaging::imagingUsable()) {
+  const FormatRow& row = *plan.row;
+  if (row.readNeedsImaging && !imaging::imagingUsable()) {
     loaded.fault = OpenFault::NoImagingService;
     return loaded;
   }
-  imaging::LoadResult result =
-      throughService ? imaging::LoadImageThroughGDIPlus(pathOf(path)) : imaging::LoadPicture(pathOf(path));
-  loaded.fault = loadFault(result);
+  ReadPicture read = readPicture(pathOf(path), row, request);
+  loaded.fault = loadFault(read);
   if (loaded.fault != OpenFault::None) return loaded;
-  if (!takeBitmap(std::move(result.picture), loaded.dib)) {
-    loaded.fault = OpenFault::LoadFailed;
-    return loaded;
-  }
   FileRecord& record = loaded.record;
   record.name = path;
   record.type = typeOfPath(path);
-  record.bitsPerPixel = depthForRecord(plan.extension, result.fileDepth, loaded.dib);
-  record.width = record.originalWidth = loaded.dib.DIBWidth();
-  record.height = record.originalHeight = loaded.dib.DIBHeight();
+  record.bitsPerPixel = depthForRecord(row.format, read);
+  record.width = record.originalWidth = read.dib.DIBWidth();
+  record.height = record.originalHeight = read.dib.DIBHeight();
   record.fileSize = plan.fileSize;
+  record.transparent = yesNoOrNothing(read.transparent);
+  record.interlaced = yesNoOrNothing(read.interlaced);
+  record.severalFrames = yesNoOrNothing(read.severalFrames);
+  if (row.format == Format::Jpeg) record.fromCamera = yesNo(clsEXIF().IsFromDigitalCamera(pathOf(path)));
+  loaded.dib = std::move(read.dib);
+  loaded.iconMask = std::move(read.mask);
   return loaded;
 }
 

@@ -12,12 +12,13 @@ namespace ruvo {
 
 struct LoadedPicture {
   OpenFault fault = OpenFault::None;
-  clsDIB dib;  // 32 bits; real alpha in byte 3 when DIBhasAlpha
+  clsDIB dib;       // 32 bits; real alpha in byte 3 when DIBhasAlpha
+  clsDIB iconMask;  // of an icon or cursor: 1 bit, white where see-through
   FileRecord record;
 };
 
-// Follows a plan without fault. The loader's surface becomes the picture with no copy when it has 32 bits.
-LoadedPicture loadPicture(const std::string& path, const OpenPlan& plan);
+// Follows a plan without fault.
+LoadedPicture loadPicture(const std::string& path, const OpenPlan& plan, const ReadRequest& request = {});
 
 // Planning and loading in one, for pictures that are loaded into a document and not as one (brush, pattern, stamp).
 LoadedPicture loadPicture(const std::string& path);

@@ -1,26 +1,47 @@
 #include "document/model/picture_writing.h"
 
+#include "base/file_io.h"
+#include "base/limits.h"
+#include "base/paths.h"
 #include "document/model/colour_reduction.h"
+#include "formats/clsEXIF.h"
 #include "image/basGDIProc.h"
 #include "platform/imaging/imaging_service.h"
 
 namespace ruvo {
 namespace {
 
-bool writeBmp(const clsDIB& picture, const SaveItem& item, const std::filesystem::path& file, int& bits,
-              const Progress& progress) {
-  bits = item.reduceCanvas ? 8 : clsDIB::BPPperActualDIB(picture);
-  if (bits > 8) return picture.Save_DIB_To_File(file, picture);
+bool writeBmp(const clsDIB& picture, const WriteOrder& order, int& bits, const Progress& progress) {
+  bits = order.item.way == SaveWay::ReduceCanvas ? 8 : clsDIB::BPPperActualDIB(picture);
+  if (bits > 8) return picture.Save_DIB_To_File(order.file, picture);
   clsPal pal;
   clsPalDither dither;
   if (!picture.DIBhasAlpha() && dither.ExactRows(picture, pal, bits)) {
-    return clsDIB::Save_DIB_To_File_Paletted(file, picture, pal, dither, bits);
+    return clsDIB::Save_DIB_To_File_Paletted(order.file, picture, pal, dither, bits);
   }
   clsDIB copy;
   if (!flattenedCopy(picture, copy)) return false;
   bits = 8;
   paletteRows(copy, bits, pal, dither, progress);
-  return clsDIB::Save_DIB_To_File_Paletted(file, copy, pal, dither, bits);
+  return clsDIB::Save_DIB_To_File_Paletted(order.file, copy, pal, dither, bits);
+}
+
+// By the imaging service, else by the program's own writer.
+bool encodeJpeg(const clsDIB& opaque, int quality, const std::filesystem::path& file) {
+  return SaveDIBWithEncoder(opaque, file, kEncodeJpeg, quality);
+}
+
+bool writeJpeg(const clsDIB& opaque, const WriteOrder& order) {
+  if (order.exifBlock.empty()) return encodeJpeg(opaque, order.item.quality, order.file);
+  const std::filesystem::path bare = order.tempFolder / "tmpnoexif.jpg";
+  bool written = false;
+  if (encodeJpeg(opaque, order.item.quality, bare)) {
+    const auto bytes = readWholeFile(bare, kMaxFileBytes);
+    const auto whole = bytes ? clsEXIF::withBlock(*bytes, order.exifBlock) : std::vector<std::uint8_t>();
+    written = !whole.empty() && replaceFile(order.file, whole);
+  }
+  deleteIfPossible(bare);
+  return written;
 }
 
 }  // namespace
@@ -35,25 +56,22 @@ bool resizedCopy(const clsDIB& picture, int width, int height, clsDIB& copy) {
   return true;
 }
 
-bool writePicture(const clsDIB& picture, const SaveItem& item, const std::filesystem::path& file, int& bits,
-                  const Progress& progress) {
+bool writePicture(const clsDIB& picture, const WriteOrder& order, int& bits, const Progress& progress) {
   bits = picture.DIBhasAlpha() ? 32 : 24;
-  switch (item.format) {
-    case SaveFormat::Bmp:
-      return writeBmp(picture, item, file, bits, progress);
-    case SaveFormat::Png:
-      return SaveDIBWithEncoder(picture, file, kEncodePng);
-    case SaveFormat::Tiff:
-      return SaveDIBWithEncoder(picture, file, kEncodeTiff, bits);
-    case SaveFormat::Jpeg:
+  switch (order.item.format) {
+    case Format::Bmp:
+      return writeBmp(picture, order, bits, progress);
+    case Format::Png:
+      return SaveDIBWithEncoder(picture, order.file, kEncodePng);
+    case Format::Tiff:
+      return SaveDIBWithEncoder(picture, order.file, kEncodeTiff, bits);
+    default:
       break;
   }
-  // A JPEG loses its camera data here. The block of the record's own file has to be read before the target is replaced,
-  // and go into the new file as it is written.
-  bits = 24;
-  if (!picture.DIBhasAlpha()) return SaveDIBWithEncoder(picture, file, kEncodeJpeg, item.quality);
+  bits = order.item.format == Format::Gif ? 8 : 24;
+  if (!picture.DIBhasAlpha()) return writeJpeg(picture, order);
   clsDIB flat;
-  return flattenedCopy(picture, flat) && SaveDIBWithEncoder(flat, file, kEncodeJpeg, item.quality);
+  return flattenedCopy(picture, flat) && writeJpeg(flat, order);
 }
 
 }  // namespace ruvo

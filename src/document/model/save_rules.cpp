@@ -8,24 +8,37 @@
 namespace ruvo {
 namespace {
 
-constexpr std::array kItems = {
-    SaveItem{"mnuFileSaveBMPSub", 0, SaveFormat::Bmp, false, 0},
-    SaveItem{"mnuFileSaveBMPSub", 2, SaveFormat::Bmp, true, 0},
-    SaveItem{"mnuFileSaveJPGSub", 0, SaveFormat::Jpeg, false, 55},
-    SaveItem{"mnuFileSaveJPGSub", 1, SaveFormat::Jpeg, false, 65},
-    SaveItem{"mnuFileSaveJPGSub", 2, SaveFormat::Jpeg, false, 75},
-    SaveItem{"mnuFileSaveJPGSub", 3, SaveFormat::Jpeg, false, 85},
-    SaveItem{"mnuFileSaveJPGSub", 4, SaveFormat::Jpeg, false, 95},
-    SaveItem{"mnuFileSavePNGSub", 0, SaveFormat::Png, false, 0},
-    SaveItem{"mnuFileSavePNGSub", 1, SaveFormat::Png, true, 0},
-    SaveItem{"mnuFileSub", 11, SaveFormat::Tiff, false, 0},
-};
+constexpr const char* kPngNeedsImaging = "GDIplus.dll not found.  Please select to save with Options Panel.";
+constexpr const char* kPngNeedsZlib =
+    "zLIB.dll missing in Ruvo Paint program folder.\nPlease select to save without Options Panel.";
+constexpr const char* kPngNeedsBoth =
+    "(1) zLIB.dll missing in Ruvo Paint program folder and (2) GDIplus.dll not found.\nHence cannot proceed to save "
+    "PNG "
+    "file.";
 
-constexpr std::array kFormats = {
-    SaveFormatInfo{"(*.bmp)|*.bmp|", "bmp", false},
-    SaveFormatInfo{"(*.jpg, *.jpeg)|*.jpg;*.jpeg|", "jpg", true},
-    SaveFormatInfo{"(*.png)|*.png|", "png", true},
-    SaveFormatInfo{"(*.tif;*.tiff)|*.tif;*.tiff|", "tif", true},
+constexpr std::array kItems = {
+    SaveItem{"mnuFileSaveBMPSub", 0, Format::Bmp},
+    SaveItem{"mnuFileSaveBMPSub", 2, Format::Bmp, SaveWay::ReduceCanvas},
+    SaveItem{.control = "mnuFileSaveGIFSub", .index = 0, .format = Format::Gif},
+    SaveItem{.control = "mnuFileSaveGIFSub", .index = 1, .format = Format::Gif, .transparent = true},
+    SaveItem{
+        .control = "mnuFileSaveGIFSub", .index = 2, .format = Format::Gif, .transparent = true, .interlaced = true},
+    SaveItem{.control = "mnuFileSaveGIFSub", .index = 3, .format = Format::Gif, .interlaced = true},
+    SaveItem{"mnuFileSaveGIFSub", 5, Format::Gif, SaveWay::Panel},
+    SaveItem{"mnuFileSaveJPGSub", 0, Format::Jpeg, SaveWay::Direct, 55},
+    SaveItem{"mnuFileSaveJPGSub", 1, Format::Jpeg, SaveWay::Direct, 65},
+    SaveItem{"mnuFileSaveJPGSub", 2, Format::Jpeg, SaveWay::Direct, 75},
+    SaveItem{"mnuFileSaveJPGSub", 3, Format::Jpeg, SaveWay::Direct, 85},
+    SaveItem{"mnuFileSaveJPGSub", 4, Format::Jpeg, SaveWay::Direct, 95},
+    SaveItem{"mnuFileSavePNGSub", 0, Format::Png},
+    SaveItem{"mnuFileSavePNGSub", 1, Format::Png, SaveWay::ReduceCanvas},
+    SaveItem{"mnuFileSavePNGSub", 3, Format::Png, SaveWay::Panel},
+    SaveItem{"mnuFileSavePNGSub", 4, Format::Png, SaveWay::Panel},
+    SaveItem{"mnuFileSub", 11, Format::Tiff},
+    SaveItem{"mnuFileSub", 12, Format::Tga},
+    SaveItem{"mnuFileSub", 13, Format::Pcx},
+    SaveItem{"mnuFileSub", 15, Format::Ico, SaveWay::IconWindow},
+    SaveItem{"mnuFileSub", 16, Format::Cur, SaveWay::IconWindow},
 };
 
 }  // namespace
@@ -37,27 +50,39 @@ const SaveItem* saveItemOf(std::string_view control, int index) {
   return nullptr;
 }
 
-const SaveItem& saveItemForType(std::string_view type) {
-  const std::string upper = upperCase(type);
-  if (upper == "JPG" || upper == "JPEG") return *saveItemOf("mnuFileSaveJPGSub", 4);
-  if (upper == "PNG") return *saveItemOf("mnuFileSavePNGSub", 0);
-  if (upper == "TIF" || upper == "TIFF") return *saveItemOf("mnuFileSub", 11);
-  return *saveItemOf("mnuFileSaveBMPSub", 0);
-}
-
-const SaveFormatInfo& saveFormatInfo(SaveFormat format) {
-  return kFormats[static_cast<std::size_t>(format)];
-}
-
-std::string pathWithExtension(const SaveFormatInfo& info, const std::string& path) {
-  const std::string extension = upperCase(extensionOf(path));
-  for (const char end : {';', '|'}) {
-    if (!extension.empty() && upperCase(info.filter).find('*' + extension + end) != std::string::npos) return path;
+const SaveItem& saveItemForRecord(const FileRecord& record) {
+  const FormatRow* row = formatOfExtension('.' + record.type);
+  const Format format = row && !row->saveFilter.empty() ? row->format : Format::Bmp;
+  if (format == Format::Jpeg) return *saveItemOf("mnuFileSaveJPGSub", 4);
+  const bool transparent = record.transparent == yesNo(true);
+  const bool interlaced = record.interlaced == yesNo(true);
+  for (const SaveItem& item : kItems) {
+    const bool sameManner = format != Format::Gif || (item.transparent == transparent && item.interlaced == interlaced);
+    if (item.format == format && sameManner) return item;
   }
-  return path + '.' + std::string(info.extension);
+  return kItems.front();
 }
 
-std::string proposedName(const std::string& recordName, std::string_view extension, const std::string& folder) {
+std::optional<std::string> saveRefusal(const SaveItem& item, bool imagingUsable, bool zlibPresent) {
+  if (item.format == Format::Png && item.way == SaveWay::Panel) {
+    if (zlibPresent) return std::nullopt;
+    return imagingUsable ? kPngNeedsZlib : kPngNeedsBoth;
+  }
+  if (imagingUsable || !rowOf(item.format).writeNeedsImaging) return std::nullopt;
+  return item.format == Format::Png ? kPngNeedsImaging : "";
+}
+
+std::string usualExtension(Format format) {
+  const std::string_view all = rowOf(format).extensions;
+  return std::string(all.substr(1, all.find('/') - 1));
+}
+
+std::string pathWithExtension(Format format, const std::string& path) {
+  if (formatOfExtension(extensionOf(path)) == &rowOf(format)) return path;
+  return path + '.' + usualExtension(format);
+}
+
+std::string proposedName(const std::string& recordName, std::string_view ending, const std::string& folder) {
   const std::string_view file = fileNameOf(recordName);
   const std::string_view old = extensionOf(recordName);
   std::string name(file.substr(0, file.size() - old.size()));
@@ -66,7 +91,7 @@ std::string proposedName(const std::string& recordName, std::string_view extensi
   }
   std::string place(recordName.substr(0, recordName.size() - file.size()));
   if (place.empty()) place = folder + '/';
-  return place + name + '.' + std::string(extension);
+  return place + name + std::string(ending);
 }
 
 }  // namespace ruvo

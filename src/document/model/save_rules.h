@@ -1,42 +1,52 @@
 // The Save As commands: their formats, proposed names and refusals.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "base/save_texts.h"
+#include "document/model/file_record.h"
+#include "formats/format_table.h"
 
 namespace ruvo {
 
-enum class SaveFormat { Bmp, Jpeg, Png, Tiff };
+enum class SaveWay {
+  Direct,
+  ReduceCanvas,  // the picture itself is first reduced to 8 bits, and stays so
+  Panel,         // options panel of GIF and PNG
+  IconWindow,    // the window of icons and cursors
+};
 
 // One Save As item.
 struct SaveItem {
   std::string_view control;  // of the menu row
   int index;
-  SaveFormat format;
-  bool reduceCanvas;  // the picture itself is first reduced to 8 bits, and stays so
-  int quality;        // of a JPEG
+  Format format;
+  SaveWay way = SaveWay::Direct;
+  int quality = 0;           // of a JPEG
+  bool transparent = false;  // of a GIF: the colour of the picture's top left
+  bool interlaced = false;   // of a GIF
 };
 // Null for an item that is none, or has no writer.
 const SaveItem* saveItemOf(std::string_view control, int index);
-// The item that stands for plain Save on a record of this type: the same format, else the lossless default.
-const SaveItem& saveItemForType(std::string_view type);
+// The item that stands for plain Save on this record: the same format in the same manner, else the lossless default.
+const SaveItem& saveItemForRecord(const FileRecord& record);
 
-struct SaveFormatInfo {
-  std::string_view filter;
-  std::string_view extension;  // without dot, lower case
-  bool needsImaging;
-};
-const SaveFormatInfo& saveFormatInfo(SaveFormat format);
+// The words with which an item is refused for want of a library; an empty text stands for the main window's own words.
+std::optional<std::string> saveRefusal(const SaveItem& item, bool imagingUsable, bool zlibPresent);
 
+// Without dot, lower case.
+std::string usualExtension(Format format);
 // The chosen path, with the format's extension behind it when it ends in none of the format's own: opening goes by the
 // extension, so a file under another format's name could not be read again.
-std::string pathWithExtension(const SaveFormatInfo& info, const std::string& path);
+std::string pathWithExtension(Format format, const std::string& path);
+// The record's name with a new end (extension and what stands before it), in `folder` when the record has no path. ":"
+// has no place in a file name.
+std::string proposedName(const std::string& recordName, std::string_view ending, const std::string& folder);
 
-// The record's name with the new extension, in `folder` when the record has no path. ":" has no place in a file name.
-std::string proposedName(const std::string& recordName, std::string_view extension, const std::string& folder);
-
-inline constexpr const char* kPngNeedsImaging = "GDIplus.dll not found.  Please select to save with Options Panel.";
+inline constexpr const char* kOriginalMissing = "Orig file missing.  Orig EXIF data will not be saved.";
+// How the name of a photograph ends that gets its camera data back.
+inline constexpr std::string_view kExifEnding = "_EX.jpg";
 
 }  // namespace ruvo

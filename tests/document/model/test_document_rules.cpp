@@ -12,33 +12,29 @@
 namespace ruvo {
 namespace {
 
-TEST(OpenRules, TheExtensionDecidesTheRoute) {
+TEST(OpenRules, TheExtensionDecidesTheReader) {
   const test::TempFolder folder;
   struct Case {
     const char* name;
     OpenFault fault;
-    OpenRoute route;
+    Format format;
   };
   const Case cases[] = {
-      {"a.bmp", OpenFault::None, OpenRoute::PlatformLoader},
-      {"a.b.JPEG", OpenFault::None, OpenRoute::PlatformLoader},
-      {"a.jpe", OpenFault::None, OpenRoute::PlatformLoader},
-      {"a.Gif", OpenFault::None, OpenRoute::PlatformLoader},
-      {"a.png", OpenFault::None, OpenRoute::ImagingService},
-      {"a.tiff", OpenFault::None, OpenRoute::ImagingService},
-      {"a.pcx", OpenFault::NotAllowed, OpenRoute::NotBuilt},
-      {"a.txt", OpenFault::NotAllowed, OpenRoute::NotBuilt},
-      {"a.t", OpenFault::NoExtension, OpenRoute::NotBuilt},
-      {"a.ps", OpenFault::NoExtension, OpenRoute::NotBuilt},
-      {"a.jpeg2", OpenFault::NoExtension, OpenRoute::NotBuilt},
-      {"bmp", OpenFault::NoExtension, OpenRoute::NotBuilt},
+      {"a.bmp", OpenFault::None, Format::Bmp},       {"a.b.JPEG", OpenFault::None, Format::Jpeg},
+      {"a.jpe", OpenFault::None, Format::Bmp},       {"a.Gif", OpenFault::None, Format::Gif},
+      {"a.png", OpenFault::None, Format::Png},       {"a.tiff", OpenFault::None, Format::Tiff},
+      {"a.txt", OpenFault::NotAllowed, Format::Bmp}, {"a.t", OpenFault::NoExtension, Format::Bmp},
+      {"a.ps", OpenFault::NoExtension, Format::Bmp}, {"a.jpeg2", OpenFault::NoExtension, Format::Bmp},
+      {"bmp", OpenFault::NoExtension, Format::Bmp},
   };
   for (const Case& c : cases) {
     const std::string path = (folder / c.name).string();
     ASSERT_TRUE(replaceFile(path, std::vector<std::uint8_t>{1, 2, 3}));
     const OpenPlan plan = planOpen(path);
     EXPECT_EQ(plan.fault, c.fault) << c.name;
-    EXPECT_EQ(plan.route, c.route) << c.name;
+    if (c.fault == OpenFault::None) {
+      EXPECT_EQ(plan.row, &rowOf(c.format)) << c.name;
+    }
     EXPECT_EQ(plan.fileSize, 3) << c.name;
   }
   std::filesystem::create_directories(folder / "v1.bmp");
@@ -55,7 +51,7 @@ TEST(OpenRules, SizesAtTheLimits) {
   EXPECT_EQ(sizeFault(5001, 5000), OpenFault::TooLarge);
   EXPECT_EQ(sizeFault(32760, 1), OpenFault::None);
   EXPECT_EQ(sizeFault(32761, 1), OpenFault::TooLarge);
-  imaging::LoadResult refused;
+  ReadPicture refused;
   refused.error = imaging::LoadError::TooLarge;
   EXPECT_EQ(loadFault(refused), OpenFault::TooLarge);
   refused.error = imaging::LoadError::Broken;
@@ -64,6 +60,8 @@ TEST(OpenRules, SizesAtTheLimits) {
   EXPECT_EQ(loadFault(refused), OpenFault::NoImage);
   refused.height = 40000;
   EXPECT_EQ(loadFault(refused), OpenFault::TooLarge);
+  refused.cancelled = true;
+  EXPECT_EQ(loadFault(refused), OpenFault::Cancelled);
 }
 
 TEST(OpenRules, TheFilterNamesEveryExtension) {
@@ -86,20 +84,56 @@ TEST(NewSizeRules, RefusalsAndTheQuestion) {
   EXPECT_EQ(thresholdText(), "Width x height exceeds the threshhold set (25,000,000 pixels)");
 }
 
-TEST(SaveRules, ProposedNamesAndItems) {
-  EXPECT_EQ(proposedName("/a.b/photo.one.jpeg", "bmp", "/home"), "/a.b/photo.one.bmp");
-  EXPECT_EQ(proposedName("Untitled:1", "png", "/home"), "/home/Untitled_1.png");
-  EXPECT_EQ(proposedName("/a/none", "tif", "/home"), "/a/none.tif");
-  const SaveFormatInfo& jpeg = saveFormatInfo(SaveFormat::Jpeg);
-  EXPECT_EQ(pathWithExtension(jpeg, "/a/photo.JPEG"), "/a/photo.JPEG");
-  EXPECT_EQ(pathWithExtension(jpeg, "/a/photo.jpe"), "/a/photo.jpe.jpg");
-  EXPECT_EQ(pathWithExtension(jpeg, "/a.jpg/photo.png"), "/a.jpg/photo.png.jpg");
-  EXPECT_EQ(pathWithExtension(jpeg, "/a.jpg/photo"), "/a.jpg/photo.jpg");
+TEST(SaveRules, ProposedNamesKeepTheirPlace) {
+  EXPECT_EQ(proposedName("/a.b/photo.one.jpeg", ".bmp", "/home"), "/a.b/photo.one.bmp");
+  EXPECT_EQ(proposedName("/a/photo.jpg", kExifEnding, "/home"), "/a/photo_EX.jpg");
+  EXPECT_EQ(proposedName("Untitled:1", ".png", "/home"), "/home/Untitled_1.png");
+  EXPECT_EQ(proposedName("/a/none", ".tif", "/home"), "/a/none.tif");
+  EXPECT_EQ(pathWithExtension(Format::Jpeg, "/a/photo.JPEG"), "/a/photo.JPEG");
+  EXPECT_EQ(pathWithExtension(Format::Jpeg, "/a/photo.jpe"), "/a/photo.jpe.jpg");
+  EXPECT_EQ(pathWithExtension(Format::Jpeg, "/a.jpg/photo.png"), "/a.jpg/photo.png.jpg");
+  EXPECT_EQ(pathWithExtension(Format::Jpeg, "/a.jpg/photo"), "/a.jpg/photo.jpg");
+}
+
+TEST(SaveRules, PlainSaveKeepsFormatAndManner) {
+  const auto itemFor = [](const char* type, const char* transparent = "", const char* interlaced = "") {
+    FileRecord record;
+    record.type = type;
+    record.transparent = transparent;
+    record.interlaced = interlaced;
+    return saveItemForRecord(record);
+  };
+  EXPECT_EQ(itemFor("jpeg").quality, 95);
+  EXPECT_EQ(itemFor("TIFF").format, Format::Tiff);
+  EXPECT_EQ(itemFor("EMF").format, Format::Bmp) << "a type with no writer is kept without loss";
+  EXPECT_EQ(itemFor("").format, Format::Bmp);
+  EXPECT_EQ(itemFor("PNG").way, SaveWay::Direct);
+  EXPECT_EQ(itemFor("CUR").way, SaveWay::IconWindow);
+  EXPECT_EQ(itemFor("GIF").index, 0);
+  EXPECT_EQ(itemFor("GIF", "No", "No").index, 0);
+  EXPECT_EQ(itemFor("GIF", "Yes", "No").index, 1);
+  EXPECT_EQ(itemFor("GIF", "Yes", "Yes").index, 2);
+  EXPECT_EQ(itemFor("GIF", "No", "Yes").index, 3);
   EXPECT_EQ(saveItemOf("mnuFileSaveJPGSub", 3)->quality, 85);
   EXPECT_EQ(saveItemOf("mnuFileSaveBMPSub", 1), nullptr);
-  EXPECT_EQ(saveItemForType("jpeg").quality, 95);
-  EXPECT_EQ(saveItemForType("TIFF").format, SaveFormat::Tiff);
-  EXPECT_EQ(saveItemForType("GIF").format, SaveFormat::Bmp) << "a type with no writer is kept without loss";
+}
+
+TEST(SaveRules, MissingLibrariesRefuseInWords) {
+  const auto refusal = [](const char* control, int index, bool imaging, bool zlib) {
+    return saveRefusal(*saveItemOf(control, index), imaging, zlib).value_or("none");
+  };
+  EXPECT_EQ(refusal("mnuFileSavePNGSub", 0, false, true),
+            "GDIplus.dll not found.  Please select to save with Options Panel.");
+  EXPECT_EQ(refusal("mnuFileSavePNGSub", 1, true, false), "none");
+  EXPECT_EQ(refusal("mnuFileSavePNGSub", 3, false, true), "none");
+  EXPECT_EQ(refusal("mnuFileSavePNGSub", 3, true, false),
+            "zLIB.dll missing in Ruvo Paint program folder.\nPlease select to save without Options Panel.");
+  EXPECT_EQ(refusal("mnuFileSavePNGSub", 4, false, false),
+            "(1) zLIB.dll missing in Ruvo Paint program folder and (2) GDIplus.dll not found.\n"
+            "Hence cannot proceed to save PNG file.");
+  EXPECT_EQ(refusal("mnuFileSub", 11, false, true), "") << "the main window has words of its own";
+  EXPECT_EQ(refusal("mnuFileSaveGIFSub", 2, false, true), "none");
+  EXPECT_EQ(refusal("mnuFileSaveJPGSub", 2, false, true), "none");
 }
 
 TEST(StatusTexts, AsThePanelsShowThem) {
@@ -112,7 +146,7 @@ TEST(StatusTexts, AsThePanelsShowThem) {
 }
 
 TEST(InquiryTexts, GeneralProperties) {
-  PictureFacts facts{{30, 20}, 8, true, "2026-01-02 03:04", "No"};
+  PictureFacts facts{{30, 20}, 8, true, "2026-01-02 03:04"};
   const std::string untitled = generalPropertiesText(untitledRecord("Untitled_2", 30, 20), facts);
   EXPECT_THAT(untitled,
               testing::StartsWith("UNTITLED\n(Not directly from existing file)\n\nFile Size:  N/A\nFile Date:  N/A"));
@@ -123,6 +157,7 @@ TEST(InquiryTexts, GeneralProperties) {
   record.originalWidth = 60;
   record.originalHeight = 40;
   record.bitsPerPixel = 24;
+  record.fromCamera = "No";
   EXPECT_EQ(generalPropertiesText(record, facts),
             "/photo.jpg\n\nFile Size:  1,234,567  bytes\nFile Date:  2026-01-02 03:04\n"
             "Original Image Size:  60 x 40  pixels      \nCurrent Actual Size:  30 x 20  pixels\n"
