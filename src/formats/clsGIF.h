@@ -221,7 +221,7 @@ class clsGIF {
   // 256; the table is a local one.
   bool FrameInsertImage(const clsDIB& Picture, int Frame, const GifFrameSettings& Settings = {});
   // One colour all over. It uses the global table when the colour stands there.
-  bool FrameInsertBlank(int Frame, int Width, int Height, Colour Colour, const GifFrameSettings& Settings = {});
+  bool FrameInsertBlank(int Frame, int Width, int Height, Colour Color, const GifFrameSettings& Settings = {});
   bool FrameDelete(int Frame);
   // One place towards the front or the back.
   bool FrameMoveUp(int Frame);

@@ -198,15 +198,15 @@ bool clsGIF::FrameInsertImage(const clsDIB& Picture, int Frame, const GifFrameSe
   }
 }
 
-bool clsGIF::FrameInsertBlank(int Frame, int Width, int Height, Colour Colour, const GifFrameSettings& Settings) {
+bool clsGIF::FrameInsertBlank(int Frame, int Width, int Height, Colour Color, const GifFrameSettings& Settings) {
   if (mayInsert(*model_, Frame, {Width, Height}) != kGifOk) return false;
   try {
     GifFrame frame;
     if (!createSurfaces(frame.image, {Width, Height})) return false;
     const int index =
-        model_->globalExists ? GlobalPaletteR_G_B_Find(redOf(Colour), greenOf(Colour), blueOf(Colour)) : -1;
+        model_->globalExists ? GlobalPaletteR_G_B_Find(redOf(Color), greenOf(Color), blueOf(Color)) : -1;
     if (index < 0) {
-      const std::array<raster::TableEntry, 2> table = {raster::TableEntry::of(Colour), raster::TableEntry{}};
+      const std::array<raster::TableEntry, 2> table = {raster::TableEntry::of(Color), raster::TableEntry{}};
       takeLocalTable(frame.image, table);
     } else {
       frame.image.LocalPalette = model_->global;

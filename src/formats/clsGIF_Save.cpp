@@ -26,6 +26,15 @@ void writeTable(ByteWriter& out, const raster::TableEntry* table, int entries, i
   }
 }
 
+void writeScreen(ByteWriter& out, bool newer, Size size, int packed, std::uint8_t background, std::uint8_t aspect) {
+  for (const char c : std::string_view(newer ? "GIF89a" : "GIF87a")) out.u8(static_cast<std::uint8_t>(c));
+  out.u16(static_cast<std::uint16_t>(size.width));
+  out.u16(static_cast<std::uint16_t>(size.height));
+  out.u8(static_cast<std::uint8_t>(packed));
+  out.u8(background);
+  out.u8(aspect);
+}
+
 std::string latin1(std::string_view utf8) {
   std::string out;
   for (std::size_t i = 0; i < utf8.size(); ++i) {
@@ -112,14 +121,10 @@ std::vector<std::uint8_t> finished(ByteWriter& out) {
 
 std::vector<std::uint8_t> modelBytes(const GifModel& model, int onlyFrame, const std::optional<std::string>& comment) {
   ByteWriter out;
-  out.append("GIF");
-  out.append(!model.frames.empty() || (comment && !comment->empty()) ? "89a" : "87a");
+  const bool newer = !model.frames.empty() || (comment && !comment->empty());
   const int bits = model.globalExists ? bitsForEntries(model.globalEntries) : 0;
-  out.u16(model.width);
-  out.u16(model.height);
-  out.u8(static_cast<std::uint8_t>(bits == 0 ? 0 : (bits - 1) | (model.globalSorted ? 8 : 0) | (bits - 1) << 4 | 128));
-  out.u8(model.background);
-  out.u8(model.aspect);
+  const int packed = bits == 0 ? 0 : (bits - 1) | (model.globalSorted ? 8 : 0) | (bits - 1) << 4 | 128;
+  writeScreen(out, newer, {model.width, model.height}, packed, model.background, model.aspect);
   if (bits != 0) writeTable(out, model.global.data(), model.globalEntries, bits);
   if (!model.frames.empty()) writeLoops(out, model.loops);
   writeComment(out, comment);
@@ -162,12 +167,7 @@ bool clsGIF::SaveGIFFrom_BPP8_DIB(const std::filesystem::path& FileName, const c
   const int entries = 1 << BitsPerPixel;
   try {
     ByteWriter out;
-    out.append("GIF89a");
-    out.u16(static_cast<std::uint16_t>(Dib.DIBWidth()));
-    out.u16(static_cast<std::uint16_t>(Dib.DIBHeight()));
-    out.u8(static_cast<std::uint8_t>((BitsPerPixel - 1) | 240));
-    out.u8(0);
-    out.u8(0);
+    writeScreen(out, true, Dib.size(), (BitsPerPixel - 1) | 240, 0, 0);
     writeTable(out, Pal.PalettePtr(), entries, BitsPerPixel);
     writeComment(out, CommentText);
     GifControl control;
