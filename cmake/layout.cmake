@@ -9,6 +9,7 @@ set(RUVO_CORE_FOLDERS
   effects/filter
   canvas/engine
   canvas/tools
+  dialogs/model
   document/model
   tool
   shell/session)

@@ -3,7 +3,9 @@
 // stream from it.
 //
 // Frames are numbered from 1. Colour tables are 256 entries of B, G, R, 0. Operations on a frame that does not exist do
-// nothing and answer false, 0 or an empty surface.
+// nothing and answer false, 0 or an empty surface; the same goes for an index outside 0 to 255. Numbers that a field of
+// the file can not hold are brought into its range (16 bits for sizes, places, delays and loops). One that was moved
+// from may only be assigned to or destroyed.
 #pragma once
 
 #include <array>
@@ -85,16 +87,17 @@ class clsGIF {
   clsGIF(clsGIF&&) noexcept;
   clsGIF& operator=(clsGIF&&) noexcept;
 
-  // --- Reading. All answer a GifCode; a failing load leaves the model empty. On kGifBadSize and after every load
-  // BgdWidth and BgdHeight of the file are in statedWidth(), statedHeight().
+  // --- Reading. All answer a GifCode; a failing load leaves the model empty. After every load statedWidth() and
+  // statedHeight() are the file's logical screen; when the screen's or the first frame's size was refused, that size.
   static int PreliminaryTest(const std::filesystem::path& FileName, std::vector<std::uint8_t>& Data);
   int LoadFromGIFFile(const std::filesystem::path& FileName);
   // A complete GIF; the array is emptied when done (its bytes are moved about while it is read).
   int LoadStream(std::vector<std::uint8_t>& Data);
-  // Puts the file's first image in as frame FrameNo (1 to FramesCount + 1); FrameNo 1 starts anew. On a model of several
-  // frames the logical screen stays what it was.
+  // Puts the file's first image in as frame FrameNo (1 to FramesCount + 1); FrameNo 1 starts anew with that file's
+  // screen, loops, comment and global table. In front of or behind other frames the model keeps its own, and the frame
+  // brings its table as a local one unless both global tables are the same. A failure leaves the model as it was.
   int LoadFromGIFFileAddOn(const std::filesystem::path& FileName, int FrameNo, const GifFrameSettings& Settings = {});
-  // The words of a code: its line, and after an empty line the file name when one is given.
+  // The words of a code (of its message box): its line, and after an empty line the file name when one is given.
   static std::string FlagErrMessage(int Code, const std::string& FileName = {});
   int statedWidth() const;
   int statedHeight() const;
@@ -103,11 +106,12 @@ class clsGIF {
   // out as Latin-1 (others as "?"), its first 255 bytes; absent, none is written.
   bool Save(const std::filesystem::path& FileName, int OnlyFrame = 0,
             const std::optional<std::string>& CommentText = {}) const;
-  // The same as bytes.
+  // The same as bytes; empty for an OnlyFrame that does not exist or when there is no memory.
   std::vector<std::uint8_t> saveBytes(int OnlyFrame = 0, const std::optional<std::string>& CommentText = {}) const;
   // One picture without a model: global table of 2^BitsPerPixel entries from Pal, version 89a, a control extension
   // always, no loop block. Transparent: the colour's first index among MaxCount entries; a colour that is in none is
   // not transparent.
+  // False unless Dib has 8 bits and BitsPerPixel is 1 to 8.
   static bool SaveGIFFrom_BPP8_DIB(const std::filesystem::path& FileName, const clsDIB& Dib, const clsPal& Pal,
                                    int BitsPerPixel, bool Interlaced = false, bool Transparent = false,
                                    Colour TransparentColor = 0, const std::optional<std::string>& CommentText = {});
@@ -163,7 +167,7 @@ class clsGIF {
   bool FrameInterlaced(int Frame) const;
   void setFrameInterlaced(int Frame, bool interlaced);
   bool FrameUseTransparentColor(int Frame) const;
-  void setFrameUseTransparentColor(int Frame, bool use);  // does not remask
+  void setFrameUseTransparentColor(int Frame, bool use);  // does not remask, nor does the next setter
   int FrameTransparentColorIndex(int Frame) const;
   void setFrameTransparentColorIndex(int Frame, int index);
   Colour FrameTransparentColor(int Frame) const;  // the file's colour at that index
@@ -175,6 +179,7 @@ class clsGIF {
   bool LocalPaletteUsed(int Frame) const;
   void setLocalPaletteUsed(int Frame, bool used);
   bool LocalPaletteSorted(int Frame) const;
+  void setLocalPaletteSorted(int Frame, bool sorted);
   int LocalPaletteEntries(int Frame) const;
   void setLocalPaletteEntries(int Frame, int entries);
   const GifTable& getLocalPalette(int Frame) const;
@@ -184,8 +189,13 @@ class clsGIF {
   void LocalPaletteR_G_B_Change(int Frame, int Index, int R, int G, int B);
   int PaletteIndex_In_DIB_XY(int Frame, int X, int Y) const;
 
+  // The frame takes the global table (and LocalPaletteUsed becomes false) or goes on with its own: either goes to the
+  // XOR surface, and the frame is masked again.
   void UpdateLocalPalettePerGlobal(int Frame);
   void UpdateLocalPalettePerLocal(int Frame);
+  // Makes both surfaces anew from the indices: pixels of that index become white in AND and black in XOR. Without
+  // FrameUseTransparentColor the mask is all black and XOR shows the frame's colours. Neither flag nor index of the
+  // control record change.
   void FrameMask(int Frame, int TransparentIndex);
   void Remask_All_Frames();
   // Draws with the mask. FillBackground first fills the frame's rectangle with its transparent colour (at 0, 0 with
@@ -194,24 +204,33 @@ class clsGIF {
                  bool AtOrigin = false) const;
 
   // --- The list of frames
+  // An operation answers false, and changes nothing, when it would put a frame of more than kMostLaterSide or
+  // kMostLaterPixels behind the first place, where no reader of this program takes it back.
+  //
+  // To becomes a copy of From; pixels are shared until one of them is changed.
   bool FrameCopy(int From, int To);
-  // The first image of a GIF file takes the frame's place; see GifFrameSettings for what stays. Answers a GifCode.
+  // The first image of a GIF file takes the frame's picture and table; delay, disposal, place, user input, transparent
+  // flag and index stay, and so do version, global table and screen. In frame 1 the place becomes 0, 0; the screen
+  // grows to hold the picture, or takes its size when there is no other frame. Answers a GifCode.
   int FrameReplaceImage(const std::filesystem::path& FileName, int Frame);
-  // In front of Frame (FramesCount + 1 appends). A GIF file through LoadFromGIFFileAddOn; any other picture is reduced
-  // to 256 colours with a table of its own. `tempFolder` is where the reduction keeps its working file.
-  int FrameInsertImage(const std::filesystem::path& FileName, int Frame, const GifFrameSettings& Settings,
-                       const std::filesystem::path& tempFolder);
-  bool FrameInsertImage(const clsDIB& Picture, int Frame, const GifFrameSettings& Settings);
-  bool FrameInsertBlank(int Frame, int Width, int Height, Colour Colour, const GifFrameSettings& Settings = {});
+  // In front of Frame (FramesCount + 1 appends). A GIF file brings its first image; any other picture that the
+  // platform's loaders read is reduced to 256 colours. In front of frame 1 the place is 0, 0 and the screen grows to
+  // hold the picture; a GIF file that comes into an empty model brings its screen too. Answers a GifCode.
+  int FrameInsertImage(const std::filesystem::path& FileName, int Frame, const GifFrameSettings& Settings = {});
+  // The same from a surface. 8 bits keep indices and table, other depths become an exact table or a dithered one of
+  // 256; the table is a local one.
+  bool FrameInsertImage(const clsDIB& Picture, int Frame, const GifFrameSettings& Settings = {});
+  // One colour all over. It uses the global table when the colour stands there.
+  bool FrameInsertBlank(int Frame, int Width, int Height, Colour Color, const GifFrameSettings& Settings = {});
   bool FrameDelete(int Frame);
+  // One place towards the front or the back.
   bool FrameMoveUp(int Frame);
   bool FrameMoveDown(int Frame);
   bool FrameMoveTo(int From, int To);
   bool FrameSwap(int First, int Second);
 
  private:
-  struct State;
-  std::unique_ptr<State> state_;
+  std::unique_ptr<struct GifModel> model_;
 };
 
 }  // namespace ruvo

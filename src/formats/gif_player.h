@@ -1,5 +1,6 @@
 // The frames of a GIF as they are shown one after another on the logical screen: each drawn at its place, after the one
-// before was disposed of by its method (GIF89a, section 23).
+// before was disposed of by its method (GIF89a, section 23). Method 2 leaves the frame's rectangle see-through, as
+// browsers do, and not in the background colour; 3 brings back what was there before; all others leave the frame.
 #pragma once
 
 #include "formats/clsGIF.h"
@@ -11,17 +12,23 @@ class GifPlayer {
   // The model must outlive the player.
   explicit GifPlayer(const clsGIF& gif);
 
-  // Draws the next frame and answers its number; 0 when all have been shown. The screen begins see-through.
+  // Draws the next frame and answers its number; 0 when all have been shown or when there is no memory for it. The
+  // screen begins see-through.
   int next();
   // 32 bits, straight alpha (byte 3: 0 where nothing was drawn, else 255); size of the logical screen, or of the first
-  // frame where that does not fit. False from next() onwards when there is no memory for it.
+  // frame, then at 0, 0, where that is larger. Empty when there is no memory for it.
   const raster::Surface& screen() const { return screen_; }
 
  private:
+  Rect areaOf(int frame) const;
+  void dispose();
+  void draw(Rect area);
+
   const clsGIF& gif_;
   raster::Surface screen_;
-  raster::Surface saved_;
+  raster::Surface saved_;  // what the frame's rectangle hides, for method 3
   int frame_ = 0;
+  bool alone_ = false;  // the first frame gives the screen its size
 };
 
 }  // namespace ruvo

@@ -1,0 +1,188 @@
+// From the frames back to the bytes of a GIF89a, part by part in the order of the file.
+#include <bit>
+
+#include "base/byte_writer.h"
+#include "base/file_io.h"
+#include "formats/basGIFLZWEnc.h"
+#include "formats/clsGIF_Model.h"
+
+namespace ruvo {
+namespace {
+
+// The decoder takes an interlaced image below this height for a plain one, and so does everybody when the bit is off.
+constexpr int kLeastInterlacedHeight = 5;
+
+// The least number of bits, from 1 up, whose table holds the entries.
+int bitsForEntries(int entries) {
+  return std::max(1, static_cast<int>(std::bit_width(static_cast<unsigned>(std::max(entries, 1) - 1))));
+}
+
+void writeTable(ByteWriter& out, const raster::TableEntry* table, int entries, int bits) {
+  for (int i = 0; i < 1 << bits; ++i) {
+    const raster::TableEntry e = i < entries ? table[i] : raster::TableEntry{};
+    out.u8(e.red);
+    out.u8(e.green);
+    out.u8(e.blue);
+  }
+}
+
+void writeScreen(ByteWriter& out, bool newer, Size size, int packed, std::uint8_t background, std::uint8_t aspect) {
+  for (const char c : std::string_view(newer ? "GIF89a" : "GIF87a")) out.u8(static_cast<std::uint8_t>(c));
+  out.u16(static_cast<std::uint16_t>(size.width));
+  out.u16(static_cast<std::uint16_t>(size.height));
+  out.u8(static_cast<std::uint8_t>(packed));
+  out.u8(background);
+  out.u8(aspect);
+}
+
+std::string latin1(std::string_view utf8) {
+  std::string out;
+  for (std::size_t i = 0; i < utf8.size(); ++i) {
+    const auto c = static_cast<std::uint8_t>(utf8[i]);
+    const bool twoBytes = (c == 0xC2 || c == 0xC3) && i + 1 < utf8.size() && (utf8[i + 1] & 0xC0) == 0x80;
+    if (c < 0x80) {
+      out += static_cast<char>(c);
+    } else if (twoBytes) {
+      out += static_cast<char>((c & 3) << 6 | (utf8[++i] & 0x3F));
+    } else if ((c & 0xC0) != 0x80) {
+      out += '?';  // for the whole character: the bytes that belong to it are passed over
+    }
+  }
+  return out;
+}
+
+void writeLoops(ByteWriter& out, int loops) {
+  out.append("\x21\xFF\x0BNETSCAPE2.0\x03\x01");
+  out.u16(static_cast<std::uint16_t>(loops));
+  out.u8(0);
+}
+
+void writeComment(ByteWriter& out, const std::optional<std::string>& comment) {
+  if (!comment || comment->empty()) return;
+  const std::string text = latin1(*comment).substr(0, clsGIF::kMostCommentBytes);
+  if (text.empty()) return;
+  out.append("\x21\xFE");
+  out.u8(static_cast<std::uint8_t>(text.size()));
+  out.append(text);
+  out.u8(0);
+}
+
+void writeControl(ByteWriter& out, const GifControl& control) {
+  out.append("\x21\xF9\x04");
+  out.u8(static_cast<std::uint8_t>(control.UseTransparentColor | control.UserInput << 1 | control.DisposalMethod << 2));
+  out.u16(control.Delay);
+  out.u8(control.UseTransparentColor ? control.TransparentColorIndex : 0);
+  out.u8(0);
+}
+
+int highestIndex(const clsDIB& dib) {
+  std::uint8_t highest = 0;
+  for (int y = 0; y < dib.DIBHeight(); ++y) {
+    const std::uint8_t* row = dib.surface().memoryRow(y);
+    highest = std::max(highest, *std::max_element(row, row + dib.DIBWidth()));
+  }
+  return highest;
+}
+
+void writePixels(ByteWriter& out, const clsDIB& dib, int tableBits, bool interlaced) {
+  const int codeSize = std::max({2, tableBits, static_cast<int>(std::bit_width(unsigned(highestIndex(dib))))});
+  out.u8(static_cast<std::uint8_t>(codeSize));
+  basGIFLZWEnc::Encode(out, dib, codeSize + 1, interlaced);
+  out.u8(0);
+}
+
+void writeDescriptor(ByteWriter& out, int left, int top, const clsDIB& dib, int packed, bool interlaced) {
+  out.u8(0x2C);
+  out.u16(static_cast<std::uint16_t>(left));
+  out.u16(static_cast<std::uint16_t>(top));
+  out.u16(static_cast<std::uint16_t>(dib.DIBWidth()));
+  out.u16(static_cast<std::uint16_t>(dib.DIBHeight()));
+  const bool reordered = interlaced && dib.DIBHeight() >= kLeastInterlacedHeight;
+  out.u8(static_cast<std::uint8_t>(packed | (reordered ? 64 : 0)));
+}
+
+void writeFrame(ByteWriter& out, const GifFrame& frame, int globalBits) {
+  const GifImage& image = frame.image;
+  writeControl(out, frame.control);
+  const int localBits = image.LocalPaletteUsed ? bitsForEntries(image.LocalPaletteEntries) : 0;
+  int packed = image.LocalPaletteSorted ? 32 : 0;
+  if (image.LocalPaletteUsed) packed |= 128 | (localBits - 1);
+  writeDescriptor(out, image.Left, image.Top, *image.XOR, packed, image.Interlaced);
+  if (image.LocalPaletteUsed) writeTable(out, image.LocalPalette.data(), image.LocalPaletteEntries, localBits);
+  writePixels(out, *image.XOR, image.LocalPaletteUsed ? localBits : globalBits, image.Interlaced);
+}
+
+// Readers that follow the rule of kSmallestFile refuse a shorter file; every reader stops at the trailer.
+std::vector<std::uint8_t> finished(ByteWriter& out) {
+  out.u8(0x3B);
+  if (out.size() < clsGIF::kSmallestFile) out.zeros(clsGIF::kSmallestFile - out.size());
+  return out.take();
+}
+
+std::vector<std::uint8_t> modelBytes(const GifModel& model, int onlyFrame, const std::optional<std::string>& comment) {
+  ByteWriter out;
+  const bool newer = !model.frames.empty() || (comment && !comment->empty());
+  const int bits = model.globalExists ? bitsForEntries(model.globalEntries) : 0;
+  const int packed = bits == 0 ? 0 : (bits - 1) | (model.globalSorted ? 8 : 0) | (bits - 1) << 4 | 128;
+  writeScreen(out, newer, {model.width, model.height}, packed, model.background, model.aspect);
+  if (bits != 0) writeTable(out, model.global.data(), model.globalEntries, bits);
+  if (!model.frames.empty()) writeLoops(out, model.loops);
+  writeComment(out, comment);
+  for (int i = 1; i <= model.count(); ++i) {
+    if (onlyFrame == 0 || onlyFrame == i) writeFrame(out, *model.frame(i), bits);
+  }
+  return finished(out);
+}
+
+// The colour's first entry among those in use that the file's table holds too; -1 for none.
+int entryOf(const clsPal& pal, Colour colour, int tableEntries) {
+  const auto entries = pal.entriesInUse();
+  for (int i = 0; i < std::min(pal.MaxCount(), tableEntries); ++i) {
+    if (entries[static_cast<std::size_t>(i)].colour() == (colour & kWhite)) return i;
+  }
+  return -1;
+}
+
+}  // namespace
+
+std::vector<std::uint8_t> clsGIF::saveBytes(int OnlyFrame, const std::optional<std::string>& CommentText) const {
+  if (OnlyFrame != 0 && !model_->has(OnlyFrame)) return {};
+  try {
+    return modelBytes(*model_, OnlyFrame, CommentText);
+  } catch (const std::bad_alloc&) {
+    return {};
+  }
+}
+
+bool clsGIF::Save(const std::filesystem::path& FileName, int OnlyFrame,
+                  const std::optional<std::string>& CommentText) const {
+  const std::vector<std::uint8_t> bytes = saveBytes(OnlyFrame, CommentText);
+  return !bytes.empty() && replaceFile(FileName, bytes);
+}
+
+bool clsGIF::SaveGIFFrom_BPP8_DIB(const std::filesystem::path& FileName, const clsDIB& Dib, const clsPal& Pal,
+                                  int BitsPerPixel, bool Interlaced, bool Transparent, Colour TransparentColor,
+                                  const std::optional<std::string>& CommentText) {
+  if (Dib.surface().depth() != 8 || BitsPerPixel < 1 || BitsPerPixel > 8) return false;
+  const int entries = 1 << BitsPerPixel;
+  try {
+    ByteWriter out;
+    writeScreen(out, true, Dib.size(), (BitsPerPixel - 1) | 240, 0, 0);
+    writeTable(out, Pal.PalettePtr(), entries, BitsPerPixel);
+    writeComment(out, CommentText);
+    GifControl control;
+    const int index = Transparent ? entryOf(Pal, TransparentColor, entries) : -1;
+    if (index >= 0) {
+      control.UseTransparentColor = true;
+      control.TransparentColorIndex = static_cast<std::uint8_t>(index);
+    }
+    writeControl(out, control);
+    writeDescriptor(out, 0, 0, Dib, 0, Interlaced);
+    writePixels(out, Dib, BitsPerPixel, Interlaced);
+    return replaceFile(FileName, finished(out));
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+}
+
+}  // namespace ruvo
