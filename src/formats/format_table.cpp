@@ -12,7 +12,7 @@ namespace {
 
 constexpr FormatRow kTable[] = {
     {Format::Bmp, "BMP", "Bitmap", ".bmp", "(*.bmp)|*.bmp|", "", false, false, readers::classic},
-    {Format::Gif, "GIF", "GIF", ".gif", "(*.gif)|*.gif", kMimeGif, false, false, readers::classic},
+    {Format::Gif, "GIF", "GIF", ".gif", "(*.gif)|*.gif", kMimeGif, false, false, readers::gif},
     {Format::Jpeg, "JPEG", "JPEG", ".jpg/.jpeg", "(*.jpg, *.jpeg)|*.jpg;*.jpeg|", kMimeJpeg, false, false,
      readers::classic},
     {Format::Wmf, "WMF", "Metafile", ".wmf", "", "", false, false, nullptr},

@@ -9,6 +9,12 @@ namespace ruvo::readers {
 ReadPicture classic(const std::filesystem::path& file, const ReadRequest& request);
 // PNG and TIFF (and what the classic loader takes) through the imaging service.
 ReadPicture imagingService(const std::filesystem::path& file, const ReadRequest& request);
+// Through the service or, natively, clsPNG.
+ReadPicture png(const std::filesystem::path& file, const ReadRequest& request);
+// The first frame through clsGIF; a file over kLargestModelledGif through the classic loader unless natively.
+ReadPicture gif(const std::filesystem::path& file, const ReadRequest& request);
+ReadPicture pcx(const std::filesystem::path& file, const ReadRequest& request);
+ReadPicture tga(const std::filesystem::path& file, const ReadRequest& request);
 // The image that is asked for, on white; `mask` is a copy of its own.
 ReadPicture icon(const std::filesystem::path& file, const ReadRequest& request);
 ReadPicture cursor(const std::filesystem::path& file, const ReadRequest& request);

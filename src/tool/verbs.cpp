@@ -41,7 +41,7 @@ constexpr VerbRow kVerbs[] = {
      "FILE...",
      1,
      kAnyNumber,
-     "tell what is in files",
+     "Tell what is in files",
      "For each file one line with its name, then one \"  key: value\" a line: format, width, height, bits (a pixel, "
      "as\n"
      "stored), colours (of the picture on white). A GIF adds version, screen, loops, comment, global entries and a "
@@ -51,7 +51,7 @@ constexpr VerbRow kVerbs[] = {
      "or \\x1B.\n",
      {},
      info},
-    {"convert", "IN OUT", 2, 2, "write a picture in another format",
+    {"convert", "IN OUT", 2, 2, "Write a picture in another format",
      "The format is that of OUT's extension: bmp, gif, jpg, png, tif, tga, pcx, ico, cur, or rgba (raw, top line "
      "first,\n"
      "R G B A). Without --bpp a BMP gets the least bits that hold the picture, a GIF 8, PNG, TIFF and icons 24 or, "
@@ -60,23 +60,23 @@ constexpr VerbRow kVerbs[] = {
      "keeps them exactly at 8 bits; otherwise colours are chosen and dithered. --bpp 1, 4 and 8 limit the colours of\n"
      "JPEG, TGA and PCX too, which are written with 24 bits. A GIF's first frame stands for the whole file.\n",
      kConvertOptions, convert},
-    {"decode", "IN OUT.pam", 2, 2, "write every picture of a file as PAM",
+    {"decode", "IN OUT.pam", 2, 2, "Write every picture of a file as PAM",
      "One PAM (P7, RGB_ALPHA, straight alpha) after another: a GIF's frames as they are shown, each image of an icon "
      "or\n"
      "cursor with its mask as alpha, else the one picture with its alpha.\n",
      kDecodeOptions, decode},
-    {"colours", "FILE", 1, 1, "count the colours of a picture", "On white, where it is see-through.\n", {}, colours},
-    {"palette", "[FILE] OUT.pal", 1, 2, "write a colour table",
+    {"colours", "FILE", 1, 1, "Count the colours of a picture", "On white, where it is see-through.\n", {}, colours},
+    {"palette", "[FILE] OUT.pal", 1, 2, "Write a colour table",
      "Exactly one of the options. --optimal needs FILE, the others take no colours from it. OUT.pal is a JASC-PAL text "
      "of\n"
      "256 entries, those that are not used black.\n",
      kPaletteOptions, palette},
-    {"exif list", "FILE", 1, 1, "list the camera data of a JPEG", "One line a tag.\n", {}, exifList},
+    {"exif list", "FILE", 1, 1, "List the camera data of a JPEG", "One line a tag.\n", {}, exifList},
     {"exif erase",
      "FILE BLOCK",
      2,
      2,
-     "take the camera data out of a JPEG",
+     "Take the camera data out of a JPEG",
      "What is taken out is first written to BLOCK, then FILE is rewritten without it.\n",
      {},
      exifErase},
@@ -84,7 +84,7 @@ constexpr VerbRow kVerbs[] = {
      "FILE BLOCK",
      2,
      2,
-     "put camera data back into a JPEG",
+     "Put camera data back into a JPEG",
      "BLOCK is what exif erase wrote. FILE must have no camera data.\n",
      {},
      exifRestore},
@@ -92,17 +92,17 @@ constexpr VerbRow kVerbs[] = {
      "IN OUTDIR",
      2,
      2,
-     "write each frame of a GIF as it is stored",
+     "Write each frame of a GIF as it is stored",
      "OUTDIR/frame001.gif and so on, each with its own place, delay and transparency. OUTDIR is made when missing.\n",
      {},
      gifFrames},
-    {"gif composed", "IN OUTDIR", 2, 2, "write each frame of a GIF as it is shown", "OUTDIR is made when missing.\n",
+    {"gif composed", "IN OUTDIR", 2, 2, "Write each frame of a GIF as it is shown", "OUTDIR is made when missing.\n",
      kComposedOptions, gifComposed},
     {"gif rewrite",
      "IN OUT",
      2,
      2,
-     "read a GIF and write it anew",
+     "Read a GIF and write it anew",
      "Frames, palettes, loops and the first comment survive; other extensions do not.\n",
      {},
      gifRewrite},

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "base/file_io.h"
+#include "formats/clsGIF.h"
 #include "formats/clsICO.h"
 #include "image/basGDIProc.h"
 #include "platform/imaging/imaging_service.h"
@@ -118,6 +119,57 @@ TEST(FormatTable, ShowsTheChosenImageOfAnIconOnWhite) {
 
   replaceFile(folder / "bad.cur", std::vector<std::uint8_t>{0, 0, 2, 0, 1, 0, 1, 1});
   EXPECT_EQ(readPicture(folder / "bad.cur", rowOf(Format::Cur)).words, clsICO::kInvalidCursor);
+}
+
+TEST(FormatTable, ShowsTheFirstFrameOfAGif) {
+  TempFolder folder;
+  clsGIF gif;
+  ASSERT_TRUE(gif.FrameInsertImage(dibOf({"#.", "##", "#.", "#.", "#."}), 1, {}));
+  ASSERT_TRUE(gif.FrameInsertImage(dibOf({".."}), 2, {}));
+  gif.setFrameLeft(1, 1);
+  gif.setFrameInterlaced(1, true);
+  gif.setFrameUseTransparentColor(1, true);
+  gif.setFrameTransparentColorIndex(1, gif.LocalPaletteColor(1, 0) == kBlack ? 0 : 1);
+  gif.setBgdWidth(4);
+  gif.setBgdHeight(5);
+  ASSERT_TRUE(gif.Save(folder / "a.gif"));
+  const FormatRow& row = rowOf(Format::Gif);
+  const ReadPicture read = readPicture(folder / "a.gif", row);
+  ASSERT_TRUE(read) << read.words;
+  EXPECT_EQ(read.transparent, true);
+  EXPECT_EQ(read.interlaced, true);
+  EXPECT_EQ(read.severalFrames, true);
+  EXPECT_EQ(read.fileDepth, 8);
+  EXPECT_PICTURE(test::rowsOf(read.dib), (5, "...."));
+  EXPECT_EQ(test::pixelAt(read.dib, 2, 0).alpha, 0);
+  const ReadPicture kept = readPicture(folder / "a.gif", row, {.keepAlpha = true});
+  ASSERT_TRUE(kept.dib.DIBhasAlpha());
+  EXPECT_EQ(test::pixelAt(kept.dib, 0, 0).alpha, 0) << "nothing was drawn there";
+  EXPECT_EQ(test::pixelAt(kept.dib, 2, 0).alpha, 255);
+  EXPECT_EQ(test::pixelAt(kept.dib, 1, 0).alpha, 0) << "see-through";
+
+  replaceFile(folder / "bad.gif", std::vector<std::uint8_t>(200, 'G'));
+  const ReadPicture bad = readPicture(folder / "bad.gif", row);
+  EXPECT_EQ(bad.gifCode, kGifNoSignature);
+  EXPECT_EQ(bad.words, "No GIF signature.");
+}
+
+// Appended bytes take the file over the limit: the platform's loader then reads it, and knows no transparency.
+TEST(FormatTable, ReadsALargeGifByThePlatform) {
+  TempFolder folder;
+  clsGIF gif;
+  ASSERT_TRUE(gif.FrameInsertImage(dibOf({"#."}), 1, {}));
+  std::vector<std::uint8_t> bytes = gif.saveBytes();
+  bytes.resize(kLargestModelledGif);
+  replaceFile(folder / "limit.gif", bytes);
+  EXPECT_TRUE(readPicture(folder / "limit.gif", rowOf(Format::Gif)).transparent);
+  bytes.push_back(0);
+  replaceFile(folder / "large.gif", bytes);
+  const ReadPicture large = readPicture(folder / "large.gif", rowOf(Format::Gif));
+  ASSERT_TRUE(large);
+  EXPECT_FALSE(large.transparent);
+  EXPECT_PICTURE(test::rowsOf(large.dib), {"#."});
+  EXPECT_TRUE(readPicture(folder / "large.gif", rowOf(Format::Gif), {.native = true}).transparent);
 }
 
 TEST(FormatTable, HandsTheSizeOfARefusedFileOver) {

@@ -1,0 +1,96 @@
+// The formats whose reader gives a finished picture: PCX, Targa and, natively, PNG.
+#include "base/paths.h"
+#include "formats/clsPCX.h"
+#include "formats/clsPNG.h"
+#include "formats/clsTGA.h"
+#include "formats/picture_readers.h"
+
+namespace ruvo::readers {
+namespace {
+
+using enum imaging::LoadError;
+
+constexpr const char* kNotPcx = "Not a PCX file.";
+constexpr const char* kNotTga = "Not a TGA file.";
+
+ReadPicture pngNatively(const std::filesystem::path& file, const ReadRequest& request) {
+  clsPNG png;
+  png.AlphaSet = true;
+  // A picture that may not keep its alpha is shown on white, whatever background the file proposes.
+  png.setOwnerBkgd = !request.keepAlpha;
+  png.BKGDColorToUse = kWhite;
+  const int code = png.OpenPNG(file);
+  ReadPicture read;
+  read.width = png.Width();
+  read.height = png.Height();
+  if (code != kPngOpened) {
+    read.error = code == kPngNotFound ? Missing : Broken;
+    read.words = clsPNG::FlagErrMsgOpen(code);
+    return read;
+  }
+  read.fileDepth = png.BitsPerPixel();
+  read.interlaced = png.Interlacing != 0;
+  read.dib = png.takeDib();
+  return read;
+}
+
+// Another depth or row order becomes 32 bits, bottom line first.
+bool bringTo32(clsDIB& dib) {
+  if (dib.empty() || dib.surface().depth() == 32) return !dib.empty();
+  clsDIB deep;
+  if (!deep.CreateBlankDIB(dib.DIBWidth(), dib.DIBHeight(), 32, kWhite)) return false;
+  clsDIB::PaintFromDIBtoDIB(dib, deep);
+  dib = std::move(deep);
+  return true;
+}
+
+}  // namespace
+
+ReadPicture png(const std::filesystem::path& file, const ReadRequest& request) {
+  if (!request.native) return imagingService(file, request);
+  ReadPicture read = pngNatively(file, request);
+  if (read.error == None && !bringTo32(read.dib)) read.error = NoMemory;
+  return read;
+}
+
+ReadPicture pcx(const std::filesystem::path& file, const ReadRequest&) {
+  ReadPicture read;
+  if (!fileExists(file)) {
+    read.error = Missing;
+    return read;
+  }
+  clsPCX pcx;
+  const bool loaded = pcx.LoadPCX(file);
+  read.width = pcx.PCXWidth();
+  read.height = pcx.PCXHeight();
+  read.fileDepth = pcx.Bpp();
+  if (loaded) {
+    read.dib = pcx.takeDib();
+  } else {
+    read.error = pcx.IsPCX() ? Broken : NotThisFormat;
+    if (!pcx.IsPCX()) read.words = kNotPcx;
+  }
+  return read;
+}
+
+ReadPicture tga(const std::filesystem::path& file, const ReadRequest&) {
+  ReadPicture read;
+  if (!fileExists(file)) {
+    read.error = Missing;
+    return read;
+  }
+  clsTGA tga;
+  const bool loaded = tga.LoadTGA(file);
+  read.width = tga.TGAWidth();
+  read.height = tga.TGAHeight();
+  read.fileDepth = tga.Bpp();
+  if (loaded) {
+    read.dib = tga.takeDib();
+  } else {
+    read.error = tga.IsTGA() ? Broken : NotThisFormat;
+    if (!tga.IsTGA()) read.words = kNotTga;
+  }
+  return read;
+}
+
+}  // namespace ruvo::readers
