@@ -72,9 +72,8 @@ QWidget* frmRuvoFileSaveICOorCUR::buildMagnified() {
   magnified_->leftClicked = [this](QPoint at) { pickTransparent({at.x(), at.y()}); };
   if (kind_ == IconKind::Cursor) magnified_->rightClicked = [this](QPoint at) { pickHotSpot({at.x(), at.y()}); };
   column->addWidget(magnified_);
-  column->addWidget(new QLabel(kind_ == IconKind::Icon
-                                   ? "Left click on image:  transparent color"
-                                   : "Left click on image:  transparent color;  right click:  hot spot",
+  column->addWidget(new QLabel(kind_ == IconKind::Icon ? "Left click:  transparent color"
+                                                       : "Left click:  transparent color,  right click:  hot spot",
                                side));
   column->addStretch();
   return side;

@@ -11,13 +11,13 @@ constexpr int kMagnifiedSide = 320;
 constexpr int kSmallestGridded = 6;  // pixels smaller than this are not parted by lines
 constexpr int kChequer = 8;
 
-void paintChequer(QPainter& painter, const QRect& area) {
+void paintChequer(QPainter& painter, const QRect& area, int cell = kChequer) {
   // The same in both themes: it stands for "nothing here", not for a part of the window.
   painter.fillRect(area, QColor("#FFFFFF"));
-  for (int y = area.top(); y <= area.bottom(); y += kChequer) {
-    const bool odd = (y - area.top()) / kChequer % 2 != 0;
-    for (int x = area.left() + (odd ? kChequer : 0); x <= area.right(); x += 2 * kChequer) {
-      painter.fillRect(QRect(x, y, kChequer, kChequer) & area, QColor("#CBD2DA"));
+  for (int y = area.top(); y <= area.bottom(); y += cell) {
+    const bool odd = (y - area.top()) / cell % 2 != 0;
+    for (int x = area.left() + (odd ? cell : 0); x <= area.right(); x += 2 * cell) {
+      painter.fillRect(QRect(x, y, cell, cell) & area, QColor("#CBD2DA"));
     }
   }
 }
@@ -117,9 +117,11 @@ void MagnifiedIcon::mousePressEvent(QMouseEvent* event) {
 void MagnifiedIcon::paintEvent(QPaintEvent*) {
   if (picture_.isNull()) return;
   QPainter painter(this);
-  paintChequer(painter, place());
+  // The ground's squares keep to the icon's pixels.
+  const int scale = magnification();
+  paintChequer(painter, place(), (kChequer + scale - 1) / scale * scale);
   painter.drawImage(place(), picture_);
-  if (magnification() >= kSmallestGridded) paintGrid(painter);
+  if (scale >= kSmallestGridded) paintGrid(painter);
   paintEdge(painter, *this, place().adjusted(-1, -1, 1, 1));
   if (spot_) paintHotSpot(painter);
 }
@@ -138,15 +140,17 @@ void MagnifiedIcon::paintGrid(QPainter& painter) const {
 void MagnifiedIcon::paintHotSpot(QPainter& painter) const {
   const int scale = magnification();
   const QRect pixel(place().topLeft() + *spot_ * scale, QSize(scale, scale));
-  const QPointF middle = QRectF(pixel).center();
+  const QPoint middle = pixel.center();
+  const int reach = std::max(scale, kChequer);
   const auto cross = [&](const QColor& colour, double width) {
     painter.setPen(QPen(colour, width));
-    painter.drawLine(QPointF(middle.x() - 1.6 * scale, middle.y()), QPointF(middle.x() + 1.6 * scale, middle.y()));
-    painter.drawLine(QPointF(middle.x(), middle.y() - 1.6 * scale), QPointF(middle.x(), middle.y() + 1.6 * scale));
-    painter.drawRect(pixel);
+    painter.drawLine(pixel.left() - reach, middle.y(), pixel.left(), middle.y());
+    painter.drawLine(pixel.right(), middle.y(), pixel.right() + reach, middle.y());
+    painter.drawLine(middle.x(), pixel.top() - reach, middle.x(), pixel.top());
+    painter.drawLine(middle.x(), pixel.bottom(), middle.x(), pixel.bottom() + reach);
+    painter.drawRect(pixel.adjusted(0, 0, -1, -1));
   };
-  // Light around dark, to stand out from any picture.
-  painter.setRenderHint(QPainter::Antialiasing);
+  // Light around dark, to stand out from any picture; the pixel itself stays to be seen.
   painter.setBrush(Qt::NoBrush);
   cross(Qt::white, 4);
   cross(QColor("#D0021B"), 2);
