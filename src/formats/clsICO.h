@@ -82,9 +82,9 @@ class clsICO {
   // Adds an image for SaveICO_All.
   void add(Image image) { images_.push_back(std::move(image)); }
   void setFileType(int type) { type_ = type; }
-  // --- Writing: the file is replaced whole, false leaves the old one. A side is at most kMostSide: one byte holds it, and
-  // 0 means something else.
-  static constexpr int kMostSide = 255;
+  // --- Writing: the file is replaced whole, false leaves the old one. A side is at most kMostSide; an image with a side
+  // of kMostSide, which the byte of a directory can not hold, is written as a PNG with its transparency as alpha.
+  static constexpr int kMostSide = 256;
   // One image. Type 1 is an icon, 2 a cursor with its hot spot. A 32-bit Image without alpha is written with 24 bits;
   // Mask, of the Image's size and any depth, becomes 1 bit, white where see-through. Under white mask the alpha of an
   // Image with alpha is written as 0. No Mask (an empty one): nothing is see-through but what has alpha 0.

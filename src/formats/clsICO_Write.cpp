@@ -5,27 +5,32 @@
 #include "base/file_io.h"
 #include "formats/clsICO.h"
 #include "formats/ico_layout.h"
+#include "platform/imaging/encoders.h"
 
 namespace ruvo {
 namespace {
 
-// An image as it goes into a file: the picture at its depth and a mask of 1 bit.
+constexpr int kPngBits = 32;
+
+// An image as it goes into a file: the picture at its depth and a mask of 1 bit, or a PNG.
 struct Part {
   const raster::Surface* XOR = nullptr;
   const raster::Surface* AND = nullptr;
   int hotSpotX = 0;
   int hotSpotY = 0;
+  std::vector<std::uint8_t> png = {};
 
-  int bpp() const { return XOR->depth(); }
-  std::size_t tableBytes() const { return ico::tableEntries(bpp()) * 4; }
+  int bpp() const { return png.empty() ? XOR->depth() : kPngBits; }
   std::size_t pixelBytes() const { return XOR->byteCount() + AND->byteCount(); }
-  std::size_t bytes() const { return ico::kInfoBytes + tableBytes() + pixelBytes(); }
+  std::size_t bytes() const {
+    return png.empty() ? ico::kInfoBytes + ico::tableEntries(bpp()) * 4 + pixelBytes() : png.size();
+  }
 };
 
 bool writable(const Part& part) {
   const Size size = part.XOR->size();
-  return !part.XOR->empty() && part.AND->size() == size && part.AND->depth() == 1 && size.width <= clsICO::kMostSide &&
-         size.height <= clsICO::kMostSide;
+  return !part.XOR->empty() && part.AND->size() == size && part.AND->depth() == 1 &&
+         std::max(size.width, size.height) <= clsICO::kMostSide;
 }
 
 void writeEntry(ByteWriter& out, const Part& part, int type, std::size_t offset) {
@@ -48,6 +53,7 @@ void writeRows(ByteWriter& out, const raster::Surface& surface) {
 }
 
 void writeImage(ByteWriter& out, const Part& part) {
+  if (!part.png.empty()) return out.append(part.png);
   out.u32(static_cast<std::uint32_t>(ico::kInfoBytes));
   out.i32(part.XOR->width());
   out.i32(part.XOR->height() * 2);
@@ -65,7 +71,7 @@ void writeImage(ByteWriter& out, const Part& part) {
 
 bool writeFile(const std::filesystem::path& fileName, int type, std::span<const Part> parts, std::string* reason) {
   if (type != kIconType && type != kCursorType) return false;
-  if (parts.empty() || parts.size() > 0xFFFF || !std::all_of(parts.begin(), parts.end(), writable)) return false;
+  if (parts.empty() || parts.size() > 0xFFFF) return false;
   ByteWriter out;
   out.u16(0);
   out.u16(static_cast<std::uint16_t>(type));
@@ -79,8 +85,8 @@ bool writeFile(const std::filesystem::path& fileName, int type, std::span<const 
   return replaceFile(fileName, out.bytes(), reason);
 }
 
-// A copy at another depth.
 bool copyAtDepth(const clsDIB& from, int bpp, clsDIB& to) {
+  if (bpp <= 8) return clsDIB::CloneDIB(from, to, kWhite, from.BottomUp());
   if (!to.CreateBlankDIB(from.DIBWidth(), from.DIBHeight(), bpp, kWhite)) return false;
   clsDIB::PaintFromDIBtoDIB(from, to);
   return true;
@@ -102,6 +108,15 @@ void settleAlpha(clsDIB& picture, clsDIB& mask, bool hasMask) {
   }
 }
 
+std::vector<std::uint8_t> pngOf(const clsDIB& withAlpha) {
+  bool opaque = true;
+  for (int y = 0; y < withAlpha.DIBHeight(); ++y) {
+    const auto* row = reinterpret_cast<const Pixel32*>(withAlpha.surface().pictureRow(y));
+    opaque = opaque && std::all_of(row, row + withAlpha.DIBWidth(), [](Pixel32 p) { return p.alpha == 255; });
+  }
+  return imaging::pngBytes(withAlpha.surface(), !opaque);
+}
+
 }  // namespace
 
 bool clsICO::SaveICO_Single(const std::filesystem::path& FileName, const clsDIB& Image, const clsDIB& Mask, int Type,
@@ -109,27 +124,31 @@ bool clsICO::SaveICO_Single(const std::filesystem::path& FileName, const clsDIB&
   if (Image.empty() || (!Mask.empty() && Mask.size() != Image.size())) return false;
   if (std::max(Image.DIBWidth(), Image.DIBHeight()) > kMostSide) return false;
   const bool alpha = Image.DIBbpp() == 32 && Image.DIBhasAlpha();
-  clsDIB deep, mask;
+  struct Image part;
+  part.hotSpotX = HotX;
+  part.hotSpotY = HotY;
+  if (!copyAtDepth(Image, alpha ? 32 : std::min(Image.DIBbpp(), 24), part.XOR)) return false;
   // Two entries, black and white: the nearest one is taken for every colour of the mask.
-  if (!mask.CreateBlankDIB(Image.DIBWidth(), Image.DIBHeight(), 1, kWhite)) return false;
-  if (!Mask.empty()) clsDIB::PaintFromDIBtoDIB(Mask, mask);
-  if (Image.DIBbpp() > 8) {
-    if (!copyAtDepth(Image, alpha ? 32 : 24, deep)) return false;
-    if (alpha) settleAlpha(deep, mask, !Mask.empty());
-  }
-  const Part part{&(deep.empty() ? Image : deep).surface(), &mask.surface(), HotX, HotY};
-  return writeFile(FileName, Type, std::span(&part, 1), nullptr);
+  if (!part.AND.CreateBlankDIB(Image.DIBWidth(), Image.DIBHeight(), 1, kWhite)) return false;
+  if (!Mask.empty()) clsDIB::PaintFromDIBtoDIB(Mask, part.AND);
+  if (alpha) settleAlpha(part.XOR, part.AND, !Mask.empty());
+  part.XOR.setDIBhasAlpha(alpha);
+  clsICO file;
+  file.setFileType(Type);
+  file.add(std::move(part));
+  return file.SaveICO_All(FileName);
 }
 
 bool clsICO::SaveICO_All(const std::filesystem::path& FileName, std::string* reason) const {
   std::vector<Part> parts;
   for (int i = 0; i < IconCount(); ++i) {
-    const Image& image = images_[static_cast<std::size_t>(i)];
     if (SeekIcon(IconWidth(i), IconHeight(i), IconBPP(i)) != i) {
       if (reason) *reason = kSameSizeAndDepth;
       return false;
     }
-    parts.push_back({&image.XOR.surface(), &image.AND.surface(), image.hotSpotX, image.hotSpotY});
+    parts.push_back({&DIBXOR(i).surface(), &DIBAND(i).surface(), HotSpotX(i), HotSpotY(i)});
+    if (!writable(parts.back())) return false;
+    if (std::max(IconWidth(i), IconHeight(i)) == kMostSide) parts.back().png = pngOf(withAlpha(i));
   }
   return writeFile(FileName, type_, parts, reason);
 }

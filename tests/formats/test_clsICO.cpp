@@ -249,9 +249,26 @@ TEST(ClsICO, AllImagesOnceForEachSizeAndDepth) {
   EXPECT_TRUE(again.OpenICO(folder / "all.cur"));
 }
 
+TEST(ClsICO, ASideOf256IsWrittenAsPng) {
+  const test::TempFolder folder;
+  const clsDIB image = test::plainDib(256, 2, rgb(255, 0, 0));
+  clsDIB mask = test::plainDib(256, 2, kBlack);
+  test::pixelAt(mask, 255, 1) = Pixel32::plain(kWhite);
+  clsICO file;
+  ASSERT_TRUE(clsICO::SaveICO_Single(folder / "a.cur", image, mask, kCursorType, 200, 1));
+  ASSERT_TRUE(file.OpenICO(folder / "a.cur"));
+  EXPECT_EQ(file.HotSpotX(0), 200);
+  const clsDIB shown = file.withAlpha(0);
+  EXPECT_EQ(test::pixelAt(shown, 254, 1), (Pixel32{0, 0, 255, 255}));
+  EXPECT_EQ(test::pixelAt(shown, 255, 1).alpha, 0);
+  ASSERT_TRUE(clsICO::SaveICO_Single(folder / "a.ico", image, clsDIB(), kIconType));
+  ASSERT_TRUE(file.OpenICO(folder / "a.ico"));
+  EXPECT_FALSE(file.DIBXOR(0).DIBhasAlpha());
+}
+
 TEST(ClsICO, WritingThatFailsLeavesTheOldFile) {
   const test::TempFolder folder;
-  const clsDIB image = test::plainDib(8, 8, kWhite), wide = test::plainDib(256, 1, kWhite);
+  const clsDIB image = test::plainDib(8, 8, kWhite), wide = test::plainDib(257, 1, kWhite);
   replaceFile(folder / "a.ico", Data{1, 2, 3});
   EXPECT_FALSE(clsICO::SaveICO_Single(folder / "a.ico", wide, clsDIB(), kIconType));
   EXPECT_FALSE(clsICO::SaveICO_Single(folder / "a.ico", image, wide, kIconType));

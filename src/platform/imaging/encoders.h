@@ -2,7 +2,9 @@
 // the surface is empty, can not be held by the format, or the file can not be written. None throws but std::bad_alloc.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <vector>
 
 #include "platform/raster/surface.h"
 
@@ -14,6 +16,8 @@ bool saveJpeg(const raster::Surface& surface, const std::filesystem::path& path,
 // PNG: 32 bits with straight alpha for a 32-bit surface with alpha, else 24; a surface with a table keeps depth and
 // table.
 bool savePng(const raster::Surface& surface, const std::filesystem::path& path, bool hasAlpha);
+// The bytes of such a file, for formats that hold one; none for an empty surface.
+std::vector<std::uint8_t> pngBytes(const raster::Surface& surface, bool hasAlpha);
 
 // TIFF, LZW. Depth 1 (black and white), 4, 8 (with a table), 24 or 32 (straight alpha; opaque when the surface has
 // none). With a table: the picture's own colours when the depth holds them all, else a fixed table with error

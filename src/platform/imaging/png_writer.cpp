@@ -10,15 +10,18 @@
 namespace ruvo::imaging {
 namespace {
 
+// Takes the next bytes of the file; false ends the encoding.
+using Sink = std::function<bool(std::span<const std::uint8_t>)>;
+
 // Everything that must outlive a jump out of the library lives here, in the frame above the one that jumps back.
 struct Encoder {
   png_structp png = nullptr;
   png_infop info = nullptr;
-  FileReplacement file;
+  Sink sink;
   RowExpander rows;
   std::vector<png_color> table;
 
-  Encoder(const raster::Surface& surface, const std::filesystem::path& path) : file(path), rows(surface) {}
+  Encoder(const raster::Surface& surface, Sink to) : sink(std::move(to)), rows(surface) {}
   ~Encoder() { png_destroy_write_struct(&png, &info); }
 };
 
@@ -27,7 +30,7 @@ struct Encoder {
 }
 void ignoreWarning(png_structp, png_const_charp) {}
 void writeBytes(png_structp png, png_bytep bytes, std::size_t count) {
-  if (!static_cast<FileReplacement*>(png_get_io_ptr(png))->write({bytes, count})) png_error(png, "not written");
+  if (!static_cast<Encoder*>(png_get_io_ptr(png))->sink({bytes, count})) png_error(png, "not written");
 }
 void flushNothing(png_structp) {}
 
@@ -47,12 +50,13 @@ void writeHeader(Encoder& encoder, const raster::Surface& surface, bool alpha) {
   if (!alpha) png_set_filler(encoder.png, 0, PNG_FILLER_AFTER);
 }
 
-bool encode(Encoder& encoder, const raster::Surface& surface, bool alpha) {
+bool encode(Encoder& encoder, const raster::Surface& surface, bool hasAlpha) {
+  const bool alpha = hasAlpha && surface.depth() == 32;
   encoder.png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, onError, ignoreWarning);
   if (encoder.png) encoder.info = png_create_info_struct(encoder.png);
   if (!encoder.info) return false;
   if (setjmp(png_jmpbuf(encoder.png)) != 0) return false;
-  png_set_write_fn(encoder.png, &encoder.file, writeBytes, flushNothing);
+  png_set_write_fn(encoder.png, &encoder, writeBytes, flushNothing);
   writeHeader(encoder, surface, alpha);
   for (int y = 0; y < surface.height(); ++y) {
     // A packed row with a table lies in a surface just as it lies in the file.
@@ -60,15 +64,27 @@ bool encode(Encoder& encoder, const raster::Surface& surface, bool alpha) {
                                                     : reinterpret_cast<png_const_bytep>(encoder.rows.row(y)));
   }
   png_write_end(encoder.png, nullptr);
-  return encoder.file.ok();
+  return true;
 }
 
 }  // namespace
 
 bool savePng(const raster::Surface& surface, const std::filesystem::path& path, bool hasAlpha) {
   if (surface.empty()) return false;
-  Encoder encoder(surface, path);
-  return encode(encoder, surface, hasAlpha && surface.depth() == 32) && encoder.file.commit();
+  FileReplacement file(path);
+  Encoder encoder(surface, [&](std::span<const std::uint8_t> bytes) { return file.write(bytes); });
+  return encode(encoder, surface, hasAlpha) && file.commit();
+}
+
+std::vector<std::uint8_t> pngBytes(const raster::Surface& surface, bool hasAlpha) {
+  std::vector<std::uint8_t> all;
+  if (surface.empty()) return all;
+  Encoder encoder(surface, [&](std::span<const std::uint8_t> bytes) {
+    all.insert(all.end(), bytes.begin(), bytes.end());
+    return true;
+  });
+  if (!encode(encoder, surface, hasAlpha)) all.clear();
+  return all;
 }
 
 }  // namespace ruvo::imaging
