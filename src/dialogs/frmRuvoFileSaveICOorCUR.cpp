@@ -62,6 +62,7 @@ frmRuvoFileSaveICOorCUR::frmRuvoFileSaveICOorCUR(IconKind kind, const clsDIB& pi
   column->addWidget(buildButtons());
   column->setSizeConstraint(QLayout::SetFixedSize);
   takeChoices();
+  (size_ ? size_ : how_)->setFocus();
 }
 
 QWidget* frmRuvoFileSaveICOorCUR::buildMagnified() {
@@ -69,6 +70,7 @@ QWidget* frmRuvoFileSaveICOorCUR::buildMagnified() {
   auto* column = new QVBoxLayout(side);
   column->setContentsMargins(0, 0, 0, 0);
   magnified_ = new MagnifiedIcon("picMagnified", side);
+  magnified_->setAccessibleName("Picture, magnified");
   magnified_->leftClicked = [this](QPoint at) { pickTransparent({at.x(), at.y()}); };
   if (kind_ == IconKind::Cursor) magnified_->rightClicked = [this](QPoint at) { pickHotSpot({at.x(), at.y()}); };
   column->addWidget(magnified_);

@@ -1,5 +1,6 @@
 #include "dialogs/icon_pictures.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -84,9 +85,11 @@ MagnifiedIcon::MagnifiedIcon(const QString& name, QWidget* parent) : QWidget(par
   setObjectName(name);
   setFixedSize(kMagnifiedSide + 2, kMagnifiedSide + 2);
   setCursor(Qt::CrossCursor);
+  setFocusPolicy(Qt::StrongFocus);
 }
 
 void MagnifiedIcon::setPicture(const QImage& picture) {
+  if (picture.size() != picture_.size()) current_ = {};
   picture_ = picture;
   update();
 }
@@ -105,13 +108,34 @@ QRect MagnifiedIcon::place() const {
   return {(width() - size.width()) / 2, (height() - size.height()) / 2, size.width(), size.height()};
 }
 
+QRect MagnifiedIcon::placeOf(QPoint pixel) const {
+  const int scale = magnification();
+  return {place().topLeft() + pixel * scale, QSize(scale, scale)};
+}
+
+void MagnifiedIcon::click(QPoint pixel, bool left) const {
+  const auto& clicked = left ? leftClicked : rightClicked;
+  if (clicked && picture_.rect().contains(pixel)) clicked(pixel);
+}
+
 void MagnifiedIcon::mousePressEvent(QMouseEvent* event) {
   const QPoint at = event->position().toPoint();
   if (!place().contains(at)) return;
   const QPoint within = at - place().topLeft();
-  const QPoint pixel(within.x() / magnification(), within.y() / magnification());
-  if (event->button() == Qt::LeftButton && leftClicked) leftClicked(pixel);
-  if (event->button() == Qt::RightButton && rightClicked) rightClicked(pixel);
+  current_ = {within.x() / magnification(), within.y() / magnification()};
+  if (event->button() == Qt::LeftButton || event->button() == Qt::RightButton) {
+    click(current_, event->button() == Qt::LeftButton);
+  }
+}
+
+void MagnifiedIcon::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  if (key == Qt::Key_Space) return click(current_, !event->modifiers().testFlag(Qt::ShiftModifier));
+  const QPoint step(int(key == Qt::Key_Right) - int(key == Qt::Key_Left),
+                    int(key == Qt::Key_Down) - int(key == Qt::Key_Up));
+  if (step.isNull()) return QWidget::keyPressEvent(event);
+  if (picture_.rect().contains(current_ + step)) current_ += step;
+  update();
 }
 
 void MagnifiedIcon::paintEvent(QPaintEvent*) {
@@ -124,6 +148,10 @@ void MagnifiedIcon::paintEvent(QPaintEvent*) {
   if (scale >= kSmallestGridded) paintGrid(painter);
   paintEdge(painter, *this, place().adjusted(-1, -1, 1, 1));
   if (spot_) paintHotSpot(painter);
+  if (!hasFocus()) return;
+  painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(placeOf(current_).adjusted(-1, -1, 0, 0));
 }
 
 void MagnifiedIcon::paintGrid(QPainter& painter) const {
@@ -138,10 +166,9 @@ void MagnifiedIcon::paintGrid(QPainter& painter) const {
 }
 
 void MagnifiedIcon::paintHotSpot(QPainter& painter) const {
-  const int scale = magnification();
-  const QRect pixel(place().topLeft() + *spot_ * scale, QSize(scale, scale));
+  const QRect pixel = placeOf(*spot_);
   const QPoint middle = pixel.center();
-  const int reach = std::max(scale, kChequer);
+  const int reach = std::max(magnification(), kChequer);
   const auto cross = [&](const QColor& colour, double width) {
     painter.setPen(QPen(colour, width));
     painter.drawLine(pixel.left() - reach, middle.y(), pixel.left(), middle.y());

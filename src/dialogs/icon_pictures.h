@@ -31,7 +31,8 @@ class IconField : public QWidget {
   QString words_;
 };
 
-// An icon magnified so that its pixels can be told apart and clicked.
+// An icon magnified so that its pixels can be told apart and clicked. With the keyboard the arrows go from pixel to
+// pixel, Space is the left click and Shift+Space the right one.
 class MagnifiedIcon : public QWidget {
  public:
   MagnifiedIcon(const QString& name, QWidget* parent);
@@ -48,15 +49,19 @@ class MagnifiedIcon : public QWidget {
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   int magnification() const;
+  QRect placeOf(QPoint pixel) const;
+  void click(QPoint pixel, bool left) const;
   void paintGrid(QPainter& painter) const;
   void paintHotSpot(QPainter& painter) const;
 
   QImage picture_;
   std::optional<QPoint> spot_;
+  QPoint current_;  // where the keyboard is
 };
 
 }  // namespace ruvo
