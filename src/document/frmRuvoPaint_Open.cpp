@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "base/paths.h"
+#include "dialogs/frmRuvoMulti.h"
 #include "document/frmRuvoPaint_Private.h"
 #include "document/model/picture_loading.h"
 
@@ -23,6 +24,18 @@ bool frmRuvoPaint::Private::refuseOpen(OpenFault fault, const std::string& path,
   return false;
 }
 
+// A file of several icons asks which one, but not while nobody is to be asked.
+ReadRequest frmRuvoPaint::Private::readRequest(bool quiet) {
+  ReadRequest request;
+  if (!quiet) {
+    request.chooseImage = [this](const clsICO& file) {
+      const ArrowCursor arrow;
+      return frmRuvoMulti::choose(link.window(), file);
+    };
+  }
+  return request;
+}
+
 bool frmRuvoPaint::LoadOpenFile(const QString& FileSpec, int openMode, bool inUpdateFileHistory) {
   const std::string path = FileSpec.toStdString();
   const bool quiet = isQuietOpen(openMode);
@@ -40,7 +53,7 @@ bool frmRuvoPaint::LoadOpenFile(const QString& FileSpec, int openMode, bool inUp
     d_->canvas->ShowLoadingMsg();
     // Painted at once: no events are handled while the file is read.
     d_->canvas->repaint();
-    loaded = loadPicture(path, plan);
+    loaded = loadPicture(path, plan, d_->readRequest(quiet));
     d_->canvas->RemoveLoadingMsg();
   }
   if (loaded.fault != OpenFault::None) {

@@ -25,13 +25,20 @@ inline QString qt(const std::string& text) {
   return QString::fromStdString(text);
 }
 
-// The wait cursor while it lives.
-class WaitCursor {
+// A cursor for the whole program while it lives.
+class CursorShown {
  public:
-  WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-  WaitCursor(const WaitCursor&) = delete;
-  WaitCursor& operator=(const WaitCursor&) = delete;
+  explicit CursorShown(Qt::CursorShape shape) { QGuiApplication::setOverrideCursor(shape); }
+  ~CursorShown() { QGuiApplication::restoreOverrideCursor(); }
+  CursorShown(const CursorShown&) = delete;
+  CursorShown& operator=(const CursorShown&) = delete;
+};
+struct WaitCursor : CursorShown {
+  WaitCursor() : CursorShown(Qt::WaitCursor) {}
+};
+// For a window within the work of a wait cursor.
+struct ArrowCursor : CursorShown {
+  ArrowCursor() : CursorShown(Qt::ArrowCursor) {}
 };
 
 // The main window's progress bar for a piece of long work; it goes away with this object.
@@ -134,6 +141,7 @@ struct frmRuvoPaint::Private {
   void reduceColours(const ReductionItem& item);
   void commandOpen(bool inExistingWindow);
   void openDropped();
+  ReadRequest readRequest(bool quiet);
   bool refuseOpen(OpenFault fault, const std::string& path, bool quiet);
   void saveAs(const SaveItem& item);
   bool saveIsPossible(const SaveItem& item);
@@ -141,7 +149,12 @@ struct frmRuvoPaint::Private {
   std::vector<std::uint8_t> exifToAddBack();
   QString askForSaveName(Format format, std::string_view ending, Size size);
   bool write(const WriteOrder& order, Size size, clsDIB& reduced, int& bits);
-  void noteSaved(const WriteOrder& order, int bits, Size size);
+  void saveByIconWindow(const SaveItem& item);
+  void saveByPanel(const SaveItem& item);
+  const clsDIB* pictureToSave(clsDIB& displayed);
+  QString proposedPath(Format format);
+  FileRecord recordOfSaved(const WriteOrder& order, int bits, Size size) const;
+  void noteSaved(const FileRecord& saved);
   template <typename Step>
   void restoreState(Step step);
   bool loadCustomPicture(const QString& folderKey, clsDIB& picture);

@@ -71,6 +71,8 @@ QString frmRuvoPaint::Private::askForSaveName(Format format, std::string_view en
 void frmRuvoPaint::Private::saveAs(const SaveItem& item) {
   if (!hasPicture() || !saveIsPossible(item)) return;
   commitFloatingAndPush();
+  if (item.way == SaveWay::IconWindow) return saveByIconWindow(item);
+  if (item.way == SaveWay::Panel) return saveByPanel(item);
   WriteOrder order;
   order.item = item;
   order.tempFolder = session().tempFolder;
@@ -90,7 +92,7 @@ void frmRuvoPaint::Private::saveAs(const SaveItem& item) {
     return;
   }
   if (!reduced.empty()) canvas->DIB() = std::move(reduced);
-  noteSaved(order, bits, size);
+  noteSaved(recordOfSaved(order, bits, size));
 }
 
 // Writes the picture at `size`. `reduced` receives what the canvas is to show afterwards, if that is another picture.
@@ -110,31 +112,36 @@ bool frmRuvoPaint::Private::write(const WriteOrder& order, Size size, clsDIB& re
          writePicture(displayed, order, bits, shown.progress());
 }
 
+// What is known of a file that was just written.
+FileRecord frmRuvoPaint::Private::recordOfSaved(const WriteOrder& order, int bits, Size size) const {
+  const std::string path = utf8Of(order.file);
+  FileRecord saved;
+  saved.name = path;
+  saved.type = typeOfPath(path);
+  saved.bitsPerPixel = bits;
+  saved.width = saved.originalWidth = size.width;
+  saved.height = saved.originalHeight = size.height;
+  saved.fileSize = QFileInfo(qt(path)).size();
+  if (order.item.format == Format::Gif) {
+    saved.transparent = yesNo(order.item.transparent);
+    saved.interlaced = yesNo(order.item.interlaced);
+    saved.severalFrames = yesNo(false);
+  }
+  if (order.item.format == Format::Jpeg) saved.fromCamera = yesNo(!order.exifBlock.empty());
+  return saved;
+}
+
 // A save begins a new history: its first state is what was saved. Changes that were saved at another size only, as the
 // view mode does, are still unsaved at their own.
-void frmRuvoPaint::Private::noteSaved(const WriteOrder& order, int bits, Size size) {
+void frmRuvoPaint::Private::noteSaved(const FileRecord& saved) {
   endRunningOperation();
   link.FlatAllToolsImages();
-  const std::string path = utf8Of(order.file);
-  const Format format = order.item.format;
-  record = FileRecord();
-  record.name = path;
-  record.type = typeOfPath(path);
-  record.bitsPerPixel = bits;
-  record.width = record.originalWidth = size.width;
-  record.height = record.originalHeight = size.height;
-  record.fileSize = QFileInfo(qt(path)).size();
-  if (format == Format::Gif) {
-    record.transparent = yesNo(order.item.transparent);
-    record.interlaced = yesNo(order.item.interlaced);
-  }
-  if (format == Format::Gif || format == Format::Ico || format == Format::Cur) record.severalFrames = yesNo(false);
-  if (format != Format::Ico && format != Format::Cur) iconMask = {};
-  if (format == Format::Jpeg) record.fromCamera = yesNo(!order.exifBlock.empty());
+  record = saved;
+  if (upperCase(record.type) != "ICO" && upperCase(record.type) != "CUR") iconMask = {};
   restartHistory();
-  setChanged(hasUnsavedChanges() && size != canvas->DIB().size());
-  link.addToFileHistory(qt(path));
-  setTitle(path);
+  setChanged(hasUnsavedChanges() && Size{saved.width, saved.height} != canvas->DIB().size());
+  link.addToFileHistory(qt(record.name));
+  setTitle(record.name);
   showPicture();
 }
 

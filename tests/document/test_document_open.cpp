@@ -1,6 +1,11 @@
 #include <gmock/gmock.h>
 
+#include <QDialog>
+#include <QPushButton>
+#include <QTimer>
+
 #include "document_fixture.h"
+#include "formats/clsICO.h"
 #include "image/basGDIProc.h"
 #include "support/bmp_bytes.h"
 
@@ -68,6 +73,70 @@ TEST_F(DocumentOpen, RefusalsSayWhyAndKeepThePicture) {
   expectRefusal(writeBytes("wide.bmp", bmpHeader(32761, 1)), "Incoming image exceeds max size allowed.");
   expectRefusal(writeBytes("vast.bmp", bmpHeader(5001, 5000)), "Incoming image exceeds max size allowed.");
   expectRefusal(writeBytes("flat.bmp", bmpHeader(4, 0)), "Failed to retrieve incoming image");
+}
+
+// An icon file of plain images of these sides, each see-through in its last row.
+void writeIcons(const std::filesystem::path& file, std::initializer_list<std::pair<int, Colour>> images) {
+  clsICO icons;
+  for (const auto& [side, colour] : images) {
+    clsICO::Image image;
+    image.XOR = test::plainDib(side, side, colour, 24);
+    image.AND = test::plainDib(side, side, kWhite, 1);
+    std::fill_n(image.AND.surface().pictureRow(side - 1), image.AND.surface().stride(), 0xFF);
+    icons.add(std::move(image));
+  }
+  ASSERT_TRUE(icons.SaveICO_All(file));
+}
+
+TEST_F(DocumentOpen, AnIconIsShownOnWhiteAndItsMaskStandsThroughAReduction) {
+  writeIcons(folder / "one.ico", {{16, rgb(100, 150, 90)}});
+  ASSERT_TRUE(open(path("one.ico")));
+  EXPECT_EQ(colourAt(3, 3), "#64965a");
+  EXPECT_EQ(colourAt(3, 15), "#ffffff");
+  desktop.expect("(ICO) Multi-icon file:   No");
+  EXPECT_TRUE(document->triggerMenu("mnuInquiryOriginal"));
+  // Painted over, the see-through row would be reduced if it were not masked; a turned picture takes its mask along.
+  replaceWith(QColor(100, 150, 91));
+  std::fill_n(&test::pixelAt(picture(), 0, 15), 16, Pixel32::plain(rgb(13, 57, 201)));
+  document->Do_mnuRotateSubClick(1);
+  desktop.expect("Proceed to convert to B&W?").answer(Answer::Yes);
+  EXPECT_TRUE(document->triggerMenu("mnuColorReductionBWSub", 3));
+  EXPECT_EQ(colourAt(3, 0), "#0d39c9");
+  EXPECT_TRUE(colourAt(3, 5) == "#000000" || colourAt(3, 5) == "#ffffff");
+  document->mnuEditUndo_Click();
+  EXPECT_EQ(colourAt(3, 0), "#0d39c9");
+  desktop.expect("Proceed to convert to B&W?").answer(Answer::Yes);
+  EXPECT_TRUE(document->triggerMenu("mnuColorReductionBWSub", 3));
+  EXPECT_NE(colourAt(3, 0), "#0d39c9") << "a mask that may no longer fit is gone";
+}
+
+TEST_F(DocumentOpen, AFileOfSeveralIconsAsksWhichUnlessQuiet) {
+  writeIcons(folder / "two.ico", {{16, rgb(255, 0, 0)}, {32, rgb(0, 0, 255)}});
+  openPlain();
+  const auto answer = [](bool take) {
+    QTimer::singleShot(0, [take] {
+      auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(window, nullptr);
+      EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+      window->findChild<QPushButton*>("cmdDown")->click();
+      if (take) {
+        window->accept();
+      } else {
+        window->reject();
+      }
+    });
+  };
+  answer(false);
+  EXPECT_FALSE(document->LoadOpenFile(path("two.ico"), 3, true)) << "without a word";
+  EXPECT_EQ(picture().size(), (Size{4, 3}));
+  answer(true);
+  ASSERT_TRUE(document->LoadOpenFile(path("two.ico"), 3, true));
+  EXPECT_EQ(picture().size(), (Size{32, 32}));
+  EXPECT_EQ(colourAt(0, 0), "#0000ff");
+  desktop.expect("(ICO) Multi-icon file:   Yes");
+  EXPECT_TRUE(document->triggerMenu("mnuInquiryOriginal"));
+  ASSERT_TRUE(document->LoadOpenFile(path("two.ico"), 2, true));
+  EXPECT_EQ(picture().size(), (Size{16, 16})) << "quiet: the first";
 }
 
 TEST_F(DocumentOpen, WithoutTheImagingServicePngIsRefusedByTheMainWindowsWords) {

@@ -4,6 +4,7 @@
 #include "base/limits.h"
 #include "base/paths.h"
 #include "document/model/colour_reduction.h"
+#include "document/model/gif_writing.h"
 #include "formats/clsEXIF.h"
 #include "image/basGDIProc.h"
 #include "platform/imaging/imaging_service.h"
@@ -44,6 +45,18 @@ bool writeJpeg(const clsDIB& opaque, const WriteOrder& order) {
   return written;
 }
 
+// The formats that know no alpha.
+bool writeOpaque(const clsDIB& opaque, const WriteOrder& order, const Progress& progress) {
+  switch (order.item.format) {
+    case Format::Jpeg:
+      return writeJpeg(opaque, order);
+    case Format::Gif:
+      return writeGif(opaque, order, progress);
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 bool resizedCopy(const clsDIB& picture, int width, int height, clsDIB& copy) {
@@ -69,9 +82,9 @@ bool writePicture(const clsDIB& picture, const WriteOrder& order, int& bits, con
       break;
   }
   bits = order.item.format == Format::Gif ? 8 : 24;
-  if (!picture.DIBhasAlpha()) return writeJpeg(picture, order);
+  if (!picture.DIBhasAlpha()) return writeOpaque(picture, order, progress);
   clsDIB flat;
-  return flattenedCopy(picture, flat) && writeJpeg(flat, order);
+  return flattenedCopy(picture, flat) && writeOpaque(flat, order, progress);
 }
 
 }  // namespace ruvo

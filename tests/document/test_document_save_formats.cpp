@@ -1,0 +1,211 @@
+#include <QCheckBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QTimer>
+
+#include "../formats/exif_bytes.h"
+#include "base/file_io.h"
+#include "document/model/picture_loading.h"
+#include "document_fixture.h"
+#include "formats/clsEXIF.h"
+#include "formats/clsGIF.h"
+#include "formats/clsICO.h"
+
+namespace ruvo {
+namespace {
+
+using desktop::Answer;
+using test::Bytes;
+using test::DocumentTest;
+
+class DocumentFormats : public DocumentTest {
+ protected:
+  // A picture of 101 colours whose top left has one of its own.
+  void openFewColours() {
+    QImage image(20, 10, QImage::Format_RGB32);
+    for (int i = 0; i < 200; ++i) image.setPixelColor(i % 20, i / 20, QColor(i % 100, 77, 200));
+    image.setPixelColor(0, 0, QColor(255, 0, 255));
+    ASSERT_TRUE(open(write("few.bmp", image)));
+    document->Do_mnuRotateSubClick(0);
+    document->Do_mnuRotateSubClick(0);
+  }
+  void openManyColours() {
+    QImage image(80, 60, QImage::Format_RGB32);
+    for (int y = 0; y < 60; ++y) {
+      for (int x = 0; x < 80; ++x) image.setPixelColor(x, y, QColor(x * 3, y * 4, (x + y)));
+    }
+    ASSERT_TRUE(open(write("many.bmp", image)));
+  }
+  QString properties() {
+    desktop.expect("Original image color depth:");
+    EXPECT_TRUE(document->triggerMenu("mnuInquiryOriginal"));
+    return desktop.messages.last();
+  }
+  std::filesystem::path place(const QString& name) const { return folder / name.toStdString(); }
+  // Answers the next modal window.
+  template <typename Act>
+  void inWindow(const char* name, Act act) {
+    QTimer::singleShot(0, document.get(), [name, act] {
+      auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(window, nullptr);
+      EXPECT_EQ(window->objectName(), name);
+      act(*window);
+    });
+  }
+};
+
+TEST_F(DocumentFormats, GifItemsWriteTheirFlagsWithAndWithoutTheImagingService) {
+  for (const bool service : {true, false}) {
+    for (int variant = 0; variant <= 3; ++variant) {
+      SCOPED_TRACE(testing::Message() << "service " << service << ", item " << variant);
+      if (!service) imaging::stopImagingService();
+      main.state.gdiPlusUsable = service;
+      newWindow();
+      openFewColours();
+      const QString file = path(QString("out%1%2.gif").arg(service).arg(variant));
+      desktop.expectSave(file, "few.gif");
+      EXPECT_TRUE(document->triggerMenu("mnuFileSaveGIFSub", variant));
+      clsGIF gif;
+      ASSERT_EQ(gif.LoadFromGIFFile(file.toStdString()), kGifOk);
+      const bool transparent = variant == 1 || variant == 2;
+      const bool interlaced = variant == 2 || variant == 3;
+      EXPECT_EQ(gif.FramesCount(), 1);
+      EXPECT_EQ(gif.FrameUseTransparentColor(1), transparent);
+      EXPECT_EQ(gif.FrameInterlaced(1), interlaced);
+      if (transparent) {
+        EXPECT_EQ(gif.FrameTransparentColor(1), rgb(255, 0, 255));
+      }
+      clsDIB shown = test::plainDib(20, 10, kWhite);
+      gif.FrameDraw(shown.surface(), 1, 0, 0);
+      EXPECT_EQ(test::pixelAt(shown, 0, 0).colour(), transparent ? kWhite : rgb(255, 0, 255));
+      EXPECT_EQ(test::pixelAt(shown, 19, 0).colour(), rgb(19, 77, 200));
+      EXPECT_EQ(test::pixelAt(shown, 3, 9).colour(), rgb(83, 77, 200));
+      EXPECT_EQ(undoFiles().size(), 1u) << "working files are gone";
+      EXPECT_FALSE(changed());
+      const QString told = properties();
+      EXPECT_TRUE(told.contains(transparent ? "(GIF) Transparent:   Yes" : "(GIF) Transparent:   No"));
+      EXPECT_TRUE(told.contains(interlaced ? "(GIF) Interlaced:   Yes" : "(GIF) Interlaced:   No"));
+      EXPECT_TRUE(told.contains("(GIF) Animated GIF file:   No"));
+    }
+  }
+  imaging::startImagingService();
+}
+
+TEST_F(DocumentFormats, AGifReducesACopyAndTakesTheCornersReducedColour) {
+  openManyColours();
+  const QString corner = colourAt(0, 0);
+  desktop.expectSave(path("out.gif"));
+  EXPECT_TRUE(document->triggerMenu("mnuFileSaveGIFSub", 1));
+  EXPECT_EQ(clsDIB::BPPperActualDIB(picture()), 24) << "the picture keeps its colours";
+  EXPECT_EQ(colourAt(0, 0), corner);
+  clsGIF gif;
+  ASSERT_EQ(gif.LoadFromGIFFile(place("out.gif")), kGifOk);
+  EXPECT_TRUE(gif.FrameUseTransparentColor(1));
+  clsDIB shown = test::plainDib(80, 60, rgb(1, 2, 3));
+  gif.FrameDraw(shown.surface(), 1, 0, 0);
+  EXPECT_EQ(test::pixelAt(shown, 0, 0).colour(), rgb(1, 2, 3)) << "the corner is see-through";
+  // Plain Save keeps the manner of the file.
+  desktop.expectSave(path("again.gif"), "out.gif");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSub", 6));
+  ASSERT_EQ(gif.LoadFromGIFFile(place("again.gif")), kGifOk);
+  EXPECT_TRUE(gif.FrameUseTransparentColor(1));
+  desktop.expectSave(path("no/such/folder.gif"));
+  desktop.expect("Failed to save this file.");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSaveGIFSub", 2));
+}
+
+TEST_F(DocumentFormats, TheGifPanelChoosesThePixel) {
+  openFewColours();
+  inWindow("frmRuvoFileSaveGIForPNG", [this](QDialog& panel) {
+    auto* saveTo = panel.findChild<QLineEdit*>("txbSaveTo");
+    ASSERT_NE(saveTo, nullptr);
+    saveTo->setText(path("panel.gif"));
+    panel.findChild<QCheckBox*>("ckbGIFinterlaced")->setChecked(true);
+    panel.accept();
+  });
+  desktop.expect("Saved to " + path("panel.gif"));
+  EXPECT_TRUE(document->triggerMenu("mnuFileSaveGIFSub", 5));
+  EXPECT_EQ(main.wholeTitle, path("panel.gif"));
+  EXPECT_FALSE(changed());
+  EXPECT_TRUE(properties().contains("(GIF) Interlaced:   Yes"));
+  inWindow("frmRuvoFileSaveGIForPNG", [](QDialog& panel) { panel.reject(); });
+  EXPECT_TRUE(document->triggerMenu("mnuFileSaveGIFSub", 5));
+}
+
+TEST_F(DocumentFormats, IconsAndCursorsAreSavedByTheirWindow) {
+  for (const int index : {15, 16}) {
+    newWindow();
+    ASSERT_TRUE(open(write("square.bmp", plain(32, 32, Qt::red))));
+    replaceWith(Qt::green);
+    const QString file = path(index == 15 ? "one.ico" : "one.cur");
+    desktop.expectSave(file, index == 15 ? "square.ico" : "square.cur");
+    desktop.expect("Saved to");
+    inWindow("frmRuvoFileSaveICOorCUR", [](QDialog& window) { window.accept(); });
+    EXPECT_TRUE(document->triggerMenu("mnuFileSub", index));
+    EXPECT_EQ(main.wholeTitle, file);
+    EXPECT_FALSE(changed());
+    clsICO icon;
+    ASSERT_TRUE(icon.OpenICO(file.toStdString()));
+    EXPECT_EQ(icon.IconCount(), 1);
+    EXPECT_EQ(test::pixelAt(picture(), 5, 5).colour(), rgb(0, 255, 0));
+    EXPECT_EQ(properties().contains("(ICO) Multi-icon file:   No"), index == 15);
+  }
+  ASSERT_TRUE(document->LoadOpenFile(write("large.bmp", plain(60, 40, Qt::red)), 3, false));
+  replaceWith(Qt::green);
+  desktop.expectSave(path("small.ico"));
+  desktop.expect("Saved to");
+  inWindow("frmRuvoFileSaveICOorCUR", [](QDialog& window) { window.accept(); });
+  EXPECT_TRUE(document->triggerMenu("mnuFileSub", 15));
+  EXPECT_EQ(picture().size(), (Size{60, 40}));
+  EXPECT_TRUE(changed()) << "at its own size it is still unsaved";
+}
+
+// --- Camera data
+
+Bytes cameraPhoto(const QString& plainJpeg) {
+  test::TiffBuilder tiff(true);
+  tiff.begin();
+  tiff.text(36867, "2004:08:27 13:52:55");
+  tiff.number(40962, 8);
+  tiff.number(40963, 8);
+  const Bytes plain = *readWholeFile(plainJpeg.toStdString(), 1 << 20);
+  return test::joined({test::kStart, test::exifSegment(tiff.build()), Bytes(plain.begin() + 2, plain.end())});
+}
+
+TEST_F(DocumentFormats, APhotographGetsItsCameraDataBack) {
+  const QString photo = write("photo.jpg", plain(8, 8, Qt::blue));
+  ASSERT_TRUE(replaceFile(place("photo.jpg"), cameraPhoto(photo)));
+  clsEXIF exif;
+  Bytes block;
+  ASSERT_TRUE(exif.readBlock(place("photo.jpg"), block));
+  ASSERT_TRUE(open(photo));
+  EXPECT_TRUE(properties().contains("(JPG/JPEG)  From digital camera:   Yes"));
+  // Over the photograph itself, so the block has to be in hand before that goes.
+  desktop.expectSave(photo, "/photo_EX.jpg");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSaveJPGSub", 2));
+  Bytes written;
+  ASSERT_TRUE(exif.readBlock(place("photo.jpg"), written));
+  EXPECT_EQ(written, block);
+  EXPECT_TRUE(exif.IsFromDigitalCamera(place("photo.jpg")));
+  EXPECT_EQ(QImage(photo).size(), QSize(8, 8));
+  EXPECT_EQ(undoFiles().size(), 1u) << "no working file stays";
+  EXPECT_TRUE(properties().contains("From digital camera:   Yes"));
+
+  main.state.options.jpgAddBackExif = false;
+  desktop.expectSave(path("bare.jpg"), "/photo.jpg");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSaveJPGSub", 2));
+  EXPECT_FALSE(exif.readBlock(place("bare.jpg"), written));
+  EXPECT_TRUE(properties().contains("From digital camera:   No"));
+
+  main.state.options.jpgAddBackExif = true;
+  ASSERT_TRUE(document->LoadOpenFile(photo, 3, false));
+  std::filesystem::remove(place("photo.jpg"));
+  desktop.expect(photo + "\nOrig file missing.  Orig EXIF data will not be saved.");
+  desktop.expectSave(photo, "/photo.jpg");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSaveJPGSub", 4));
+  EXPECT_FALSE(exif.readBlock(place("photo.jpg"), written));
+  EXPECT_TRUE(QFile::exists(photo));
+}
+
+}  // namespace
+}  // namespace ruvo
