@@ -203,8 +203,7 @@ bool clsGIF::FrameInsertBlank(int Frame, int Width, int Height, Colour Color, co
   try {
     GifFrame frame;
     if (!createSurfaces(frame.image, {Width, Height})) return false;
-    const int index =
-        model_->globalExists ? GlobalPaletteR_G_B_Find(redOf(Color), greenOf(Color), blueOf(Color)) : -1;
+    const int index = model_->globalExists ? GlobalPaletteR_G_B_Find(redOf(Color), greenOf(Color), blueOf(Color)) : -1;
     if (index < 0) {
       const std::array<raster::TableEntry, 2> table = {raster::TableEntry::of(Color), raster::TableEntry{}};
       takeLocalTable(frame.image, table);

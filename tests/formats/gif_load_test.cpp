@@ -1,0 +1,230 @@
+#include "base/file_io.h"
+#include "formats/gif_bytes.h"
+#include "support/temp_folder.h"
+
+namespace ruvo {
+namespace {
+
+using namespace test;
+
+const std::vector<Colour> kLocalColours = {rgb(9, 9, 9), rgb(8, 7, 6)};
+
+GifBytes twoFrames() {
+  GifBytes gif(6, 4);
+  gif.extension(0xFF, {"NETSCAPE2.0", "\x01\x05\x01"}).extension(0xFE, {"made ", "by hand"});
+  gif.control(1 | 2 | 3 << 2, 300, 2).image({"012", "222"}, 1, 2, 0);
+  gif.control(0, 7, 3).image({"01", "10"}, 4, 0, 0xA0, kLocalColours);
+  return gif;
+}
+
+TEST(GifLoad, EveryFieldOfTheFile) {
+  clsGIF gif;
+  Bytes data = twoFrames().bytes();
+  ASSERT_EQ(gif.LoadStream(data), kGifOk);
+  EXPECT_TRUE(data.empty());
+  EXPECT_EQ(gif.GIFVersion(), "89a");
+  EXPECT_EQ((Size{gif.BgdWidth(), gif.BgdHeight()}), (Size{6, 4}));
+  EXPECT_EQ(gif.BgdColorIndex(), 2);
+  EXPECT_EQ(gif.PixelAspectRatio(), 0.5);
+  EXPECT_EQ(gif.NetscapeLoops(), 261);
+  EXPECT_EQ(gif.CommentText(), "made by hand");
+  EXPECT_TRUE(gif.GlobalPaletteExists());
+  EXPECT_FALSE(gif.GlobalPaletteSorted());
+  EXPECT_EQ(gif.GlobalPaletteEntries(), 4);
+  EXPECT_EQ(gif.GlobalPaletteColor(3), rgb(0, 0, 255));
+  EXPECT_EQ(gif.GlobalPaletteR_G_B_Find(0, 255, 0), 2);
+  EXPECT_EQ(gif.GlobalPaletteR_G_B_Find(0, 0, 0), -1) << "only entries in use are looked at";
+
+  ASSERT_EQ(gif.FramesCount(), 2);
+  EXPECT_EQ((Point{gif.FrameLeft(1), gif.FrameTop(1)}), (Point{1, 2}));
+  EXPECT_EQ(gif.FrameDelay(1), 300);
+  EXPECT_EQ(gif.FrameDisposalMethod(1), 3);
+  EXPECT_TRUE(gif.hasUserInput(1));
+  EXPECT_FALSE(gif.LocalPaletteUsed(1));
+  EXPECT_EQ(gif.getLocalPalette(1), gif.getGlobalPalette());
+  EXPECT_EQ(gif.GlobalTransparentColorIndex(), 2);
+  EXPECT_TRUE(gif.LocalPaletteUsed(2));
+  EXPECT_TRUE(gif.LocalPaletteSorted(2));
+  EXPECT_EQ(gif.LocalPaletteEntries(2), 2);
+  EXPECT_EQ(gif.LocalPaletteColor(2, 1), rgb(8, 7, 6));
+  EXPECT_EQ(gif.FrameTransparentColorIndex(2), 0) << "an index without its flag is not taken";
+  EXPECT_PICTURE(digits(gif.FrameDIBXOR(2)), ({"01", "10"}));
+}
+
+TEST(GifLoad, SeeThroughPixelsAreWhiteInTheMaskAndBlackInThePicture) {
+  clsGIF gif;
+  ASSERT_EQ(load(gif, twoFrames().bytes()), kGifOk);
+  EXPECT_PICTURE(rowsOf(gif.FrameDIBAND(1)), ({"##.", "..."}));
+  EXPECT_PICTURE(rowsOf(gif.FrameDIBAND(2)), ({"##", "##"}));
+  const Ink ink = {{'a', kFourColours[0]}, {'r', kFourColours[1]}, {'#', kBlack}};
+  EXPECT_PICTURE(rowsOf(gif.FrameDIBXOR(1), ink), ({"ar#", "###"}));
+  EXPECT_PICTURE(digits(gif.FrameDIBXOR(1)), ({"012", "222"}));
+  EXPECT_EQ(gif.FrameTransparentColor(1), rgb(0, 255, 0)) << "the frame's table keeps the file's colour";
+}
+
+TEST(GifLoad, ControlRecordsBelongToImagesByNumber) {
+  clsGIF gif;
+  ASSERT_EQ(load(gif, GifBytes(2, 1).control(0, 11).control(0, 22).image({"01"}).image({"10"}).bytes()), kGifOk);
+  EXPECT_EQ(gif.FrameDelay(1), 11);
+  EXPECT_EQ(gif.FrameDelay(2), 22);
+  EXPECT_EQ(codeOf(GifBytes(2, 1).image({"01"}).bytes()), kGifOk);
+  // The one extension fills the record of the first image, so the second has none.
+  EXPECT_EQ(codeOf(GifBytes(2, 1).image({"01"}).control(0, 5).image({"10"}).bytes()), kGifOther);
+  EXPECT_EQ(codeOf(GifBytes(2, 1).image({"01"}).image({"10"}).bytes()), kGifOther);
+}
+
+TEST(GifLoad, StrayBytesAndAMissingOrOtherTrailerAreTolerated) {
+  const GifBytes plain = GifBytes(2, 1).raw({0, 7, 0xFF}).control(0).image({"01"}).raw({0, 1, 2});
+  EXPECT_EQ(codeOf(plain.bytes()), kGifOk);
+  EXPECT_EQ(codeOf(plain.open()), kGifOk);
+  EXPECT_EQ(codeOf(GifBytes(2, 1).extension(0x01, {"twelve bytes", "text"}).image({"01"}).open()), kGifOk);
+  // Nothing behind the trailer counts.
+  EXPECT_EQ(codeOf(GifBytes(2, 1).image({"01"}).raw({0x3B, 0x2C}).open()), kGifOk);
+}
+
+TEST(GifLoad, RunningOutInsideABlockEmptiesTheModel) {
+  const Bytes whole = twoFrames().bytes();
+  const std::size_t firstImageEnds =
+      GifBytes(6, 4).extension(0xFF, {"NETSCAPE2.0", "123"}).extension(0xFE, {"made ", "by hand"}).size() + 8 +
+      GifBytes(6, 4).image({"012", "222"}).size() - GifBytes(6, 4).size();
+  for (std::size_t length = 0; length + 1 < whole.size(); ++length) {
+    clsGIF gif;
+    const int code = load(gif, Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)));
+    const bool betweenBlocks = length == firstImageEnds || length == firstImageEnds + 8;
+    if (length < 3) {
+      EXPECT_EQ(code, kGifNoSignature) << length;
+    } else if (length < 6) {
+      EXPECT_EQ(code, kGifUnknownVersion) << length;
+    } else if (betweenBlocks || length + 1 == whole.size()) {
+      EXPECT_EQ(code, kGifOk) << length;
+    } else if (code != kGifNoFrame) {  // at the end of a block before the first image
+      EXPECT_EQ(code, kGifOutOfBounds) << length;
+    }
+    EXPECT_EQ(gif.FramesCount() > 0, code == kGifOk) << length;
+    EXPECT_EQ(gif.BgdWidth() > 0, code == kGifOk) << length;
+  }
+  // Sub-blocks without end, and a table that is not there.
+  EXPECT_EQ(codeOf(GifBytes(2, 1).raw({0x21, 0xFE}).raw(Bytes(3000, 255)).open()), kGifOutOfBounds);
+  EXPECT_EQ(codeOf(GifBytes(2, 1, "89a", 0x87, {}).raw(Bytes(700, 1)).open()), kGifOutOfBounds);
+}
+
+TEST(GifLoad, SizesAreCheckedBeforeAnythingIsMade) {
+  const auto screen = [](int w, int h) { return GifBytes(w, h).image({"01"}).bytes(); };
+  EXPECT_EQ(codeOf(screen(0, 5)), kGifBadSize);
+  EXPECT_EQ(codeOf(screen(32761, 1)), kGifBadSize);
+  EXPECT_EQ(codeOf(screen(5001, 5000)), kGifBadSize);
+  EXPECT_EQ(codeOf(screen(5000, 5000)), kGifOk);
+
+  const auto frame = [](int w, int h, int place) {
+    GifBytes gif(9, 9);
+    for (int i = 1; i < place; ++i) gif.control(0).image({"01"});
+    return gif.control(0).descriptor(0, 0, w, h).raw({2, 1, 0, 0}).bytes();
+  };
+  EXPECT_EQ(codeOf(frame(2001, 1, 1)), kGifOk);
+  EXPECT_EQ(codeOf(frame(2001, 1, 2)), kGifBadSize);
+  EXPECT_EQ(codeOf(frame(2000, 1500, 2)), kGifOk);
+  EXPECT_EQ(codeOf(frame(2000, 1501, 2)), kGifBadSize);
+  EXPECT_EQ(codeOf(frame(1, 0, 1)), kGifBadSize);
+  clsGIF gif;
+  EXPECT_EQ(load(gif, frame(65535, 65535, 1)), kGifBadSize);
+  EXPECT_EQ((Size{gif.statedWidth(), gif.statedHeight()}), (Size{65535, 65535}));
+  EXPECT_EQ(load(gif, screen(30000, 30000)), kGifBadSize);
+  EXPECT_EQ((Size{gif.statedWidth(), gif.statedHeight()}), (Size{30000, 30000}));
+}
+
+TEST(GifLoad, AtMostACertainNumberOfFrames) {
+  GifBytes gif(2, 1);
+  for (int i = 0; i < clsGIF::kMostFrames; ++i) gif.control(0, i).image({"01"});
+  clsGIF loaded;
+  ASSERT_EQ(load(loaded, gif.bytes()), kGifOk);
+  EXPECT_EQ(loaded.FrameDelay(120), 119);
+  EXPECT_EQ(codeOf(gif.control(0).bytes()), kGifOk);
+  EXPECT_EQ(load(loaded, gif.image({"01"}).bytes()), kGifTooManyFrames);
+  EXPECT_EQ(loaded.FramesCount(), 0);
+  EXPECT_EQ(codeOf(GifBytes(2, 1).control(0).bytes()), kGifNoFrame);
+}
+
+TEST(GifLoad, AnImageWithoutDataEndsTheWalk) {
+  clsGIF gif;
+  const GifBytes file =
+      GifBytes(2, 1).control(0).image({"01"}).control(0).descriptor(0, 0, 2, 1).raw({2, 0, 0x2C});
+  ASSERT_EQ(load(gif, file.open()), kGifOk);
+  EXPECT_EQ(gif.FramesCount(), 1);
+  EXPECT_EQ(codeOf(GifBytes(2, 1).descriptor(0, 0, 2, 1).raw({2, 0}).image({"01"}).bytes()), kGifNoFrame);
+}
+
+TEST(GifLoad, TheFirstCommentInPlainLetters) {
+  const auto commentOf = [](const GifBytes& file) {
+    clsGIF gif;
+    EXPECT_EQ(load(gif, file.bytes()), kGifOk);
+    EXPECT_EQ(gif.hasComment(), !gif.CommentText().empty());
+    return gif.CommentText();
+  };
+  EXPECT_EQ(commentOf(GifBytes(2, 1).extension(0xFE, {"a\t\xE9z\r\n~\x7F", "b"}).extension(0xFE, {"2"}).image({"01"})),
+            "az\r\n~b");
+  EXPECT_EQ(commentOf(GifBytes(2, 1).extension(0xFE, {"\x01\x02"}).extension(0xFE, {"second"}).image({"01"})),
+            "second");
+  EXPECT_EQ(commentOf(GifBytes(2, 1, "87a").extension(0xFE, {"old"}).image({"01"})), "");
+}
+
+TEST(GifLoad, OnlyAWholeLoopBlockSetsTheLoops) {
+  const auto loopsOf = [](const std::vector<std::string>& blocks) {
+    clsGIF gif;
+    EXPECT_EQ(load(gif, GifBytes(2, 1).extension(0xFF, blocks).image({"01"}).bytes()), kGifOk);
+    return gif.NetscapeLoops();
+  };
+  EXPECT_EQ(loopsOf({"NETSCAPE2.0", "\xFF\xFF\xFF"}), 65535);
+  EXPECT_EQ(loopsOf({"NETSCAPE2.0", "\x07", "\x02\x03"}), 770) << "the kind is not looked at, nor where blocks end";
+  EXPECT_EQ(loopsOf({"NETSCAPE2.0", "\x01\x02"}), 0);
+  EXPECT_EQ(loopsOf({"ANIMEXTS1.0", "\x01\x02\x03"}), 0);
+}
+
+TEST(GifLoad, LowInterlacedImagesStandInFileOrder) {
+  const Rows four = {"0", "1", "2", "3"}, five = {"0", "1", "2", "3", "0"};
+  for (const Rows& rows : {four, five}) {
+    clsGIF gif;
+    ASSERT_EQ(load(gif, GifBytes(1, 5).image(rows, 0, 0, 64).bytes()), kGifOk);
+    EXPECT_TRUE(gif.FrameInterlaced(1));
+    EXPECT_PICTURE(digits(gif.FrameDIBXOR(1)), (Rows(rows)));
+  }
+}
+
+TEST(GifLoad, FilesPassTheTestsInTheirOrder) {
+  const TempFolder folder;
+  const auto path = folder / "a.gif";
+  const auto codes = [&](Bytes bytes) {
+    EXPECT_TRUE(replaceFile(path, bytes));
+    clsGIF gif;
+    Bytes data = {1};
+    const int code = clsGIF::PreliminaryTest(path, data);
+    EXPECT_EQ(data, code == kGifOk ? bytes : Bytes());
+    EXPECT_EQ(gif.LoadFromGIFFile(path), code);
+    EXPECT_EQ(gif.FramesCount() > 0, code == kGifOk);
+    return code;
+  };
+  Bytes file = GifBytes(2, 1).image({"01"}).bytes();
+  file.resize(101);
+  EXPECT_EQ(codes(file), kGifOk);
+  file[6] = file[7] = file[8] = file[9] = 0xFF;
+  EXPECT_EQ(codes(file), kGifBadSize);
+  file[5] = 'b';
+  EXPECT_EQ(codes(file), kGifUnknownVersion);
+  file[0] = 'J';
+  EXPECT_EQ(codes(file), kGifNoSignature);
+  file.resize(100);
+  EXPECT_EQ(codes(file), kGifNotGif);
+  EXPECT_EQ(codes({}), kGifNotGif);
+  clsGIF gif;
+  EXPECT_EQ(gif.LoadFromGIFFile(folder / "none.gif"), kGifNotFound);
+  EXPECT_EQ(gif.LoadFromGIFFile(folder.path()), kGifNotFound);
+}
+
+TEST(GifLoad, TheWordsOfTheCodes) {
+  EXPECT_EQ(clsGIF::FlagErrMessage(kGifTooManyFrames), "No of frames exceeds maximum allowed: 120.");
+  EXPECT_EQ(clsGIF::FlagErrMessage(kGifBadSize, "x.gif"),
+            "Unallowed GIF size or max width/height excceded, refer Help.\n\nx.gif");
+  EXPECT_EQ(clsGIF::FlagErrMessage(kGifOther), "Invalid GIF file/failed to read GIF image.");
+}
+
+}  // namespace
+}  // namespace ruvo
