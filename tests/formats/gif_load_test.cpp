@@ -146,8 +146,7 @@ TEST(GifLoad, AtMostACertainNumberOfFrames) {
 
 TEST(GifLoad, AnImageWithoutDataEndsTheWalk) {
   clsGIF gif;
-  const GifBytes file =
-      GifBytes(2, 1).control(0).image({"01"}).control(0).descriptor(0, 0, 2, 1).raw({2, 0, 0x2C});
+  const GifBytes file = GifBytes(2, 1).control(0).image({"01"}).control(0).descriptor(0, 0, 2, 1).raw({2, 0, 0x2C});
   ASSERT_EQ(load(gif, file.open()), kGifOk);
   EXPECT_EQ(gif.FramesCount(), 1);
   EXPECT_EQ(codeOf(GifBytes(2, 1).descriptor(0, 0, 2, 1).raw({2, 0}).image({"01"}).bytes()), kGifNoFrame);
