@@ -4,7 +4,9 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include "base/file_io.h"
 #include "document_fixture.h"
+#include "formats/clsGIF.h"
 #include "formats/clsICO.h"
 #include "image/basGDIProc.h"
 #include "support/bmp_bytes.h"
@@ -73,6 +75,45 @@ TEST_F(DocumentOpen, RefusalsSayWhyAndKeepThePicture) {
   expectRefusal(writeBytes("wide.bmp", bmpHeader(32761, 1)), "Incoming image exceeds max size allowed.");
   expectRefusal(writeBytes("vast.bmp", bmpHeader(5001, 5000)), "Incoming image exceeds max size allowed.");
   expectRefusal(writeBytes("flat.bmp", bmpHeader(4, 0)), "Failed to retrieve incoming image");
+}
+
+// A see-through GIF frame at (3, 2) of a 20 x 10 screen, and a second frame, in a file of so many bytes.
+void writeGif(const std::filesystem::path& file, std::size_t length) {
+  clsGIF gif;
+  clsDIB picture = test::plainDib(8, 6, rgb(0, 0, 255));
+  test::pixelAt(picture, 0, 0) = Pixel32::plain(rgb(255, 0, 255));
+  ASSERT_TRUE(gif.FrameInsertImage(picture, 1, {}));
+  ASSERT_TRUE(gif.FrameInsertImage(picture, 2, {}));
+  gif.setBgdWidth(20);
+  gif.setBgdHeight(10);
+  gif.setFrameLeft(1, 3);
+  gif.setFrameTop(1, 2);
+  gif.setFrameUseTransparentColor(1, true);
+  gif.setFrameTransparentColorIndex(1, gif.PaletteIndex_In_DIB_XY(1, 0, 0));
+  auto bytes = gif.saveBytes();
+  ASSERT_LT(bytes.size(), length);
+  bytes.resize(length);
+  ASSERT_TRUE(replaceFile(file, bytes));
+}
+
+TEST_F(DocumentOpen, AGifShowsItsFirstFrameOnceAtItsPlaceAndALargeOneLosesItsFacts) {
+  writeGif(folder / "facts.gif", 2000000);
+  ASSERT_TRUE(open(path("facts.gif")));
+  EXPECT_EQ(picture().size(), (Size{20, 10}));
+  EXPECT_EQ(colourAt(2, 2), "#ffffff");
+  EXPECT_EQ(colourAt(3, 2), "#ffffff") << "see-through";
+  EXPECT_EQ(colourAt(4, 2), "#0000ff");
+  EXPECT_EQ(colourAt(10, 7), "#0000ff");
+  EXPECT_EQ(colourAt(11, 8), "#ffffff");
+  desktop.expect("(GIF) Transparent:   Yes\n(GIF) Interlaced:   No\n(GIF) Animated GIF file:   Yes\n");
+  EXPECT_TRUE(document->triggerMenu("mnuInquiryOriginal"));
+  EXPECT_TRUE(desktop.messages.last().contains("Original image color depth:    8 BPP"));
+  writeGif(folder / "large.gif", 2000001);
+  ASSERT_TRUE(document->LoadOpenFile(path("large.gif"), 3, false));
+  EXPECT_EQ(picture().size(), (Size{20, 10}));
+  EXPECT_EQ(colourAt(4, 2), "#0000ff");
+  desktop.expect("(GIF) Transparent:   N/A\n(GIF) Interlaced:   N/A\n(GIF) Animated GIF file:   N/A\n");
+  EXPECT_TRUE(document->triggerMenu("mnuInquiryOriginal"));
 }
 
 // An icon file of plain images of these sides, each see-through in its last row.

@@ -180,16 +180,24 @@ TEST_F(DocumentFormats, APhotographGetsItsCameraDataBack) {
   ASSERT_TRUE(exif.readBlock(place("photo.jpg"), block));
   ASSERT_TRUE(open(photo));
   EXPECT_TRUE(properties().contains("(JPG/JPEG)  From digital camera:   Yes"));
-  // Over the photograph itself, so the block has to be in hand before that goes.
-  desktop.expectSave(photo, "/photo_EX.jpg");
-  EXPECT_TRUE(document->triggerMenu("mnuFileSaveJPGSub", 2));
   Bytes written;
-  ASSERT_TRUE(exif.readBlock(place("photo.jpg"), written));
-  EXPECT_EQ(written, block);
-  EXPECT_TRUE(exif.IsFromDigitalCamera(place("photo.jpg")));
-  EXPECT_EQ(QImage(photo).size(), QSize(8, 8));
-  EXPECT_EQ(undoFiles().size(), 1u) << "no working file stays";
-  EXPECT_TRUE(properties().contains("From digital camera:   Yes"));
+  for (const bool service : {true, false}) {
+    if (!service) imaging::stopImagingService();
+    main.state.gdiPlusUsable = service;
+    // Over the photograph itself, so the block has to be in hand before that goes.
+    desktop.expectSave(photo, "/photo_EX.jpg");
+    EXPECT_TRUE(document->triggerMenu("mnuFileSaveJPGSub", 2));
+    ASSERT_TRUE(exif.readBlock(place("photo.jpg"), written));
+    // Before the block's end only the start marker and, from a writer that makes one, its JFIF segment.
+    EXPECT_TRUE(std::equal(block.begin() + 2, block.end(), written.end() - static_cast<int>(block.size()) + 2));
+    EXPECT_TRUE(exif.IsFromDigitalCamera(place("photo.jpg")));
+    EXPECT_EQ(QImage(photo).size(), QSize(8, 8));
+    EXPECT_NEAR(QImage(photo).pixelColor(4, 4).blue(), 255, 4);
+    EXPECT_EQ(undoFiles().size(), 1u) << "no working file stays";
+    EXPECT_TRUE(properties().contains("From digital camera:   Yes"));
+  }
+  imaging::startImagingService();
+  main.state.gdiPlusUsable = true;
 
   main.state.options.jpgAddBackExif = false;
   desktop.expectSave(path("bare.jpg"), "/photo.jpg");

@@ -6,6 +6,7 @@
 #include "document/model/colour_reduction.h"
 #include "document/model/gif_writing.h"
 #include "formats/clsEXIF.h"
+#include "formats/clsJPG.h"
 #include "image/basGDIProc.h"
 #include "platform/imaging/imaging_service.h"
 
@@ -29,7 +30,15 @@ bool writeBmp(const clsDIB& picture, const WriteOrder& order, int& bits, const P
 
 // By the imaging service, else by the program's own writer.
 bool encodeJpeg(const clsDIB& opaque, int quality, const std::filesystem::path& file) {
-  return SaveDIBWithEncoder(opaque, file, kEncodeJpeg, quality);
+  if (imaging::imagingUsable()) return SaveDIBWithEncoder(opaque, file, kEncodeJpeg, quality);
+  clsJPG writer;
+  writer.setQuality(quality);
+  if (!writer.SampleHDC(opaque.surface(), opaque.DIBWidth(), opaque.DIBHeight())) return false;
+  try {
+    return replaceFile(file, writer.saveBytes());
+  } catch (const JpgError&) {
+    return false;
+  }
 }
 
 bool writeJpeg(const clsDIB& opaque, const WriteOrder& order) {
