@@ -37,8 +37,8 @@ struct Segment {
   std::size_t end() const { return marker + kMarkerBytes + static_cast<std::size_t>(length); }
 };
 
-// The words of the file are taken two bytes a step without regard to segments, so a block at an odd offset or far behind
-// is not seen. The first marker decides: when it begins another kind of APP1 there is no Exif.
+// The words of the file are taken two bytes a step without regard to segments, so a block at an odd offset or far
+// behind is not seen. The first marker decides: when it begins another kind of APP1 there is no Exif.
 std::optional<Segment> findExif(Bytes file) {
   for (std::size_t place = 3; place <= kLastPlace && place < file.size(); place += 2) {
     ByteReader reader(file);
@@ -69,8 +69,8 @@ std::size_t endOfJfif(Bytes file) {
   return from + length;
 }
 
-// One walk over the directories of a block. `tiff` begins at the TIFF header and ends with the file: values that careless
-// programs left behind the segment are still found.
+// One walk over the directories of a block. `tiff` begins at the TIFF header and ends with the file: values that
+// careless programs left behind the segment are still found.
 class Walk {
  public:
   Walk(Bytes tiff, bool intel, std::vector<ExifTag>& tags) : tiff_(tiff), intel_(intel), tags_(tags) {}

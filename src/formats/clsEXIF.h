@@ -47,8 +47,9 @@ class clsEXIF {
   bool EraseEXIFData(const std::filesystem::path& FileName, std::vector<std::uint8_t>& Block);
   // The block as EraseEXIFData would take it, the file untouched.
   bool readBlock(const std::filesystem::path& FileName, std::vector<std::uint8_t>& Block);
-  // Puts such a block in behind the first two bytes of a JPEG. Of two JFIF segments only the block's is written. False,
-  // with the file as it was, when it is no JPEG, has an Exif block of its own, `Block` is none, or it can not be written.
+  // Puts such a block in behind the first two bytes of a JPEG. Of two JFIF segments only the block's is written.
+  // False, with the file as it was, when it is no JPEG, has an Exif block of its own, `Block` is none, or it can not
+  // be written.
   bool AddbackEXIFData(const std::filesystem::path& FileName, std::span<const std::uint8_t> Block);
   // The same on the bytes of a file; empty when refused.
   static std::vector<std::uint8_t> withBlock(std::span<const std::uint8_t> jpeg, std::span<const std::uint8_t> Block);

@@ -31,8 +31,8 @@ class clsJPG {
   int Quality() const;
   // Throws JpgError. One component when H2, V2, H3 and V3 are all zero.
   void SetSamplingFrequencies(int H1, int V1, int H2, int V2, int H3, int V3);
-  // Captures the top left Width x Height of a surface of any depth; what it does not have is black. False for no memory,
-  // an empty surface, or a size below 1 or above 65535.
+  // Captures the top left Width x Height of a surface of any depth; what it does not have is black. False for no
+  // memory, an empty surface, or a size below 1 or above 65535.
   bool SampleHDC(const raster::Surface& hDC, int Width, int Height);
   // Throws JpgError for more than 65535 bytes.
   void setComment(const std::string& text);

@@ -37,8 +37,8 @@ int largestValue(int precision) {
 
 constexpr int kLongestCode = 16;
 
-// Code lengths of the symbols, K.2 figure K.1. Symbol 256 has the count 1 and gets the longest code, which is then given
-// to nobody: so no code is all ones.
+// Code lengths of the symbols, K.2 figure K.1. Symbol 256 has the count 1 and gets the longest code, which is then
+// given to nobody: so no code is all ones.
 std::array<int, 257> codeSizes(const SymbolCounts& counts) {
   std::array<std::uint64_t, 257> frequency{};
   std::copy(counts.begin(), counts.end(), frequency.begin());

@@ -15,8 +15,8 @@ Lanes quotient(Lanes x) {
   return (x + ((x >> 31) & ((1 << bits) - 1))) >> bits;
 }
 
-// One axis of the transform, on rows x[0], x[stride], ... Each rotation is three lifting steps whose factors are sums of
-// powers of two.
+// One axis of the transform, on rows x[0], x[stride], ... Each rotation is three lifting steps whose factors are sums
+// of powers of two.
 void lift(Lanes* x, std::ptrdiff_t stride) {
   const auto in = [&](int i) { return x[i * stride]; };
   const auto out = [&](int i) -> Lanes& { return x[i * stride]; };

@@ -1,4 +1,5 @@
-// A JPEG skeleton with an Exif block, built field by field. Nothing in it is a picture: the Exif code never decodes one.
+// A JPEG skeleton with an Exif block, built field by field. Nothing in it is a picture: the Exif code never decodes
+// one.
 #pragma once
 
 #include <string>

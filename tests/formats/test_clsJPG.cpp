@@ -110,8 +110,8 @@ Pixel32 decodedColour(Colour colour, int quality) {
   return pixelAt(Decoder(bytes).pixels(), 5, 5);
 }
 
-// Each legal set of factors gives a file that libjpeg reads and would code in the very same bytes; where its decoder can
-// enlarge by the ratios, the picture comes back.
+// Each legal set of factors gives a file that libjpeg reads and would code in the very same bytes; where its decoder
+// can enlarge by the ratios, the picture comes back.
 TEST(Jpg, EverySamplingIsLegalAndCodedBest) {
   const Surface picture = smooth(53, 45);
   int legal = 0, shown = 0;
