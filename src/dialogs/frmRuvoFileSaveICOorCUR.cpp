@@ -62,6 +62,7 @@ frmRuvoFileSaveICOorCUR::frmRuvoFileSaveICOorCUR(IconKind kind, const clsDIB& pi
   column->addWidget(buildButtons());
   column->setSizeConstraint(QLayout::SetFixedSize);
   takeChoices();
+  if (kind_ == IconKind::Cursor) takeHotSpot();
   (size_ ? size_ : how_)->setFocus();
 }
 
@@ -123,7 +124,7 @@ void frmRuvoFileSaveICOorCUR::addHotSpot(QFormLayout& form) {
   for (int i = 0; i < 2; ++i) {
     auto*& box = hotSpot_[static_cast<std::size_t>(i)];
     box = combo(QStringLiteral("cboCursorHotSpot(%1)").arg(i), places, this);
-    connect(box, &QComboBox::currentIndexChanged, this, [this] { takeChoices(); });
+    connect(box, &QComboBox::currentIndexChanged, this, [this] { takeHotSpot(); });
     auto* name = new QLabel(i == 0 ? "&x" : "&y", this);
     name->setBuddy(box);
     row->addWidget(name);
@@ -177,8 +178,12 @@ void frmRuvoFileSaveICOorCUR::takeChoices() {
   if (size_) choices_.side = iconSides(true)[static_cast<std::size_t>(size_->currentIndex())];
   choices_.how = static_cast<HowToTake>(how_->currentIndex());
   choices_.transparent = transparent_->isChecked();
-  if (hotSpot_[0]) choices_.hotSpot = {hotSpot_[0]->currentIndex(), hotSpot_[1]->currentIndex()};
   showResult();
+}
+
+void frmRuvoFileSaveICOorCUR::takeHotSpot() {
+  choices_.hotSpot = {hotSpot_[0]->currentIndex(), hotSpot_[1]->currentIndex()};
+  magnified_->setHotSpot(QPoint(choices_.hotSpot.x, choices_.hotSpot.y));
 }
 
 void frmRuvoFileSaveICOorCUR::showResult() {
@@ -194,7 +199,6 @@ void frmRuvoFileSaveICOorCUR::showResult() {
   magnified_->setPicture(result);
   onLight_->setPicture(result);
   onDark_->setPicture(result);
-  if (kind_ == IconKind::Cursor) magnified_->setHotSpot(QPoint(choices_.hotSpot.x, choices_.hotSpot.y));
   const QColor colour = toQColor(choices_.transparentColour);
   colour_->setPicture(plainImage(colour));
   colourText_->setText(QStringLiteral("RGB(%1, %2, %3)").arg(colour.red()).arg(colour.green()).arg(colour.blue()));
@@ -205,8 +209,10 @@ void frmRuvoFileSaveICOorCUR::pickTransparent(Point pixel) {
   if (!colour) return;
   choices_.transparentColour = *colour;
   // Pointing at a colour asks for it; otherwise the click would seem to do nothing.
-  transparent_->setChecked(true);
-  takeChoices();
+  if (transparent_->isChecked())
+    takeChoices();
+  else
+    transparent_->setChecked(true);
 }
 
 void frmRuvoFileSaveICOorCUR::pickHotSpot(Point pixel) {

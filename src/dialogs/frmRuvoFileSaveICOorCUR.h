@@ -42,6 +42,8 @@ class frmRuvoFileSaveICOorCUR : public QDialog {
   QWidget* buildButtons();
   // From the controls to the choices and all pictures.
   void takeChoices();
+  // Apart from the others, for it changes no pixel: a large picture takes a while to bring to the icon's size.
+  void takeHotSpot();
   void showResult();
   void pickTransparent(Point pixel);
   void pickHotSpot(Point pixel);
