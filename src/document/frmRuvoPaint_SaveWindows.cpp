@@ -57,7 +57,11 @@ void frmRuvoPaint::Private::saveByPanel(const SaveItem& item) {
     const WaitCursor wait;
     const ProgressShown shown(link);
     order.file = pathOf(path.toStdString());
-    if (!gif) return kSaveFailed;
+    if (!gif) {
+      const PngChoices choices = panel.pngChoices();
+      bits = choices.transparency == PngChoices::Transparency::AlphaValues ? 32 : choices.bitsPerPixel;
+      return savePngByChoices(*picture, choices, order.file, order.tempFolder);
+    }
     const GifChoices choices = panel.gifChoices();
     order.item.transparent = choices.transparent;
     order.item.interlaced = choices.interlaced;

@@ -132,6 +132,30 @@ TEST_F(DocumentFormats, TheGifPanelChoosesThePixel) {
   EXPECT_TRUE(document->triggerMenu("mnuFileSaveGIFSub", 5));
 }
 
+TEST_F(DocumentFormats, ThePngPanelsWriteTheirDepth) {
+  for (const int index : {3, 4}) {
+    newWindow();
+    openFewColours();
+    const QString file = path(QString("panel%1.png").arg(index));
+    inWindow("frmRuvoFileSaveGIForPNG", [&](QDialog& panel) {
+      panel.findChild<QLineEdit*>("txbSaveTo")->setText(file);
+      panel.accept();
+    });
+    desktop.expect("Save to " + file);
+    EXPECT_TRUE(document->triggerMenu("mnuFileSavePNGSub", index));
+    const QImage back(file);
+    EXPECT_EQ(back.depth(), index == 3 ? 32 : 8);
+    EXPECT_EQ(back.pixelColor(19, 0), QColor(19, 77, 200));
+    EXPECT_FALSE(changed());
+    EXPECT_EQ(undoFiles().size(), 1u);
+    EXPECT_TRUE(properties().contains(index == 3 ? "depth:  True-color" : "depth:    8 BPP"));
+  }
+  imaging::setServiceFaults({.noZlib = true});
+  desktop.expect("zLIB.dll missing in Ruvo Paint program folder.\nPlease select to save without Options Panel.");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSavePNGSub", 3));
+  imaging::setServiceFaults({});
+}
+
 TEST_F(DocumentFormats, IconsAndCursorsAreSavedByTheirWindow) {
   for (const int index : {15, 16}) {
     newWindow();
