@@ -37,9 +37,7 @@ struct PngChoices {
 inline constexpr int kUsualOpacity = 128;
 
 // Writes the picture (32 bits) whole or not at all; never changes it. AlphaValues always makes 32 bits; without any
-// transparency a 32-bit file keeps the picture's own alpha. `tempFolder` is for the reduction to 8 bits. Empty on
-// success, else the words of the refusal.
-std::string savePngByChoices(const clsDIB& picture, const PngChoices& choices, const std::filesystem::path& file,
-                             const std::filesystem::path& tempFolder);
+// transparency a 32-bit file keeps the picture's own alpha. Empty on success, else the words of the refusal.
+std::string savePngByChoices(const clsDIB& picture, const PngChoices& choices, const std::filesystem::path& file);
 
 }  // namespace ruvo
