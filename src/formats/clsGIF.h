@@ -106,12 +106,13 @@ class clsGIF {
   // out as Latin-1 (others as "?"), its first 255 bytes; absent, none is written.
   bool Save(const std::filesystem::path& FileName, int OnlyFrame = 0,
             const std::optional<std::string>& CommentText = {}) const;
-  // The same as bytes; empty for an OnlyFrame that does not exist or when there is no memory.
+  // The same as bytes; empty for an OnlyFrame that does not exist, for a frame whose XOR surface was remade with other
+  // than 8 bits, or when there is no memory.
   std::vector<std::uint8_t> saveBytes(int OnlyFrame = 0, const std::optional<std::string>& CommentText = {}) const;
   // One picture without a model: global table of 2^BitsPerPixel entries from Pal, version 89a, a control extension
   // always, no loop block. Transparent: the colour's first index among MaxCount entries; a colour that is in none is
   // not transparent.
-  // False unless Dib has 8 bits and BitsPerPixel is 1 to 8.
+  // False unless Dib has 8 bits (and at most 65,535 a side) and BitsPerPixel is 1 to 8.
   static bool SaveGIFFrom_BPP8_DIB(const std::filesystem::path& FileName, const clsDIB& Dib, const clsPal& Pal,
                                    int BitsPerPixel, bool Interlaced = false, bool Transparent = false,
                                    Colour TransparentColor = 0, const std::optional<std::string>& CommentText = {});

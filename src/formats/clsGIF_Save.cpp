@@ -112,6 +112,10 @@ void writeFrame(ByteWriter& out, const GifFrame& frame, int globalBits) {
   writePixels(out, *image.XOR, image.LocalPaletteUsed ? localBits : globalBits, image.Interlaced);
 }
 
+bool isWritable(const clsDIB& dib) {
+  return dib.surface().depth() == 8 && dib.DIBWidth() <= 65535 && dib.DIBHeight() <= 65535;
+}
+
 // Readers that follow the rule of kSmallestFile refuse a shorter file; every reader stops at the trailer.
 std::vector<std::uint8_t> finished(ByteWriter& out) {
   out.u8(0x3B);
@@ -147,6 +151,8 @@ int entryOf(const clsPal& pal, Colour colour, int tableEntries) {
 
 std::vector<std::uint8_t> clsGIF::saveBytes(int OnlyFrame, const std::optional<std::string>& CommentText) const {
   if (OnlyFrame != 0 && !model_->has(OnlyFrame)) return {};
+  const auto writable = [](const GifFrame& frame) { return isWritable(*frame.image.XOR); };
+  if (!std::ranges::all_of(model_->frames, writable)) return {};
   try {
     return modelBytes(*model_, OnlyFrame, CommentText);
   } catch (const std::bad_alloc&) {
@@ -163,7 +169,7 @@ bool clsGIF::Save(const std::filesystem::path& FileName, int OnlyFrame,
 bool clsGIF::SaveGIFFrom_BPP8_DIB(const std::filesystem::path& FileName, const clsDIB& Dib, const clsPal& Pal,
                                   int BitsPerPixel, bool Interlaced, bool Transparent, Colour TransparentColor,
                                   const std::optional<std::string>& CommentText) {
-  if (Dib.surface().depth() != 8 || BitsPerPixel < 1 || BitsPerPixel > 8) return false;
+  if (!isWritable(Dib) || BitsPerPixel < 1 || BitsPerPixel > 8) return false;
   const int entries = 1 << BitsPerPixel;
   try {
     ByteWriter out;

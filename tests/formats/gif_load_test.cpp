@@ -83,25 +83,20 @@ TEST(GifLoad, StrayBytesAndAMissingOrOtherTrailerAreTolerated) {
 }
 
 TEST(GifLoad, RunningOutInsideABlockEmptiesTheModel) {
-  const Bytes whole = twoFrames().bytes();
-  const std::size_t firstImageEnds =
-      GifBytes(6, 4).extension(0xFF, {"NETSCAPE2.0", "123"}).extension(0xFE, {"made ", "by hand"}).size() + 8 +
-      GifBytes(6, 4).image({"012", "222"}).size() - GifBytes(6, 4).size();
-  for (std::size_t length = 0; length + 1 < whole.size(); ++length) {
+  const std::size_t header = GifBytes(2, 1).size(), control = 8;
+  const std::size_t image = GifBytes(2, 1).image({"01"}).size() - header;
+  const Bytes whole = GifBytes(2, 1).control(0).image({"01"}).control(1).image({"10"}).bytes();
+  for (std::size_t length = 0; length <= whole.size(); ++length) {
+    const std::size_t walked = length < header ? 0 : length - header;
+    int expected = length < 3 ? kGifNoSignature : length < 6 ? kGifUnknownVersion : kGifOutOfBounds;
+    if (length == header || walked == control) expected = kGifNoFrame;
+    // The file may end between two blocks.
+    if (walked == control + image || walked == 2 * control + image || walked >= 2 * (control + image))
+      expected = kGifOk;
     clsGIF gif;
-    const int code = load(gif, Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)));
-    const bool betweenBlocks = length == firstImageEnds || length == firstImageEnds + 8;
-    if (length < 3) {
-      EXPECT_EQ(code, kGifNoSignature) << length;
-    } else if (length < 6) {
-      EXPECT_EQ(code, kGifUnknownVersion) << length;
-    } else if (betweenBlocks || length + 1 == whole.size()) {
-      EXPECT_EQ(code, kGifOk) << length;
-    } else if (code != kGifNoFrame) {  // at the end of a block before the first image
-      EXPECT_EQ(code, kGifOutOfBounds) << length;
-    }
-    EXPECT_EQ(gif.FramesCount() > 0, code == kGifOk) << length;
-    EXPECT_EQ(gif.BgdWidth() > 0, code == kGifOk) << length;
+    EXPECT_EQ(load(gif, Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length))), expected) << length;
+    EXPECT_EQ(gif.FramesCount() > 0, expected == kGifOk);
+    EXPECT_EQ(gif.BgdWidth() > 0, expected == kGifOk);
   }
   // Sub-blocks without end, and a table that is not there.
   EXPECT_EQ(codeOf(GifBytes(2, 1).raw({0x21, 0xFE}).raw(Bytes(3000, 255)).open()), kGifOutOfBounds);
@@ -152,30 +147,23 @@ TEST(GifLoad, AnImageWithoutDataEndsTheWalk) {
   EXPECT_EQ(codeOf(GifBytes(2, 1).descriptor(0, 0, 2, 1).raw({2, 0}).image({"01"}).bytes()), kGifNoFrame);
 }
 
-TEST(GifLoad, TheFirstCommentInPlainLetters) {
-  const auto commentOf = [](const GifBytes& file) {
+TEST(GifLoad, TheFirstCommentAndWholeLoopBlocksCount) {
+  using Blocks = std::vector<std::string>;
+  const auto loaded = [](int label, const Blocks& first, const Blocks& second, const std::string& version = "89a") {
     clsGIF gif;
-    EXPECT_EQ(load(gif, file.bytes()), kGifOk);
+    GifBytes file(2, 1, version);
+    EXPECT_EQ(load(gif, file.extension(label, first).extension(label, second).image({"01"}).bytes()), kGifOk);
     EXPECT_EQ(gif.hasComment(), !gif.CommentText().empty());
-    return gif.CommentText();
+    return label == 0xFE ? gif.CommentText() : std::to_string(gif.NetscapeLoops());
   };
-  EXPECT_EQ(commentOf(GifBytes(2, 1).extension(0xFE, {"a\t\xE9z\r\n~\x7F", "b"}).extension(0xFE, {"2"}).image({"01"})),
-            "az\r\n~b");
-  EXPECT_EQ(commentOf(GifBytes(2, 1).extension(0xFE, {"\x01\x02"}).extension(0xFE, {"second"}).image({"01"})),
-            "second");
-  EXPECT_EQ(commentOf(GifBytes(2, 1, "87a").extension(0xFE, {"old"}).image({"01"})), "");
-}
+  EXPECT_EQ(loaded(0xFE, {"a\t\xE9z\r\n~\x7F", "b"}, {"2"}), "az\r\n~b");
+  EXPECT_EQ(loaded(0xFE, {"\x01\x02"}, {"second"}), "second");
+  EXPECT_EQ(loaded(0xFE, {"old"}, {}, "87a"), "");
 
-TEST(GifLoad, OnlyAWholeLoopBlockSetsTheLoops) {
-  const auto loopsOf = [](const std::vector<std::string>& blocks) {
-    clsGIF gif;
-    EXPECT_EQ(load(gif, GifBytes(2, 1).extension(0xFF, blocks).image({"01"}).bytes()), kGifOk);
-    return gif.NetscapeLoops();
-  };
-  EXPECT_EQ(loopsOf({"NETSCAPE2.0", "\xFF\xFF\xFF"}), 65535);
-  EXPECT_EQ(loopsOf({"NETSCAPE2.0", "\x07", "\x02\x03"}), 770) << "the kind is not looked at, nor where blocks end";
-  EXPECT_EQ(loopsOf({"NETSCAPE2.0", "\x01\x02"}), 0);
-  EXPECT_EQ(loopsOf({"ANIMEXTS1.0", "\x01\x02\x03"}), 0);
+  const std::string loops = "NETSCAPE2.0", other = "ANIMEXTS1.0";
+  EXPECT_EQ(loaded(0xFF, {loops, "\xFF\xFF\xFF"}, {loops, "\x01\x02"}), "65535") << "the short block is skipped";
+  EXPECT_EQ(loaded(0xFF, {loops, "\x07", "\x02\x03"}, {other, "\x01\x02\x03"}), "770")
+      << "the kind is not looked at, nor where blocks end";
 }
 
 TEST(GifLoad, LowInterlacedImagesStandInFileOrder) {

@@ -50,6 +50,23 @@ std::vector<TableEntry> randomTable(int count, std::uint32_t seed) {
   return table;
 }
 
+// Whole bytes of eight pixels are packed at once, the ends pixel by pixel.
+TEST(Blit, OneBitRowsTakeAnyRunOfPixels) {
+  Surface source;
+  source.create(40, 1, 8);
+  source.table()[9] = TableEntry::of(kWhite);
+  for (int x = 0; x < 40; ++x) source.bits()[x] = (x * x / 3) % 4 == 1 ? 9 : 3;
+  for (int at = 0; at < 10; ++at) {
+    for (int width = 1; width <= 30; ++width) {
+      Surface mask = rowOf(1, Values(40, 1), {kBlack, kWhite});
+      blit(mask, at, 0, width, 1, source, 2, 0);
+      Values expected(40, 1);
+      for (int x = 0; x < width; ++x) expected[at + x] = source.bits()[x + 2] == 9;
+      ASSERT_EQ(valuesOf(mask), expected) << at << ' ' << width;
+    }
+  }
+}
+
 TEST(PaletteMatch, LowestIndexWinsTiesAndTheMatcherAgreesEverywhere) {
   const TableEntry three[] = {TableEntry::of(0), TableEntry::of(rgb(20, 0, 0)), TableEntry::of(rgb(20, 0, 0))};
   EXPECT_EQ(nearestPaletteIndex(three, rgb(10, 0, 0)), 0);
