@@ -59,8 +59,9 @@ class clsDIB {
   // Deeper: filled with BackColor (byte 3 zero). Force32 makes the section 32 bits while DIBbpp and BytesPerScanline
   // keep the depth asked for. False leaves the instance empty.
   bool CreateBlankDIB(int Width, int Height, int Bpp, Colour BackColor, bool BottomUp = false, bool Force32 = false);
-  // From a loaded bitmap; false for a null picture or a metafile that was not drawn yet. Force32Bit true gives 32 bits,
-  // false the picture's own depth with its table. Byte 3 of a 32-bit bitmap is copied; DIBhasAlpha stays false.
+  // From a loaded bitmap or a metafile, which is drawn at its own size on white; false for a null picture. Force32Bit
+  // true gives 32 bits, false the picture's own depth with its table (24 for a metafile). Byte 3 of a 32-bit bitmap is
+  // copied; DIBhasAlpha stays false.
   bool CreateDIBFromPic(const imaging::Picture& Picture, bool Force32Bit);
   // Takes over a loaded surface with no copy (a loader's result that becomes a picture).
   void adopt(raster::Surface&& surface, bool hasAlpha);

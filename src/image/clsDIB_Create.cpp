@@ -4,6 +4,7 @@
 
 #include "image/clsDIB.h"
 #include "platform/imaging/bmp_reader.h"
+#include "platform/imaging/metafile.h"
 #include "platform/raster/blit.h"
 
 namespace ruvo {
@@ -57,6 +58,13 @@ void clsDIB::adopt(raster::Surface&& surface, bool hasAlpha) {
 }
 
 bool clsDIB::CreateDIBFromPic(const imaging::Picture& Picture, bool Force32Bit) {
+  if (Picture.kind == imaging::Picture::Kind::Metafile && Picture.metafile) {
+    // Held as below.
+    const imaging::Picture drawing = Picture;
+    if (!CreateBlankDIB(drawing.width, drawing.height, Force32Bit ? 32 : 24, kWhite, false, true)) return false;
+    if (!imaging::playMetafile(drawing, surface_, surface_.bounds())) ClearUp();
+    return !empty();
+  }
   if (Picture.kind != imaging::Picture::Kind::Bitmap || !Picture.bitmap || Picture.bitmap->empty()) return false;
   // Kept alive in case the picture belongs to what ClearUp releases.
   const std::shared_ptr<raster::Surface> source = Picture.bitmap;

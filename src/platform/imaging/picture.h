@@ -7,6 +7,8 @@
 
 namespace ruvo::imaging {
 
+struct Metafile;
+
 // A loaded picture. Copies share the pixels. Null when nothing was loaded.
 struct Picture {
   enum class Kind { None, Bitmap, Metafile };
@@ -17,6 +19,8 @@ struct Picture {
   // For a bitmap its pixels at the depth of the file; byte 3 of 32-bit pixels is alpha only when hasAlpha says so.
   std::shared_ptr<raster::Surface> bitmap;
   bool hasAlpha = false;
+  // For a metafile its records; playMetafile() draws them.
+  std::shared_ptr<const Metafile> metafile;
 
   explicit operator bool() const { return kind != Kind::None; }
   static Picture ofBitmap(raster::Surface&& surface, bool alpha = false) {

@@ -2,9 +2,11 @@
 
 #include <new>
 
+#include "base/file_io.h"
 #include "platform/imaging/bmp_reader.h"
 #include "platform/imaging/codecs.h"
 #include "platform/imaging/imaging_service.h"
+#include "platform/imaging/metafile.h"
 
 namespace ruvo::imaging {
 namespace {
@@ -31,14 +33,20 @@ LoadResult loadBmp(const std::filesystem::path& path) {
   return result;
 }
 
+LoadResult loadMetafile(const std::filesystem::path& path) {
+  auto bytes = readWholeFile(path, kMaxFileBytes);
+  return bytes ? adoptMetafile(std::move(*bytes)) : refused(LoadError::Broken);
+}
+
 LoadResult loadFile(const std::filesystem::path& path, bool classicOnly) {
   try {
     FileBytes source(path);
     if (!source.isOpen()) return refused(LoadError::Missing);
     if (source.size() > kMaxFileBytes) return refused(LoadError::TooLarge);
-    std::array<std::uint8_t, 8> first{};
+    std::array<std::uint8_t, 64> first{};
     const std::size_t got = source.readAt(0, first);
     const FileKind kind = kindOf(std::span(first).first(got));
+    if (isMetafile(std::span(first).first(got))) return loadMetafile(path);
     if (kind == FileKind::Unknown || (classicOnly && !classicLoaderTakes(kind)))
       return refused(LoadError::NotThisFormat);
     return kind == FileKind::Bmp ? loadBmp(path) : readAny(source, kind);

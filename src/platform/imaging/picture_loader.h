@@ -20,8 +20,9 @@ struct LoadResult {
   explicit operator bool() const { return static_cast<bool>(picture); }
 };
 
-// The classic picture loader: BMP, JPEG (by content, whatever the extension), a GIF's first frame.
-// BMP keeps the file's depth and table (16 bits become 24); the others give 32-bit surfaces, byte 3 zero.
+// The classic picture loader: BMP, JPEG (by content, whatever the extension), a GIF's first frame, WMF and EMF.
+// BMP keeps the file's depth and table (16 bits become 24); the others give 32-bit surfaces, byte 3 zero, but for
+// metafiles, which stay what they are.
 LoadResult LoadPicture(const std::filesystem::path& path);
 
 // The imaging service's loader: PNG and TIFF (and whatever LoadPicture takes), 32-bit surfaces with straight alpha in

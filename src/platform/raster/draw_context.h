@@ -10,6 +10,8 @@
 
 namespace ruvo::raster {
 
+class Region;
+
 enum class BackMode { Transparent = 1, Opaque = 2 };
 // Which parts of a polygon that crosses itself are inside: every second one, or all that it winds round.
 enum class FillMode { Alternate = 1, Winding = 2 };
@@ -21,6 +23,8 @@ struct DrawContext {
 
   Surface& surface;
   Rect clip;  // picture coordinates; may reach outside the surface
+  // With one, only what lies in it too is touched. Must live while the context is used.
+  const Region* clipRegion = nullptr;
   Pen pen;
   Brush brush;
   Rop2 rop2 = Rop2::CopyPen;

@@ -34,6 +34,7 @@ int modulo(int value, int size) {
 Painter::Painter(const DrawContext& context, const Brush& brush, Rop2 op)
     : brush_(brush),
       area_(brush.draws() ? context.area() : Rect{}),
+      region_(context.clipRegion),
       origin_(context.brushOrigin),
       store_(context.surface, op, context.alphaFill),
       bytes_(looseBytes(context.surface.depth())),
@@ -59,8 +60,15 @@ void Painter::run(int y, int left, int right) {
   if (y < area_.top || y >= area_.bottom) return;
   left = std::max(left, area_.left);
   right = std::min(right, area_.right);
+  if (left >= right) return;
+  if (!region_) return paint(y, left, right);
+  for (const Span& s : region_->row(y)) {
+    if (s.right > left && s.left < right) paint(y, std::max(left, s.left), std::min(right, s.right));
+  }
+}
+
+void Painter::paint(int y, int left, int right) {
   const int count = right - left;
-  if (count <= 0) return;
   if (brush_.kind == Brush::Kind::Hatch) return hatchRun(y, left, right);
   if (brush_.kind == Brush::Kind::Pattern) return patternRun(y, left, right);
   std::uint8_t* row = buffer(count);

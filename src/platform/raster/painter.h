@@ -27,12 +27,14 @@ class Painter {
   }
 
  private:
+  void paint(int y, int left, int right);
   void hatchRun(int y, int left, int right);
   void patternRun(int y, int left, int right);
   std::uint8_t* buffer(int count);
 
   Brush brush_;
   Rect area_;
+  const Region* region_;
   Point origin_;
   RowStore store_;
   int bytes_;

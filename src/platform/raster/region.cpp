@@ -109,6 +109,12 @@ bool Region::contains(int x, int y) const {
   return after->y == y && x >= after->left && x < after->right;
 }
 
+std::span<const Span> Region::row(int y) const {
+  const auto [first, end] = std::equal_range(spans_.begin(), spans_.end(), Span{y, 0, 0},
+                                             [](const Span& a, const Span& b) { return a.y < b.y; });
+  return {first, end};
+}
+
 Rect Region::bounds() const {
   if (spans_.empty()) return {};
   Rect box{spans_.front().left, spans_.front().y, spans_.front().right, spans_.back().y + 1};

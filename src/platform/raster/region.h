@@ -42,6 +42,8 @@ class Region {
   void offset(int dx, int dy);
   // In rows from the top, from the left in a row; spans of one row neither overlap nor touch.
   std::span<const Span> spans() const { return spans_; }
+  // Those of one row.
+  std::span<const Span> row(int y) const;
 
  private:
   std::vector<Span> spans_;
