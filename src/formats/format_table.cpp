@@ -17,7 +17,7 @@ constexpr FormatRow kTable[] = {
      readers::classic},
     {Format::Wmf, "WMF", "Metafile", ".wmf", "", "", false, false, nullptr},
     {Format::Emf, "EMF", "Metafile", ".emf", "", "", false, false, nullptr},
-    {Format::Png, "PNG", "PNG", ".png", "(*.png)|*.png|", kMimePng, true, true, readers::imagingService},
+    {Format::Png, "PNG", "PNG", ".png", "(*.png)|*.png|", kMimePng, true, true, readers::png},
     {Format::Tiff, "TIFF", "TIFF", ".tif/.tiff", "(*.tif;*.tiff)|*.tif;*.tiff|", kMimeTiff, true, true,
      readers::imagingService},
     {Format::Tga, "TGA", "Targa", ".tga", "(*.tga)|*.tga|", "", false, false, nullptr},

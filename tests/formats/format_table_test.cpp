@@ -172,6 +172,30 @@ TEST(FormatTable, ReadsALargeGifByThePlatform) {
   EXPECT_TRUE(readPicture(folder / "large.gif", rowOf(Format::Gif), {.native = true}).transparent);
 }
 
+// The program's own reader blends by its own rule and names its refusals.
+TEST(FormatTable, ReadsPngNatively) {
+  TempFolder folder;
+  imaging::startImagingService();
+  clsDIB half = dibOf(12, 12, [](int x, int y) {
+    return x == 0 ? Pixel32{0, 100, 200, 128} : Pixel32{static_cast<std::uint8_t>(x * y * 37), 8, 7, 255};
+  });
+  half.setDIBhasAlpha(true);
+  ASSERT_TRUE(SaveDIBWithEncoder(half, folder / "half.png", kEncodePng));
+  imaging::stopImagingService();
+  const FormatRow& row = rowOf(Format::Png);
+  const ReadPicture shown = readPicture(folder / "half.png", row, {.native = true});
+  ASSERT_TRUE(shown) << shown.words;
+  EXPECT_EQ(shown.fileDepth, 32);
+  EXPECT_FALSE(shown.dib.DIBhasAlpha());
+  EXPECT_NEAR(test::pixelAt(shown.dib, 0, 0).green, 177, 1);
+  const ReadPicture kept = readPicture(folder / "half.png", row, {.native = true, .keepAlpha = true});
+  EXPECT_TRUE(kept.dib.DIBhasAlpha());
+  EXPECT_EQ(test::pixelAt(kept.dib, 0, 11), (Pixel32{0, 100, 200, 128}));
+  replaceFile(folder / "bad.png", std::vector<std::uint8_t>(200, 'P'));
+  EXPECT_THAT(readPicture(folder / "bad.png", row, {.native = true}).words,
+              testing::StartsWith("Invalid PNG file signature."));
+}
+
 TEST(FormatTable, HandsTheSizeOfARefusedFileOver) {
   TempFolder folder;
   const auto file = folder / "wide.bmp";

@@ -1,17 +1,10 @@
-// The formats whose reader gives a finished picture: PCX, Targa and, natively, PNG.
-#include "base/paths.h"
-#include "formats/clsPCX.h"
 #include "formats/clsPNG.h"
-#include "formats/clsTGA.h"
 #include "formats/picture_readers.h"
 
 namespace ruvo::readers {
 namespace {
 
 using enum imaging::LoadError;
-
-constexpr const char* kNotPcx = "Not a PCX file.";
-constexpr const char* kNotTga = "Not a TGA file.";
 
 ReadPicture pngNatively(const std::filesystem::path& file, const ReadRequest& request) {
   clsPNG png;
@@ -50,46 +43,6 @@ ReadPicture png(const std::filesystem::path& file, const ReadRequest& request) {
   if (!request.native) return imagingService(file, request);
   ReadPicture read = pngNatively(file, request);
   if (read.error == None && !bringTo32(read.dib)) read.error = NoMemory;
-  return read;
-}
-
-ReadPicture pcx(const std::filesystem::path& file, const ReadRequest&) {
-  ReadPicture read;
-  if (!fileExists(file)) {
-    read.error = Missing;
-    return read;
-  }
-  clsPCX pcx;
-  const bool loaded = pcx.LoadPCX(file);
-  read.width = pcx.PCXWidth();
-  read.height = pcx.PCXHeight();
-  read.fileDepth = pcx.Bpp();
-  if (loaded) {
-    read.dib = pcx.takeDib();
-  } else {
-    read.error = pcx.IsPCX() ? Broken : NotThisFormat;
-    if (!pcx.IsPCX()) read.words = kNotPcx;
-  }
-  return read;
-}
-
-ReadPicture tga(const std::filesystem::path& file, const ReadRequest&) {
-  ReadPicture read;
-  if (!fileExists(file)) {
-    read.error = Missing;
-    return read;
-  }
-  clsTGA tga;
-  const bool loaded = tga.LoadTGA(file);
-  read.width = tga.TGAWidth();
-  read.height = tga.TGAHeight();
-  read.fileDepth = tga.Bpp();
-  if (loaded) {
-    read.dib = tga.takeDib();
-  } else {
-    read.error = tga.IsTGA() ? Broken : NotThisFormat;
-    if (!tga.IsTGA()) read.words = kNotTga;
-  }
   return read;
 }
 
