@@ -58,7 +58,7 @@ void frmRuvoPaint::Private::runFileMenu(int index) {
     case 2:
       return commandOpen(index == 2);
     case 6:
-      return saveAs(saveItemForRecord(record));
+      return save();
     default:
       return;
   }

@@ -143,16 +143,17 @@ struct frmRuvoPaint::Private {
   void openDropped();
   ReadRequest readRequest(bool quiet);
   bool refuseOpen(OpenFault fault, const std::string& path, bool quiet);
-  void saveAs(const SaveItem& item);
+  void save();
+  void saveAs(const SaveItem& item, const std::string& nameEnd = {});
   bool saveIsPossible(const SaveItem& item);
   Size sizeToSave() const;
   std::vector<std::uint8_t> exifToAddBack();
-  QString askForSaveName(Format format, std::string_view ending, Size size);
+  QString askForSaveName(Format format, QString proposed, Size size);
   bool write(const WriteOrder& order, Size size, clsDIB& reduced, int& bits);
-  void saveByIconWindow(const SaveItem& item);
-  void saveByPanel(const SaveItem& item);
+  void saveByIconWindow(const SaveItem& item, const QString& proposed);
+  void saveByPanel(const SaveItem& item, const QString& proposed);
   const clsDIB* pictureToSave(clsDIB& displayed);
-  QString proposedPath(Format format);
+  QString proposedPath(const std::string& ending);
   FileRecord recordOfSaved(const WriteOrder& order, int bits, Size size) const;
   void noteSaved(const FileRecord& saved);
   template <typename Step>

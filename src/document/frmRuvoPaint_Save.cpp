@@ -47,42 +47,52 @@ std::vector<std::uint8_t> frmRuvoPaint::Private::exifToAddBack() {
   return block;
 }
 
+QString frmRuvoPaint::Private::proposedPath(const std::string& ending) {
+  return qt(proposedName(record.name, ending, folderForFiles().toStdString()));
+}
+
 // The chosen path; empty when cancelled or refused.
-QString frmRuvoPaint::Private::askForSaveName(Format format, std::string_view ending, Size size) {
+QString frmRuvoPaint::Private::askForSaveName(Format format, QString proposed, Size size) {
   const QString extension = qt(usualExtension(format));
   QString title = tr("Save As %1").arg(extension.toUpper());
   if (link.toolbox().viewMode) title += QStringLiteral("   (%1)").arg(qt(sizeText(size.width, size.height)));
   const QString filter = qt(std::string(rowOf(format).saveFilter));
-  std::string proposed = proposedName(record.name, ending, folderForFiles().toStdString());
-  QString chosen;
   while (true) {
-    chosen = desktop::desktop().saveFile(link.window(), title, qt(proposed), filter, extension);
+    const QString chosen = desktop::desktop().saveFile(link.window(), title, proposed, filter, extension);
     if (chosen.isEmpty()) return chosen;
-    const std::string path = chosen.toStdString();
-    proposed = pathWithExtension(format, path);
+    proposed = qt(pathWithExtension(format, chosen.toStdString()));
     // The picker has asked about replacing the name as it was typed, not about another one.
-    if (proposed == path || !fileExists(pathOf(proposed))) break;
+    if (proposed == chosen || !fileExists(pathOf(proposed.toStdString()))) break;
   }
-  if (!isReadOnlyHiddenOrSystem(pathOf(proposed))) return qt(proposed);
+  if (!isReadOnlyHiddenOrSystem(pathOf(proposed.toStdString()))) return proposed;
   tell(QString::fromLatin1(kFileReadOnly));
   return QString();
 }
 
-void frmRuvoPaint::Private::saveAs(const SaveItem& item) {
+// Plain Save proposes the file's own name, but not over a file that holds more pictures than this one, or (a large GIF)
+// may do so.
+void frmRuvoPaint::Private::save() {
+  const bool unknown = record.type == "GIF" && record.severalFrames.empty();
+  const bool oneOfSeveral = !record.untitled() && (unknown || record.severalFrames == yesNo(true));
+  saveAs(saveItemForRecord(record), oneOfSeveral ? "_Frame" : "");
+}
+
+// `nameEnd` stands before the extension in the proposed name.
+void frmRuvoPaint::Private::saveAs(const SaveItem& item, const std::string& nameEnd) {
   if (!hasPicture() || !saveIsPossible(item)) return;
   commitFloatingAndPush();
-  if (item.way == SaveWay::IconWindow) return saveByIconWindow(item);
-  if (item.way == SaveWay::Panel) return saveByPanel(item);
+  std::string ending = nameEnd + '.' + usualExtension(item.format);
+  if (item.way == SaveWay::IconWindow) return saveByIconWindow(item, proposedPath(ending));
+  if (item.way == SaveWay::Panel) return saveByPanel(item, proposedPath(ending));
   WriteOrder order;
   order.item = item;
   order.tempFolder = session().tempFolder;
-  std::string ending = '.' + usualExtension(item.format);
   if (item.format == Format::Jpeg) {
     order.exifBlock = exifToAddBack();
     if (!order.exifBlock.empty()) ending = kExifEnding;
   }
   const Size size = sizeToSave();
-  const QString chosen = askForSaveName(item.format, ending, size);
+  const QString chosen = askForSaveName(item.format, proposedPath(ending), size);
   if (chosen.isEmpty()) return;
   order.file = pathOf(chosen.toStdString());
   int bits = 0;

@@ -22,17 +22,12 @@ const clsDIB* frmRuvoPaint::Private::pictureToSave(clsDIB& displayed) {
   return nullptr;
 }
 
-QString frmRuvoPaint::Private::proposedPath(Format format) {
-  return qt(proposedName(record.name, '.' + usualExtension(format), folderForFiles().toStdString()));
-}
-
-void frmRuvoPaint::Private::saveByIconWindow(const SaveItem& item) {
+void frmRuvoPaint::Private::saveByIconWindow(const SaveItem& item, const QString& proposed) {
   clsDIB displayed;
   const clsDIB* picture = pictureToSave(displayed);
   if (!picture) return;
   const IconKind kind = item.format == Format::Ico ? IconKind::Icon : IconKind::Cursor;
-  const QString path =
-      frmRuvoFileSaveICOorCUR::save(link.window(), kind, *picture, proposedPath(item.format), kind == IconKind::Icon);
+  const QString path = frmRuvoFileSaveICOorCUR::save(link.window(), kind, *picture, proposed, kind == IconKind::Icon);
   if (path.isEmpty()) return;
   // What became of the picture is in the file: its size, its depth and its mask.
   LoadedPicture saved = loadPicture(path.toStdString());
@@ -40,7 +35,7 @@ void frmRuvoPaint::Private::saveByIconWindow(const SaveItem& item) {
   noteSaved(saved.record);
 }
 
-void frmRuvoPaint::Private::saveByPanel(const SaveItem& item) {
+void frmRuvoPaint::Private::saveByPanel(const SaveItem& item, const QString& proposed) {
   clsDIB displayed;
   const clsDIB* picture = pictureToSave(displayed);
   if (!picture) return;
@@ -48,7 +43,7 @@ void frmRuvoPaint::Private::saveByPanel(const SaveItem& item) {
   constexpr int kPalettedIndex = 4;
   const SavePanelMode pngMode =
       item.index == kPalettedIndex ? SavePanelMode::PngPaletted : SavePanelMode::PngTrueColour;
-  frmRuvoFileSaveGIForPNG panel(gif ? SavePanelMode::Gif : pngMode, *picture, proposedPath(item.format), link.window());
+  frmRuvoFileSaveGIForPNG panel(gif ? SavePanelMode::Gif : pngMode, *picture, proposed, link.window());
   WriteOrder order;
   order.item = item;
   order.tempFolder = session().tempFolder;

@@ -108,10 +108,14 @@ TEST_F(DocumentOpen, AGifShowsItsFirstFrameOnceAtItsPlaceAndALargeOneLosesItsFac
   desktop.expect("(GIF) Transparent:   Yes\n(GIF) Interlaced:   No\n(GIF) Animated GIF file:   Yes\n");
   EXPECT_TRUE(document->triggerMenu("mnuInquiryOriginal"));
   EXPECT_TRUE(desktop.messages.last().contains("Original image color depth:    8 BPP"));
+  desktop.expectSave("", "/facts_Frame.gif");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSub", 6)) << "one picture must not take the place of several by chance";
   writeGif(folder / "large.gif", 2000001);
   ASSERT_TRUE(document->LoadOpenFile(path("large.gif"), 3, false));
   EXPECT_EQ(picture().size(), (Size{20, 10}));
   EXPECT_EQ(colourAt(4, 2), "#0000ff");
+  desktop.expectSave("", "/large_Frame.gif");
+  EXPECT_TRUE(document->triggerMenu("mnuFileSub", 6));
   desktop.expect("(GIF) Transparent:   N/A\n(GIF) Interlaced:   N/A\n(GIF) Animated GIF file:   N/A\n");
   EXPECT_TRUE(document->triggerMenu("mnuInquiryOriginal"));
 }
