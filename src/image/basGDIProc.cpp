@@ -85,9 +85,10 @@ bool IsFormatLoadable(const std::filesystem::path& FileName, std::string_view Mi
   }
 }
 
-// The service reads and writes the same four.
+// The service reads and writes the same four, GIF when it was given the encoder.
 bool hasEncoder(std::string_view MimeType) {
-  return mimeRow(MimeType) != nullptr;
+  const MimeRow* row = mimeRow(MimeType);
+  return row && (row->kind != FileKind::Gif || imaging::hasGifEncoder());
 }
 
 bool hasDecoder(std::string_view MimeType) {

@@ -8,6 +8,7 @@
 #include <thread>
 #include <vector>
 
+#include "formats/register_codecs.h"
 #include "shell/basRuvoMain.h"
 #include "shell/frmRuvoAbout.h"
 #include "shell/ruvo_application.h"
@@ -75,6 +76,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "ruvopaint: %s (see --help)\n", arguments.error.c_str());
     return 2;
   }
+  ruvo::registerFormatCodecs();
   ruvo::theme::apply(application);
   return ruvo::basRuvoMain(arguments).run();
 }

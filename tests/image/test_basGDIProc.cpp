@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "base/file_io.h"
+#include "formats/register_codecs.h"
+#include "platform/imaging/encoders.h"
 #include "platform/imaging/imaging_service.h"
 #include "platform/imaging/picture_loader.h"
 #include "support/pictures.h"
@@ -70,6 +72,18 @@ TEST_F(GDIProc, NothingHappensWithoutTheService) {
   EXPECT_FALSE(ResizeDIBQuality(dib, 10, 10, true));
   EXPECT_EQ(dib.DIBWidth(), 64);
   EXPECT_EQ(folder_.names(), std::vector<std::string>{"a.png"});
+}
+
+TEST_F(GDIProc, WithoutAnEncoderThereIsNoGif) {
+  const clsDIB dib = test::plainDib(5, 4, kWhite, 8);
+  imaging::setGifEncoder(nullptr);
+  EXPECT_FALSE(hasEncoder(kMimeGif));
+  EXPECT_TRUE(hasEncoder(kMimePng) && hasDecoder(kMimeGif));
+  EXPECT_FALSE(SaveDIBWithEncoder(dib, folder_ / "a.gif", kEncodeGif));
+  EXPECT_TRUE(folder_.names().empty());
+  registerFormatCodecs();
+  EXPECT_TRUE(hasEncoder(kMimeGif));
+  EXPECT_TRUE(SaveDIBWithEncoder(dib, folder_ / "a.gif", kEncodeGif));
 }
 
 TEST_F(GDIProc, ResizingKeepsDepthAlphaTableAndRowOrder) {
