@@ -55,7 +55,7 @@ void frmRuvoPaint::Private::saveByPanel(const SaveItem& item, const QString& pro
     if (!gif) {
       const PngChoices choices = panel.pngChoices();
       bits = choices.transparency == PngChoices::Transparency::AlphaValues ? 32 : choices.bitsPerPixel;
-      return savePngByChoices(*picture, choices, order.file, order.tempFolder);
+      return savePngByChoices(*picture, choices, order.file);
     }
     const GifChoices choices = panel.gifChoices();
     order.item.transparent = choices.transparent;
