@@ -196,6 +196,33 @@ TEST(FormatTable, ReadsPngNatively) {
               testing::StartsWith("Invalid PNG file signature."));
 }
 
+// A placeable WMF, one inch square, whose records draw nothing: its ground is white.
+TEST(FormatTable, DrawsAMetafileOnWhite) {
+  TempFolder folder;
+  ByteWriter file;
+  file.u32(0x9AC6CDD7);
+  for (const int word : {0, 0, 0, 1440, 1440, 1440, 0, 0}) file.u16(static_cast<std::uint16_t>(word));
+  file.u16(0x9AC6 ^ 0xCDD7 ^ 1440 ^ 1440 ^ 1440);
+  for (const int word : {1, 9, 0x300}) file.u16(static_cast<std::uint16_t>(word));
+  constexpr int kRecords = 8;
+  file.u32(9 + 4 * kRecords + 3);
+  file.u16(0);
+  file.u32(4);
+  file.u16(0);
+  for (int i = 0; i < kRecords; ++i) {
+    file.u32(4);
+    for (const int word : {0x0102, 1}) file.u16(static_cast<std::uint16_t>(word));
+  }
+  file.u32(3);
+  file.u16(0);
+  replaceFile(folder / "a.wmf", file.bytes());
+  const ReadPicture read = readPicture(folder / "a.wmf", rowOf(Format::Wmf));
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read.dib.size(), (Size{96, 96}));
+  EXPECT_EQ(clsDIB::IsMultiColorDIB(read.dib), kWhite);
+  EXPECT_TRUE(rowOf(Format::Wmf).saveFilter.empty()) << "not written";
+}
+
 TEST(FormatTable, HandsTheSizeOfARefusedFileOver) {
   TempFolder folder;
   const auto file = folder / "wide.bmp";
