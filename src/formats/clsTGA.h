@@ -10,7 +10,7 @@ namespace ruvo {
 
 class clsTGA {
  public:
-  bool Compressed = false;  // of the file that was read; for saving, whether to compress
+  bool Compressed = false;  // of the file that was read; files are always written without compression
 
   // False when the file is none of this kind (IsTGA() false) or its picture is damaged or too large (IsTGA() true; the
   // stated size is still in TGAWidth() and TGAHeight()).

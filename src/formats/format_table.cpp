@@ -20,8 +20,8 @@ constexpr FormatRow kTable[] = {
     {Format::Png, "PNG", "PNG", ".png", "(*.png)|*.png|", kMimePng, true, true, readers::png},
     {Format::Tiff, "TIFF", "TIFF", ".tif/.tiff", "(*.tif;*.tiff)|*.tif;*.tiff|", kMimeTiff, true, true,
      readers::imagingService},
-    {Format::Tga, "TGA", "Targa", ".tga", "(*.tga)|*.tga|", "", false, false, nullptr},
-    {Format::Pcx, "PCX", "PCX", ".pcx", "(*.pcx)|*.pcx|", "", false, false, nullptr},
+    {Format::Tga, "TGA", "Targa", ".tga", "(*.tga)|*.tga|", "", false, false, readers::tga},
+    {Format::Pcx, "PCX", "PCX", ".pcx", "(*.pcx)|*.pcx|", "", false, false, readers::pcx},
     {Format::Ico, "ICO", "Icon", ".ico", "(*.ico)|*.ico|", "", false, false, readers::icon},
     {Format::Cur, "CUR", "Cursor", ".cur", "(*.cur)|*.cur|", "", false, false, readers::cursor},
 };
