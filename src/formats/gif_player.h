@@ -3,6 +3,8 @@
 // browsers do, and not in the background colour; 3 brings back what was there before; all others leave the frame.
 #pragma once
 
+#include <utility>
+
 #include "formats/clsGIF.h"
 
 namespace ruvo {
@@ -18,6 +20,8 @@ class GifPlayer {
   // 32 bits, straight alpha (byte 3: 0 where nothing was drawn, else 255); size of the logical screen, or of the first
   // frame, then at 0, 0, where that is larger. Empty when there is no memory for it.
   const raster::Surface& screen() const { return screen_; }
+  // The screen without a copy; nothing more is shown after that.
+  raster::Surface takeScreen() { return std::move(screen_); }
 
  private:
   Rect areaOf(int frame) const;

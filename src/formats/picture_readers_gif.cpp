@@ -3,7 +3,6 @@
 #include "formats/clsGIF.h"
 #include "formats/gif_player.h"
 #include "formats/picture_readers.h"
-#include "platform/raster/blit.h"
 
 namespace ruvo::readers {
 namespace {
@@ -18,7 +17,7 @@ bool isLarge(const std::filesystem::path& file) {
 bool drawSeeThrough(const clsGIF& gif, clsDIB& dib) {
   GifPlayer player(gif);
   if (player.next() == 0) return false;
-  dib.adopt(raster::copyOf(player.screen()), true);
+  dib.adopt(player.takeScreen(), true);
   return !dib.empty();
 }
 
