@@ -129,7 +129,7 @@ class SoundDecoder {
       if (code > stream.end) return false;
       *out++ = strings_[code].first;
       if (!runToClear(stream, code, out, pixels)) return false;
-      if (ended_) break;
+      if (ended_ || !makeRoom(out, pixels)) break;
     }
     pixels.write(pending_, static_cast<std::size_t>(out - pending_));
     return true;
@@ -168,15 +168,19 @@ class SoundDecoder {
       }
       out = put(code, out);
       old = code;
-      if (out >= pending_ + kPending) {
-        if (!pixels.write(pending_, static_cast<std::size_t>(out - pending_))) {
-          out = pending_;
-          ended_ = true;
-          return true;
-        }
-        out = pending_;
+      if (!makeRoom(out, pixels)) {
+        ended_ = true;
+        return true;
       }
     }
+  }
+
+  // Room for one more string of any length, and a pixel. False when the picture takes no more.
+  bool makeRoom(std::uint8_t*& out, PixelWriter& pixels) {
+    if (out < pending_ + kPending) return true;
+    const auto count = static_cast<std::size_t>(out - pending_);
+    out = pending_;
+    return pixels.write(pending_, count);
   }
 
   void addString(unsigned code, unsigned old, std::uint8_t last) {

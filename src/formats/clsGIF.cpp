@@ -4,14 +4,11 @@
 #include "formats/clsGIF_Model.h"
 
 namespace ruvo {
-namespace {
 
-const clsDIB& noSurface() {
-  static const clsDIB none;
-  return none;
+const GifFrame& GifModel::frameOrNone(int number) const {
+  static const GifFrame none = {{}, {std::make_shared<clsDIB>(), std::make_shared<clsDIB>()}};
+  return has(number) ? frames[static_cast<std::size_t>(number) - 1] : none;
 }
-
-}  // namespace
 
 clsGIF::clsGIF() : model_(std::make_unique<GifModel>()) {}
 clsGIF::~clsGIF() = default;
@@ -109,20 +106,16 @@ int clsGIF::FramesCount() const {
 }
 
 int clsGIF::FrameWidth(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame ? frame->width() : 0;
+  return model_->frameOrNone(Frame).width();
 }
 int clsGIF::FrameHeight(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame ? frame->height() : 0;
+  return model_->frameOrNone(Frame).height();
 }
 const clsDIB& clsGIF::FrameDIBXOR(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame ? *frame->image.XOR : noSurface();
+  return *model_->frameOrNone(Frame).image.XOR;
 }
 const clsDIB& clsGIF::FrameDIBAND(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame ? *frame->image.AND : noSurface();
+  return *model_->frameOrNone(Frame).image.AND;
 }
 clsDIB* clsGIF::ownFrameDIBXOR(int Frame) {
   GifFrame* frame = model_->frame(Frame);
@@ -133,12 +126,10 @@ clsDIB* clsGIF::ownFrameDIBAND(int Frame) {
   return frame ? ownSurface(frame->image.AND) : nullptr;
 }
 int clsGIF::FrameLeft(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame ? frame->image.Left : 0;
+  return model_->frameOrNone(Frame).image.Left;
 }
 int clsGIF::FrameTop(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame ? frame->image.Top : 0;
+  return model_->frameOrNone(Frame).image.Top;
 }
 void clsGIF::setFrameLeft(int Frame, int left) {
   if (GifFrame* frame = model_->frame(Frame)) frame->image.Left = toWord(left);
@@ -147,41 +138,35 @@ void clsGIF::setFrameTop(int Frame, int top) {
   if (GifFrame* frame = model_->frame(Frame)) frame->image.Top = toWord(top);
 }
 bool clsGIF::FrameInterlaced(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame && frame->image.Interlaced;
+  return model_->frameOrNone(Frame).image.Interlaced;
 }
 void clsGIF::setFrameInterlaced(int Frame, bool interlaced) {
   if (GifFrame* frame = model_->frame(Frame)) frame->image.Interlaced = interlaced;
 }
 bool clsGIF::FrameUseTransparentColor(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame && frame->control.UseTransparentColor;
+  return model_->frameOrNone(Frame).control.UseTransparentColor;
 }
 void clsGIF::setFrameUseTransparentColor(int Frame, bool use) {
   if (GifFrame* frame = model_->frame(Frame)) frame->control.UseTransparentColor = use;
 }
 int clsGIF::FrameTransparentColorIndex(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame ? frame->control.TransparentColorIndex : 0;
+  return model_->frameOrNone(Frame).control.TransparentColorIndex;
 }
 void clsGIF::setFrameTransparentColorIndex(int Frame, int index) {
   GifFrame* frame = model_->frame(Frame);
   if (frame && isTableIndex(index)) frame->control.TransparentColorIndex = static_cast<std::uint8_t>(index);
 }
 int clsGIF::FrameDelay(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame ? frame->control.Delay : 0;
+  return model_->frameOrNone(Frame).control.Delay;
 }
 void clsGIF::setFrameDelay(int Frame, int delay) {
   if (GifFrame* frame = model_->frame(Frame)) frame->control.Delay = toWord(delay);
 }
 bool clsGIF::hasUserInput(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame && frame->control.UserInput;
+  return model_->frameOrNone(Frame).control.UserInput;
 }
 int clsGIF::FrameDisposalMethod(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame ? frame->control.DisposalMethod : 0;
+  return model_->frameOrNone(Frame).control.DisposalMethod;
 }
 void clsGIF::setFrameDisposalMethod(int Frame, int method) {
   if (GifFrame* frame = model_->frame(Frame)) frame->control.DisposalMethod = toDisposal(method);

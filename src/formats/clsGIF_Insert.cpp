@@ -40,25 +40,40 @@ int mayInsert(const GifModel& model, int place, Size size) {
   if (place < 1 || place > model.count() + 1) return kGifOther;
   if (model.count() >= clsGIF::kMostFrames) return kGifTooManyFrames;
   if (!gifSizeAllowed(size.width, size.height, place)) return kGifBadSize;
-  const bool movesFirst = place == 1 && model.count() > 0;
-  return movesFirst && !gifSizeAllowed(model.frame(1)->width(), model.frame(1)->height(), 2) ? kGifBadSize : kGifOk;
+  const GifFrame& first = model.frameOrNone(1);
+  const bool moves = place == 1 && model.count() > 0;
+  return moves && !gifSizeAllowed(first.width(), first.height(), 2) ? kGifBadSize : kGifOk;
 }
 
-void insert(GifModel& model, int place, GifFrame&& frame) {
-  if (place == 1) growScreen(model, frame);
-  if (model.frames.empty()) {
+// False when there is no memory for one more.
+bool insert(GifModel& model, int place, GifFrame&& frame) {
+  try {
+    const auto placed = model.frames.insert(model.frames.begin() + (place - 1), std::move(frame));
+    if (place == 1) growScreen(model, *placed);
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+  if (model.count() == 1) {
     model.signature = "GIF";
     model.version = "89a";
   }
-  model.frames.insert(model.frames.begin() + (place - 1), std::move(frame));
+  return true;
 }
 
-// Both surfaces, blank.
-bool createSurfaces(GifImage& image, Size size) {
-  image.XOR = std::make_shared<clsDIB>();
-  image.AND = std::make_shared<clsDIB>();
-  return image.XOR->CreateBlankDIB(size.width, size.height, 8, kWhite, true) &&
-         image.AND->CreateBlankDIB(size.width, size.height, 1, kWhite, true);
+// The first image of a file among the frames that are there.
+int insertIncoming(GifModel& model, GifModel& incoming, int place, const GifFrameSettings& settings) {
+  GifFrame& frame = incoming.frames.front();
+  if (const int code = mayInsert(model, place, {frame.width(), frame.height()}); code != kGifOk) return code;
+  applySettings(frame, settings);
+  bringTable(frame, incoming, model);
+  return insert(model, place, std::move(frame)) ? kGifOk : kGifUnknownError;
+}
+
+// The same with everything else that the file has.
+int startWith(GifModel& model, GifModel&& incoming, const GifFrameSettings& settings) {
+  applySettings(incoming.frames.front(), settings);
+  model = std::move(incoming);
+  return kGifOk;
 }
 
 void takeLocalTable(GifImage& image, std::span<const raster::TableEntry> entries) {
@@ -68,33 +83,32 @@ void takeLocalTable(GifImage& image, std::span<const raster::TableEntry> entries
 }
 
 void takeIndexed(GifImage& image, const clsDIB& picture) {
-  int highest = 0;
   for (int y = 0; y < picture.DIBHeight(); ++y) {
-    const std::uint8_t* row = picture.surface().pictureRow(y);
-    std::copy_n(row, picture.DIBWidth(), image.XOR->surface().pictureRow(y));
-    highest = std::max<int>(highest, *std::max_element(row, row + picture.DIBWidth()));
+    std::copy_n(picture.surface().pictureRow(y), picture.DIBWidth(), image.XOR->surface().pictureRow(y));
   }
-  takeLocalTable(image, picture.surface().table().first(static_cast<std::size_t>(highest) + 1));
+  takeLocalTable(image, picture.surface().table().first(static_cast<std::size_t>(highestIndex(picture)) + 1));
+}
+
+// What the dither made of the picture.
+void takeRows(GifImage& image, const clsPalDither& dither, const clsDIB& picture) {
+  for (int y = 0; y < picture.DIBHeight(); ++y) {
+    const auto row = dither.row(picture.surface().memoryRowOf(y));
+    std::copy_n(row.begin(), picture.DIBWidth(), image.XOR->surface().pictureRow(y));
+  }
 }
 
 bool takeReduced(GifImage& image, const clsDIB& picture) {
   clsPal pal;
   clsPalDither dither;
-  if (!dither.ExactRows(picture, pal, 8)) {
+  if (dither.ExactRows(picture, pal, 8)) {
+    takeRows(image, dither, picture);
+  } else {
     clsDIB deep;  // the dither shows its result in the picture that it gets
     if (!deep.CreateBlankDIB(picture.DIBWidth(), picture.DIBHeight(), 32, kWhite)) return false;
     clsDIB::PaintFromDIBtoDIB(picture, deep);
     pal.CreateOptimal(deep, 256, 8);
     dither.DitherToPalette256(deep, pal);
-    for (int y = 0; y < deep.DIBHeight(); ++y) {
-      const auto row = dither.row(deep.surface().memoryRowOf(y));
-      std::copy_n(row.begin(), deep.DIBWidth(), image.XOR->surface().pictureRow(y));
-    }
-  } else {
-    for (int y = 0; y < picture.DIBHeight(); ++y) {
-      const auto row = dither.row(picture.surface().memoryRowOf(y));
-      std::copy_n(row.begin(), picture.DIBWidth(), image.XOR->surface().pictureRow(y));
-    }
+    takeRows(image, dither, deep);
   }
   takeLocalTable(image, pal.entriesInUse());
   return true;
@@ -123,21 +137,11 @@ int readPicture(const std::filesystem::path& file, clsDIB& picture) {
 
 int clsGIF::LoadFromGIFFileAddOn(const std::filesystem::path& FileName, int FrameNo, const GifFrameSettings& Settings) {
   GifModel incoming;
-  if (const int code = readFirstImage(FileName, incoming); code != kGifOk) {
-    model_->stated = incoming.stated;
-    return code;
-  }
-  GifFrame& frame = incoming.frames.front();
-  applySettings(frame, Settings);
-  if (FrameNo == 1) {
-    *model_ = std::move(incoming);
-    return kGifOk;
-  }
+  const int code = readFirstImage(FileName, incoming);
   model_->stated = incoming.stated;
-  if (const int code = mayInsert(*model_, FrameNo, {frame.width(), frame.height()}); code != kGifOk) return code;
-  bringTable(frame, incoming, *model_);
-  insert(*model_, FrameNo, std::move(frame));
-  return kGifOk;
+  if (code != kGifOk) return code;
+  return FrameNo == 1 ? startWith(*model_, std::move(incoming), Settings)
+                      : insertIncoming(*model_, incoming, FrameNo, Settings);
 }
 
 int clsGIF::FrameReplaceImage(const std::filesystem::path& FileName, int Frame) {
@@ -171,13 +175,8 @@ int clsGIF::FrameInsertImage(const std::filesystem::path& FileName, int Frame, c
   }
   model_->stated = incoming.stated;
   if (code != kGifOk) return code;
-  if (model_->frames.empty() || Frame != 1) return LoadFromGIFFileAddOn(FileName, Frame, Settings);
-  GifFrame& frame = incoming.frames.front();
-  if (const int refused = mayInsert(*model_, Frame, {frame.width(), frame.height()}); refused != kGifOk) return refused;
-  applySettings(frame, Settings);
-  bringTable(frame, incoming, *model_);
-  insert(*model_, Frame, std::move(frame));
-  return kGifOk;
+  return Frame == 1 && model_->frames.empty() ? startWith(*model_, std::move(incoming), Settings)
+                                              : insertIncoming(*model_, incoming, Frame, Settings);
 }
 
 bool clsGIF::FrameInsertImage(const clsDIB& Picture, int Frame, const GifFrameSettings& Settings) {
@@ -191,8 +190,7 @@ bool clsGIF::FrameInsertImage(const clsDIB& Picture, int Frame, const GifFrameSe
       return false;
     }
     applySettings(frame, Settings);
-    insert(*model_, Frame, std::move(frame));
-    return true;
+    return insert(*model_, Frame, std::move(frame));
   } catch (const std::bad_alloc&) {
     return false;
   }
@@ -214,8 +212,7 @@ bool clsGIF::FrameInsertBlank(int Frame, int Width, int Height, Colour Color, co
       std::ranges::fill(frame.image.XOR->surface().bytes(), static_cast<std::uint8_t>(index));
     }
     applySettings(frame, Settings);
-    insert(*model_, Frame, std::move(frame));
-    return true;
+    return insert(*model_, Frame, std::move(frame));
   } catch (const std::bad_alloc&) {
     return false;
   }

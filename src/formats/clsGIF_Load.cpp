@@ -203,12 +203,7 @@ int GifReader::decodeImage(GifFrame& frame, Size size, int minimumCodeSize, std:
   const auto record = model_.frames.size();
   if (record >= controls_.size()) return kGifOther;
   frame.control = controls_[record];
-  frame.image.XOR = std::make_shared<clsDIB>();
-  frame.image.AND = std::make_shared<clsDIB>();
-  if (!frame.image.XOR->CreateBlankDIB(size.width, size.height, 8, kWhite, true, true) ||
-      !frame.image.AND->CreateBlankDIB(size.width, size.height, 1, kWhite, true)) {
-    return kGifUnknownError;
-  }
+  if (!createSurfaces(frame.image, size)) return kGifUnknownError;
   basGIFLZWDec::Decode(*frame.image.XOR, frame.image.Interlaced, minimumCodeSize, codes);
   if (frame.control.UseTransparentColor) {
     maskFrame(frame, frame.control.TransparentColorIndex);

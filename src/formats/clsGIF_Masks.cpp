@@ -1,9 +1,25 @@
-// The mask of a frame, and drawing through it: AND with the mask, OR with the picture, which is black where the mask is
-// white.
+// The surfaces of a frame: how they are made, masked and drawn. Drawing is AND with the mask, then OR with the picture,
+// which is black where the mask is white.
 #include "formats/clsGIF_Model.h"
 #include "platform/raster/blit.h"
 
 namespace ruvo {
+
+bool createSurfaces(GifImage& image, Size size) {
+  image.XOR = std::make_shared<clsDIB>();
+  image.AND = std::make_shared<clsDIB>();
+  return image.XOR->CreateBlankDIB(size.width, size.height, 8, kWhite, true, true) &&
+         image.AND->CreateBlankDIB(size.width, size.height, 1, kWhite, true);
+}
+
+int highestIndex(const clsDIB& dib) {
+  std::uint8_t highest = 0;
+  for (int y = 0; y < dib.DIBHeight(); ++y) {
+    const std::uint8_t* row = dib.surface().memoryRow(y);
+    highest = std::max(highest, *std::max_element(row, row + dib.DIBWidth()));
+  }
+  return highest;
+}
 
 clsDIB* ownSurface(std::shared_ptr<clsDIB>& surface) {
   if (surface.use_count() == 1) return surface.get();

@@ -38,9 +38,8 @@ struct GifModel {
   bool has(int number) const { return number >= 1 && number <= count(); }
   // Null when there is no such frame.
   GifFrame* frame(int number) { return has(number) ? &frames[static_cast<std::size_t>(number) - 1] : nullptr; }
-  const GifFrame* frame(int number) const {
-    return has(number) ? &frames[static_cast<std::size_t>(number) - 1] : nullptr;
-  }
+  // For reading: a frame without pixels, all fields 0, when there is no such one.
+  const GifFrame& frameOrNone(int number) const;
 };
 
 // Reads a GIF, all of it or up to the end of its first image; answers a GifCode. The bytes are moved about. After a
@@ -50,10 +49,14 @@ int readGifModel(std::span<std::uint8_t> data, GifModel& model, bool firstImageO
 // The same from a file, its first image only.
 int readFirstImage(const std::filesystem::path& path, GifModel& model);
 
+// Both surfaces, blank: index 0 all over, and nothing see-through. False when there is no memory.
+bool createSurfaces(GifImage& image, Size size);
 // Gives a table to an indexed surface.
 void setTable(clsDIB& dib, const GifTable& table);
 // See clsGIF::FrameMask. Surfaces that are shared are copied first; without memory for that nothing happens.
 void maskFrame(GifFrame& frame, int transparentIndex);
+// The highest of the indices in the picture, which has 8 bits.
+int highestIndex(const clsDIB& dib);
 // The surface for changes: a copy of its own when somebody else holds it too; null when there is no memory.
 clsDIB* ownSurface(std::shared_ptr<clsDIB>& surface);
 

@@ -5,8 +5,6 @@
 namespace ruvo {
 namespace {
 
-const GifTable kNoTable{};
-
 Colour colourOf(const GifTable& table, int index) {
   return isTableIndex(index) ? table[static_cast<std::size_t>(index)].colour() : kBlack;
 }
@@ -88,29 +86,25 @@ int clsGIF::GlobalTransparentColorIndex() const {
 }
 
 bool clsGIF::LocalPaletteUsed(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame && frame->image.LocalPaletteUsed;
+  return model_->frameOrNone(Frame).image.LocalPaletteUsed;
 }
 void clsGIF::setLocalPaletteUsed(int Frame, bool used) {
   if (GifFrame* frame = model_->frame(Frame)) frame->image.LocalPaletteUsed = used;
 }
 bool clsGIF::LocalPaletteSorted(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame && frame->image.LocalPaletteSorted;
+  return model_->frameOrNone(Frame).image.LocalPaletteSorted;
 }
 void clsGIF::setLocalPaletteSorted(int Frame, bool sorted) {
   if (GifFrame* frame = model_->frame(Frame)) frame->image.LocalPaletteSorted = sorted;
 }
 int clsGIF::LocalPaletteEntries(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame ? frame->image.LocalPaletteEntries : 0;
+  return model_->frameOrNone(Frame).image.LocalPaletteEntries;
 }
 void clsGIF::setLocalPaletteEntries(int Frame, int entries) {
   if (GifFrame* frame = model_->frame(Frame)) frame->image.LocalPaletteEntries = toEntries(entries);
 }
 const GifTable& clsGIF::getLocalPalette(int Frame) const {
-  const GifFrame* frame = model_->frame(Frame);
-  return frame ? frame->image.LocalPalette : kNoTable;
+  return model_->frameOrNone(Frame).image.LocalPalette;
 }
 raster::TableEntry* clsGIF::LocalPalettePtr(int Frame) {
   GifFrame* frame = model_->frame(Frame);

@@ -3,14 +3,13 @@
 
 #include "base/byte_writer.h"
 #include "base/file_io.h"
+#include "base/latin1.h"
 #include "formats/basGIFLZWEnc.h"
 #include "formats/clsGIF_Model.h"
+#include "formats/gif_lines.h"
 
 namespace ruvo {
 namespace {
-
-// The decoder takes an interlaced image below this height for a plain one, and so does everybody when the bit is off.
-constexpr int kLeastInterlacedHeight = 5;
 
 // The least number of bits, from 1 up, whose table holds the entries.
 int bitsForEntries(int entries) {
@@ -35,22 +34,6 @@ void writeScreen(ByteWriter& out, bool newer, Size size, int packed, std::uint8_
   out.u8(aspect);
 }
 
-std::string latin1(std::string_view utf8) {
-  std::string out;
-  for (std::size_t i = 0; i < utf8.size(); ++i) {
-    const auto c = static_cast<std::uint8_t>(utf8[i]);
-    const bool twoBytes = (c == 0xC2 || c == 0xC3) && i + 1 < utf8.size() && (utf8[i + 1] & 0xC0) == 0x80;
-    if (c < 0x80) {
-      out += static_cast<char>(c);
-    } else if (twoBytes) {
-      out += static_cast<char>((c & 3) << 6 | (utf8[++i] & 0x3F));
-    } else if ((c & 0xC0) != 0x80) {
-      out += '?';  // for the whole character: the bytes that belong to it are passed over
-    }
-  }
-  return out;
-}
-
 void writeLoops(ByteWriter& out, int loops) {
   out.append("\x21\xFF\x0BNETSCAPE2.0\x03\x01");
   out.u16(static_cast<std::uint16_t>(loops));
@@ -59,8 +42,7 @@ void writeLoops(ByteWriter& out, int loops) {
 
 void writeComment(ByteWriter& out, const std::optional<std::string>& comment) {
   if (!comment || comment->empty()) return;
-  const std::string text = latin1(*comment).substr(0, clsGIF::kMostCommentBytes);
-  if (text.empty()) return;
+  const std::string text = latin1FromUtf8(*comment).substr(0, clsGIF::kMostCommentBytes);
   out.append("\x21\xFE");
   out.u8(static_cast<std::uint8_t>(text.size()));
   out.append(text);
@@ -73,15 +55,6 @@ void writeControl(ByteWriter& out, const GifControl& control) {
   out.u16(control.Delay);
   out.u8(control.UseTransparentColor ? control.TransparentColorIndex : 0);
   out.u8(0);
-}
-
-int highestIndex(const clsDIB& dib) {
-  std::uint8_t highest = 0;
-  for (int y = 0; y < dib.DIBHeight(); ++y) {
-    const std::uint8_t* row = dib.surface().memoryRow(y);
-    highest = std::max(highest, *std::max_element(row, row + dib.DIBWidth()));
-  }
-  return highest;
 }
 
 void writePixels(ByteWriter& out, const clsDIB& dib, int tableBits, bool interlaced) {
@@ -97,7 +70,8 @@ void writeDescriptor(ByteWriter& out, int left, int top, const clsDIB& dib, int 
   out.u16(static_cast<std::uint16_t>(top));
   out.u16(static_cast<std::uint16_t>(dib.DIBWidth()));
   out.u16(static_cast<std::uint16_t>(dib.DIBHeight()));
-  const bool reordered = interlaced && dib.DIBHeight() >= kLeastInterlacedHeight;
+  // The lines of lower pictures are written as they stand, and with the bit other programs would reorder them.
+  const bool reordered = interlaced && dib.DIBHeight() >= GifLines::kLeastInterlaced;
   out.u8(static_cast<std::uint8_t>(packed | (reordered ? 64 : 0)));
 }
 
@@ -133,7 +107,7 @@ std::vector<std::uint8_t> modelBytes(const GifModel& model, int onlyFrame, const
   if (!model.frames.empty()) writeLoops(out, model.loops);
   writeComment(out, comment);
   for (int i = 1; i <= model.count(); ++i) {
-    if (onlyFrame == 0 || onlyFrame == i) writeFrame(out, *model.frame(i), bits);
+    if (onlyFrame <= 0 || onlyFrame == i) writeFrame(out, model.frameOrNone(i), bits);
   }
   return finished(out);
 }
@@ -150,7 +124,7 @@ int entryOf(const clsPal& pal, Colour colour, int tableEntries) {
 }  // namespace
 
 std::vector<std::uint8_t> clsGIF::saveBytes(int OnlyFrame, const std::optional<std::string>& CommentText) const {
-  if (OnlyFrame != 0 && !model_->has(OnlyFrame)) return {};
+  if (OnlyFrame > model_->count()) return {};
   const auto writable = [](const GifFrame& frame) { return isWritable(*frame.image.XOR); };
   if (!std::ranges::all_of(model_->frames, writable)) return {};
   try {

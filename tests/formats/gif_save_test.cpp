@@ -102,14 +102,13 @@ TEST(GifSave, EveryByteOfASmallFile) {
   EXPECT_EQ(gif.saveBytes(0, ""), expected);
 }
 
-TEST(GifSave, OneFrameAndTheComment) {
+TEST(GifSave, OneFrameAndTheCommentAsLatin1) {
   clsGIF gif, one;
   ASSERT_EQ(load(gif, GifBytes(2, 1).control(0, 1).image({"01"}).control(0, 2).image({"10"}).bytes()), kGifOk);
   const std::string accentAndEuro = "h\u00E9t\u20AC";
   ASSERT_EQ(load(one, gif.saveBytes(2, accentAndEuro)), kGifOk);
-  EXPECT_EQ(one.FramesCount(), 1);
-  EXPECT_EQ(one.FrameDelay(1), 2);
-  EXPECT_EQ(one.CommentText(), "ht?") << "the accent went out as Latin-1, which the reader drops";
+  EXPECT_EQ(one.FramesCount() == 1 ? one.FrameDelay(1) : 0, 2);
+  EXPECT_EQ(one.CommentText(), "ht?") << "the reader drops the accent";
   EXPECT_TRUE(gif.saveBytes(3).empty());
 }
 
@@ -148,8 +147,8 @@ TEST(GifSave, OnePictureWithoutAModel) {
   ASSERT_TRUE(clsGIF::SaveGIFFrom_BPP8_DIB(path, dib, pal, 2, false, true, kBlack));
   ASSERT_EQ(gif.LoadFromGIFFile(path), kGifOk);
   EXPECT_FALSE(gif.FrameUseTransparentColor(1));
-  EXPECT_FALSE(clsGIF::SaveGIFFrom_BPP8_DIB(path, plainDib(2, 2, kWhite, 24), pal, 8));
-  EXPECT_FALSE(clsGIF::SaveGIFFrom_BPP8_DIB(path, dib, pal, 9));
+  EXPECT_FALSE(clsGIF::SaveGIFFrom_BPP8_DIB(path, plainDib(2, 2, kWhite, 24), pal, 8) ||
+               clsGIF::SaveGIFFrom_BPP8_DIB(path, dib, pal, 9));
 }
 
 TEST(GifSave, AFailedSaveLeavesTheOldFile) {
@@ -164,8 +163,7 @@ TEST(GifSave, AFailedSaveLeavesTheOldFile) {
     EXPECT_FALSE(gif.Save(path));
     EXPECT_FALSE(clsGIF::SaveGIFFrom_BPP8_DIB(path, noise(200, 200, 256), clsPal(), 8));
   }
-  EXPECT_FALSE(gif.Save(folder / "none" / "a.gif"));
-  EXPECT_FALSE(gif.Save(folder.path()));
+  EXPECT_FALSE(gif.Save(folder / "none" / "a.gif") || gif.Save(folder.path()));
   EXPECT_EQ(readWholeFile(path, 100), old);
   EXPECT_EQ(folder.names(), std::vector<std::string>{"a.gif"});
   EXPECT_TRUE(gif.Save(path));
