@@ -173,8 +173,12 @@ class Decoder {
       return false;
     }
     const std::span<const std::uint8_t> all(lengths);
-    return build(own_->literals, kLiteralRoot, all.first(literals), Meaning::LiteralOrLength) &&
-           build(own_->distances, kDistanceRoot, all.subspan(literals, distances), Meaning::Distance);
+    if (!build(own_->literals, kLiteralRoot, all.first(literals), Meaning::LiteralOrLength) ||
+        !build(own_->distances, kDistanceRoot, all.subspan(literals, distances), Meaning::Distance)) {
+      return false;
+    }
+    pairLiterals(*own_);
+    return true;
   }
 
   bool readLengths(std::span<const Entry> table, std::span<std::uint8_t> lengths) {
@@ -297,8 +301,7 @@ struct FastLane {
   std::uint32_t count;
   const std::uint8_t* in;
   std::uint8_t* out;
-  const Entry* literals;
-  const Entry* distances;
+  const BlockTables& tables;
 
   // To 56 bits or more.
   void refill() {
@@ -308,14 +311,18 @@ struct FastLane {
   }
   void drop(Entry entry) {
     held >>= entry & 63;
-    count -= entry & 0xFF;
+    count -= entry & 63;
   }
-  Entry nextLiteral() const { return literals[held & ((1u << kLiteralRoot) - 1)]; }
-  void putLiteral(Entry entry) {
+  Entry next() const { return tables.pairs[held & ((1u << kLiteralRoot) - 1)]; }
+  // One literal or two: always writes two, as that is as quick.
+  void putLiterals(Entry entry) {
     drop(entry);
-    *out++ = static_cast<std::uint8_t>(entry >> 16);
+    out[0] = static_cast<std::uint8_t>(entry >> 8);
+    out[1] = static_cast<std::uint8_t>(entry >> 16);
+    out += 1 + ((entry & kTwoLiterals) != 0 ? 1 : 0);
   }
-  Entry second(const Entry* table, Entry entry) {
+  template <typename Table>
+  Entry second(const Table& table, Entry entry) {
     drop(entry);
     return table[valueOf(entry) + (held & ((1u << codeBits(entry)) - 1))];
   }
@@ -327,8 +334,8 @@ struct FastLane {
   }
   // The distance that belongs to `length`, and the copy.
   bool copy(std::size_t length, const std::uint8_t* begin) {
-    Entry entry = distances[held & ((1u << kDistanceRoot) - 1)];
-    if ((entry & kSecondTable) != 0) entry = second(distances, entry);
+    Entry entry = tables.distances[held & ((1u << kDistanceRoot) - 1)];
+    if ((entry & kSecondTable) != 0) entry = second(tables.distances, entry);
     if ((entry & kSpecial) != 0) return false;
     const std::size_t distance = amount(entry);
     if (distance > static_cast<std::size_t>(out - begin)) return false;
@@ -336,29 +343,33 @@ struct FastLane {
     out += length;
     return true;
   }
-  // Up to four literals (44 of the 56 bits), or fewer and then one symbol that is none of them, for which the bits are
-  // filled up again: with its distance it takes at most 48.
-  Step round(const std::uint8_t* begin) {
-    refill();
-    Entry entry = nextLiteral();
-    if ((entry & kLiteral) != 0) {
-      putLiteral(entry);
-      for (int i = 1; i < 4; ++i) {
-        entry = nextLiteral();
-        if ((entry & kLiteral) == 0) break;
-        putLiteral(entry);
-        if (i == 3) return Step::More;
-      }
-      refill();
-    }
-    if ((entry & kSecondTable) != 0) entry = second(literals, entry);
+  // A symbol that `pairs` did not give as literals. With its distance it takes at most 48 bits.
+  Step other(Entry entry, const std::uint8_t* begin) {
+    if ((entry & kSecondTable) != 0) entry = second(tables.literals, entry);
     if ((entry & (kLiteral | kSpecial)) == 0) return copy(amount(entry), begin) ? Step::More : Step::Bad;
+    drop(entry);
     if ((entry & kLiteral) != 0) {
-      putLiteral(entry);
+      *out++ = static_cast<std::uint8_t>(valueOf(entry));
       return Step::More;
     }
-    drop(entry & 0xFF);
     return (entry & kBlockEnd) != 0 ? Step::BlockDone : Step::Bad;
+  }
+  // Up to four times literals (44 of the 56 bits), or fewer and then one other symbol, for which the bits are filled up
+  // again.
+  Step round(const std::uint8_t* begin) {
+    refill();
+    Entry entry = next();
+    if ((entry & kLiteral) == 0) return other(entry, begin);
+    putLiterals(entry);
+    for (int i = 1; i < 4; ++i) {
+      entry = next();
+      if ((entry & kLiteral) == 0) {
+        refill();
+        return other(entry, begin);
+      }
+      putLiterals(entry);
+    }
+    return Step::More;
   }
 };
 
@@ -369,12 +380,7 @@ Step Decoder::fast(const BlockTables& tables) {
   const std::uint8_t* const inStop = bits_.end - kFastInput;
   const std::uint8_t* const outStop = out_ + room;
   const std::uint8_t* const begin = buffer_.get();
-  FastLane lane{bits_.held,
-                static_cast<std::uint32_t>(bits_.count),
-                bits_.at,
-                out_,
-                tables.literals.data(),
-                tables.distances.data()};
+  FastLane lane{bits_.held, static_cast<std::uint32_t>(bits_.count), bits_.at, out_, tables};
   Step step = Step::More;
   while (step == Step::More && lane.in < inStop && lane.out < outStop) step = lane.round(begin);
   bits_.held = lane.held;

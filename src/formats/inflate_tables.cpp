@@ -126,6 +126,22 @@ bool build(std::span<Entry> table, int rootBits, std::span<const std::uint8_t> l
   return true;
 }
 
+void pairLiterals(BlockTables& tables) {
+  for (std::size_t i = 0; i < tables.pairs.size(); ++i) {
+    const Entry first = tables.literals[i];
+    if ((first & kLiteral) == 0) {
+      tables.pairs[i] = first;
+      continue;
+    }
+    const int bits = dropBits(first);
+    const Entry second = tables.literals[i >> bits];
+    // The bits of the second code must all be among those of the index.
+    const bool fits = (second & kLiteral) != 0 && bits + dropBits(second) <= kLiteralRoot;
+    tables.pairs[i] = kLiteral | (valueOf(first) & 0xFF) << 8 | static_cast<Entry>(bits);
+    if (fits) tables.pairs[i] += kTwoLiterals + ((valueOf(second) & 0xFF) << 16) + static_cast<Entry>(dropBits(second));
+  }
+}
+
 const BlockTables& fixedTables() {
   static const std::unique_ptr<const BlockTables> tables = [] {
     auto made = std::make_unique<BlockTables>();
@@ -137,6 +153,7 @@ const BlockTables& fixedTables() {
     std::array<std::uint8_t, kDistanceSymbols> distances;
     distances.fill(5);
     build(made->distances, kDistanceRoot, distances, Meaning::Distance);
+    pairLiterals(*made);
     return made;
   }();
   return *tables;

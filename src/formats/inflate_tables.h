@@ -56,9 +56,20 @@ inline constexpr int kDistanceRoot = 9;
 inline constexpr int kPrecodeRoot = 7;
 
 struct BlockTables {
+  // The first table of `literals` with short literals two at a time: pairLiterals().
+  std::array<Entry, std::size_t{1} << kLiteralRoot> pairs;
   std::array<Entry, roomFor(kLiteralRoot, kLiteralSymbols)> literals;
   std::array<Entry, roomFor(kDistanceRoot, kDistanceSymbols)> distances;
 };
+
+// An entry of `pairs` that is a literal:
+//   bits 0-5    bits to drop
+//   bit 6       there are two
+//   bits 8-23   the literals, the first one lowest
+//   bit 31      literal
+inline constexpr Entry kTwoLiterals = 1u << 6;
+
+void pairLiterals(BlockTables& tables);
 
 // The tables of the fixed codes (3.2.6), made at the first call.
 const BlockTables& fixedTables();
