@@ -24,6 +24,20 @@ class DocumentOpen : public DocumentTest {
     const auto bytes = test::BmpFile{.width = width, .height = height}.bytes();
     return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
   }
+  // A PCX header of 24 bits likewise.
+  static QByteArray pcxHeader(int width, int height) {
+    QByteArray bytes(128, 0);
+    const int words[] = {0x050A, 0x0801, 1, 1, width, height};
+    for (int i = 0; i < 6; ++i) {
+      bytes[2 * i] = static_cast<char>(words[i] & 0xFF);
+      bytes[2 * i + 1] = static_cast<char>(words[i] >> 8);
+    }
+    bytes[65] = 3;
+    const int line = width + width % 2;
+    bytes[66] = static_cast<char>(line & 0xFF);
+    bytes[67] = static_cast<char>(line >> 8);
+    return bytes;
+  }
   // Loads into the open document and expects these words, and nothing changed by it.
   void expectRefusal(const QString& file, const QString& words) {
     desktop.messages.clear();
@@ -72,8 +86,14 @@ TEST_F(DocumentOpen, RefusalsSayWhyAndKeepThePicture) {
   expectRefusal(empty, empty + "\nFailed to load this file.");
   const QString mislabelled = writeBytes("text.png", "this is no picture at all");
   expectRefusal(mislabelled, mislabelled + "\nFailed to load this file.");
+  for (const char* kind : {"gif", "jpg", "wmf", "emf", "tif", "tga", "pcx", "ico", "cur"}) {
+    const QString damaged = writeBytes(QString("words.") + kind, "this is no picture at all");
+    expectRefusal(damaged, damaged + "\nFailed to load this file.");
+  }
   expectRefusal(writeBytes("wide.bmp", bmpHeader(32761, 1)), "Incoming image exceeds max size allowed.");
   expectRefusal(writeBytes("vast.bmp", bmpHeader(5001, 5000)), "Incoming image exceeds max size allowed.");
+  expectRefusal(writeBytes("wide.pcx", pcxHeader(32761, 1)), "Incoming image exceeds max size allowed.");
+  expectRefusal(writeBytes("vast.pcx", pcxHeader(5001, 5000)), "Incoming image exceeds max size allowed.");
   expectRefusal(writeBytes("flat.bmp", bmpHeader(4, 0)), "Failed to retrieve incoming image");
 }
 

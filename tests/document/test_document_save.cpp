@@ -53,6 +53,8 @@ TEST_F(DocumentSave, EachFormatComesBackAsItWas) {
       {"mnuFileSaveBMPSub", 0, "out.bmp", "colourful.bmp", 0},
       {"mnuFileSavePNGSub", 0, "out.png", "colourful.png", 0},
       {"mnuFileSub", 11, "out.tif", "colourful.tif", 0},
+      {"mnuFileSub", 12, "out.tga", "colourful.tga", 0},
+      {"mnuFileSub", 13, "out.pcx", "colourful.pcx", 0},
       {"mnuFileSaveJPGSub", 4, "out95.jpg", "colourful.jpg", 40},
       {"mnuFileSaveJPGSub", 0, "out55.jpg", "colourful.jpg", 90},
   };

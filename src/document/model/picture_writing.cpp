@@ -7,6 +7,8 @@
 #include "document/model/gif_writing.h"
 #include "formats/clsEXIF.h"
 #include "formats/clsJPG.h"
+#include "formats/clsPCX.h"
+#include "formats/clsTGA.h"
 #include "image/basGDIProc.h"
 #include "platform/imaging/imaging_service.h"
 
@@ -61,6 +63,13 @@ bool writeOpaque(const clsDIB& opaque, const WriteOrder& order, const Progress& 
       return writeJpeg(opaque, order);
     case Format::Gif:
       return writeGif(opaque, order, progress);
+    case Format::Tga:
+      return clsTGA().SaveTGAinFile(order.file, opaque.surface(), opaque.DIBWidth(), opaque.DIBHeight());
+    case Format::Pcx: {
+      clsPCX writer;
+      writer.Compressed = true;  // plain ones are legal, and unknown to many readers
+      return writer.SavePCXinFile(order.file, opaque.surface(), opaque.DIBWidth(), opaque.DIBHeight());
+    }
     default:
       return false;
   }

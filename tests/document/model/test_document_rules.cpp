@@ -67,7 +67,8 @@ TEST(OpenRules, SizesAtTheLimits) {
 TEST(OpenRules, TheFilterNamesEveryExtension) {
   EXPECT_THAT(openFilter(),
               testing::StartsWith("(bmp/gif/jpg/jpeg/wmf/emf/png/tif/tiff/tga/pcx/ico/cur)|*.bmp;*.gif;*.jpg"));
-  EXPECT_THAT(openFilter(), testing::HasSubstr("|TIFF (*.tif;*.tiff)|*.tif;*.tiff"));
+  EXPECT_THAT(openFilter(), testing::HasSubstr("|TIFF (*.tif;*.tiff)|*.tif;*.tiff|"));
+  EXPECT_THAT(openFilter(), testing::HasSubstr(";*.jpeg;*.wmf;*.emf;*.png;*.tif;*.tiff;*.tga;*.pcx;*.ico;*.cur|"));
 }
 
 TEST(NewSizeRules, RefusalsAndTheQuestion) {
