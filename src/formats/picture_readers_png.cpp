@@ -8,6 +8,7 @@ using enum imaging::LoadError;
 
 ReadPicture pngNatively(const std::filesystem::path& file, const ReadRequest& request) {
   clsPNG png;
+  png.BitmapBPP = 32;  // straight into the surface that is wanted, with no second one of another depth
   png.AlphaSet = true;
   // A picture that may not keep its alpha is shown on white, whatever background the file proposes.
   png.setOwnerBkgd = !request.keepAlpha;
