@@ -8,6 +8,8 @@
 #include <cstring>
 #include <system_error>
 
+#include "base/paths.h"
+
 namespace ruvo {
 namespace fs = std::filesystem;
 
@@ -47,6 +49,11 @@ FileReplacement::FileReplacement(fs::path target) : target_(std::move(target)) {
   // A pipe or a device would be gone for whoever uses it.
   if (present && !S_ISREG(old.st_mode)) {
     refuse("replace", S_ISDIR(old.st_mode) ? EISDIR : EINVAL);
+    return;
+  }
+  // The folder would let a rename through.
+  if (present && isReadOnlyHiddenOrSystem(target_)) {
+    refuse("replace", EACCES);
     return;
   }
   std::string pattern = (target_.parent_path() / ".ruvo-XXXXXX").string();

@@ -15,7 +15,7 @@ std::optional<std::vector<std::uint8_t>> readWholeFile(const std::filesystem::pa
 
 // A file that is written beside its target and takes the target's place on commit() (same folder, so the rename is one
 // step). Destroyed without a commit it removes itself and the target stays as it was. Only a regular file is ever
-// replaced: a target that is a folder, a pipe or a device fails at once.
+// replaced, and none that is read-only: a target that is a folder, a pipe or a device fails at once too.
 class FileReplacement {
  public:
   explicit FileReplacement(std::filesystem::path target);

@@ -112,6 +112,8 @@ void frmRuvoMulti::accept() {
 }
 
 int frmRuvoMulti::choose(QWidget* parent, const clsICO& file) {
+  // The images of a cursor are one picture for several screens.
+  if (file.FileType() == kCursorType) return file.firstReadable();
   frmRuvoMulti dialog(file, parent);
   return dialog.exec() == QDialog::Accepted ? dialog.index() : -1;
 }

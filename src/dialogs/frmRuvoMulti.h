@@ -22,7 +22,7 @@ class frmRuvoMulti : public QDialog {
   // Refuses an image that could not be read, in words, and stays.
   void accept() override;
 
-  // Shows the dialog and answers the number of the chosen image, or -1.
+  // Shows the dialog and answers the number of the chosen image, or -1. Of a cursor it is the first, unasked.
   static int choose(QWidget* parent, const clsICO& file);
 
  private:

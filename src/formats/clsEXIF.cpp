@@ -55,6 +55,10 @@ std::optional<Segment> findExif(Bytes file) {
   return std::nullopt;
 }
 
+std::optional<Segment> exifOf(Bytes file) {
+  return isWholeJpeg(file) ? findExif(file) : std::nullopt;
+}
+
 // Where the JFIF segment directly behind the start of the image ends, or where it would begin when there is none.
 std::size_t endOfJfif(Bytes file) {
   ByteReader reader(file);
@@ -151,7 +155,7 @@ std::string clsEXIF::GetTagName(int Number) {
 void clsEXIF::readBytes(std::span<const std::uint8_t> file, bool& Ok) {
   *this = clsEXIF();
   Ok = false;
-  const auto segment = isWholeJpeg(file) ? findExif(file) : std::nullopt;
+  const auto segment = exifOf(file);
   if (!segment) return;
   endPosition_ = static_cast<std::int64_t>(segment->end());
   length_ = segment->length;
@@ -208,7 +212,7 @@ bool clsEXIF::IsFromDigitalCamera(const std::filesystem::path& FileName) {
 bool clsEXIF::readBlock(const std::filesystem::path& FileName, std::vector<std::uint8_t>& Block) {
   Block.clear();
   const auto file = readWholeFile(FileName, kMaxFileBytes);
-  const auto segment = file && isWholeJpeg(*file) ? findExif(*file) : std::nullopt;
+  const auto segment = file ? exifOf(*file) : std::nullopt;
   if (!segment) return false;
   Block.assign(file->begin(), file->begin() + static_cast<std::ptrdiff_t>(segment->end()));
   return true;
@@ -217,7 +221,7 @@ bool clsEXIF::readBlock(const std::filesystem::path& FileName, std::vector<std::
 bool clsEXIF::EraseEXIFData(const std::filesystem::path& FileName, std::vector<std::uint8_t>& Block) {
   Block.clear();
   auto file = readWholeFile(FileName, kMaxFileBytes);
-  const auto segment = file && isWholeJpeg(*file) ? findExif(*file) : std::nullopt;
+  const auto segment = file ? exifOf(*file) : std::nullopt;
   if (!segment) return false;
   const auto end = file->begin() + static_cast<std::ptrdiff_t>(segment->end());
   std::vector<std::uint8_t> taken(file->begin(), end);

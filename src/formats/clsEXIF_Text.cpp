@@ -233,7 +233,10 @@ std::string componentText(int number, int type, FieldReader& from) {
 }
 
 std::string letters(std::span<const std::uint8_t> bytes) {
-  return {bytes.begin(), std::find(bytes.begin(), bytes.end(), 0)};
+  // No block is longer; a value that claims more is most of a large file, perhaps that of many entries.
+  constexpr std::size_t kMostLetters = 1 << 16;
+  const auto text = bytes.first(std::min(bytes.size(), kMostLetters));
+  return {text.begin(), std::find(text.begin(), text.end(), 0)};
 }
 
 std::string channelNames(std::span<const std::uint8_t> bytes) {

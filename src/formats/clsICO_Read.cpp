@@ -14,10 +14,10 @@
 namespace ruvo {
 namespace {
 
-constexpr std::array<std::uint8_t, 8> kPngSignature = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+constexpr std::size_t kSignatureBytes = 8;
 
-bool startsWithPng(std::span<const std::uint8_t> bytes) {
-  return bytes.size() >= kPngSignature.size() && std::equal(kPngSignature.begin(), kPngSignature.end(), bytes.begin());
+bool isPngAt(std::span<const std::uint8_t> file, std::size_t offset) {
+  return imaging::kindOf(ByteReader(file).slice(offset, kSignatureBytes)) == imaging::FileKind::Png;
 }
 
 struct FileHeader {
@@ -68,8 +68,8 @@ bool validFile(const std::filesystem::path& fileName, int type) {
   ByteReader reader(start);
   const FileHeader header = readHeader(reader);
   const Entry first = readEntry(reader);
-  std::array<std::uint8_t, kPngSignature.size()> data{};
-  const bool isPng = file.readAt(first.offset, data) == data.size() && startsWithPng(data);
+  std::array<std::uint8_t, kSignatureBytes> data{};
+  const bool isPng = file.readAt(first.offset, data) == data.size() && isPngAt(data, 0);
   return header.type == type && valid(header, first, isPng);
 }
 
@@ -109,7 +109,7 @@ bool maskFromAlpha(const raster::Surface& picture, bool hasAlpha, clsDIB& AND) {
     const auto* from = reinterpret_cast<const Pixel32*>(picture.pictureRow(y));
     std::uint8_t* to = AND.surface().pictureRow(y);
     for (int x = 0; x < picture.width(); ++x) {
-      if (from[x].alpha == 0) to[x / 8] |= static_cast<std::uint8_t>(0x80 >> x % 8);
+      if (from[x].alpha == 0) to[x / 8] |= ico::maskBit(x);
     }
   }
   return true;
@@ -140,8 +140,7 @@ class ImageReader {
       image.hotSpotX = entry.firstWord;
       image.hotSpotY = entry.secondWord;
     }
-    const bool isPng = startsWithPng(bytes_.subspan(std::min<std::size_t>(entry.offset, bytes_.size())));
-    image.readable = isPng ? readPng(entry, image) : readBitmap(entry, image);
+    image.readable = isPngAt(bytes_, entry.offset) ? readPng(entry, image) : readBitmap(entry, image);
     if (!image.readable) {
       image.XOR.ClearUp();
       image.AND.ClearUp();
@@ -171,6 +170,7 @@ class ImageReader {
     const auto data = bytes_.subspan(entry.offset, std::min<std::size_t>(entry.bytesInRes, most));
     if (!pay(0, data.size())) return false;
     imaging::MemorySource header(data), source(data);
+    // No pixel is allowed, so it answers "too large" and the size of any sound header.
     const imaging::LoadResult stated = imaging::readPng(header, 0);
     image.statedWidth = stated.width;
     image.statedHeight = stated.height;
@@ -252,10 +252,7 @@ bool clsICO::openBytes(std::span<const std::uint8_t> bytes) {
   ImageReader images(bytes);
   for (int i = 0; i < header.count; ++i) {
     const Entry entry = readEntry(reader);
-    if (i == 0) {
-      const std::size_t offset = std::min<std::size_t>(entry.offset, bytes.size());
-      if (!valid(header, entry, startsWithPng(bytes.subspan(offset)))) return false;
-    }
+    if (i == 0 && !valid(header, entry, isPngAt(bytes, entry.offset))) return false;
     images_.push_back(images.read(entry, header.type == kCursorType));
   }
   type_ = header.type;

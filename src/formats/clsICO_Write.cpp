@@ -92,18 +92,14 @@ bool copyAtDepth(const clsDIB& from, int bpp, clsDIB& to) {
   return true;
 }
 
-std::uint8_t maskBit(int x) {
-  return static_cast<std::uint8_t>(0x80 >> x % 8);
-}
-
 // Brings picture and mask of 32 bits with alpha together: under white mask alpha is 0; without a mask alpha makes one.
 void settleAlpha(clsDIB& picture, clsDIB& mask, bool hasMask) {
   for (int y = 0; y < picture.DIBHeight(); ++y) {
     auto* row = reinterpret_cast<Pixel32*>(picture.surface().pictureRow(y));
     std::uint8_t* bits = mask.surface().pictureRow(y);
     for (int x = 0; x < picture.DIBWidth(); ++x) {
-      if (!hasMask && row[x].alpha == 0) bits[x / 8] |= maskBit(x);
-      if (bits[x / 8] & maskBit(x)) row[x].alpha = 0;
+      if (!hasMask && row[x].alpha == 0) bits[x / 8] |= ico::maskBit(x);
+      if (bits[x / 8] & ico::maskBit(x)) row[x].alpha = 0;
     }
   }
 }

@@ -242,8 +242,12 @@ int clsJPG::SaveFile(const std::filesystem::path& FileName) {
   if (FileName.empty()) return kNoName;
   std::error_code error;
   if (std::filesystem::exists(std::filesystem::symlink_status(FileName, error))) return kExists;
-  const std::vector<std::uint8_t> file = saveBytes();
-  return !file.empty() && replaceFile(FileName, file) ? kWritten : kNotWritten;
+  try {
+    const std::vector<std::uint8_t> file = saveBytes();
+    return !file.empty() && replaceFile(FileName, file) ? kWritten : kNotWritten;
+  } catch (const std::bad_alloc&) {
+    return kNotWritten;
+  }
 }
 
 }  // namespace ruvo

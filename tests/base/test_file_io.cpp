@@ -72,9 +72,11 @@ TEST(FileIo, AFullDiskLeavesTheOldFileAndNothingElse) {
   EXPECT_EQ(folder.names(), std::vector<std::string>{"picture.bmp"});
 }
 
-TEST(FileIo, WritingLeavesWhatIsNoFileAlone) {
+TEST(FileIo, WritingLeavesAloneWhatIsNoFileOrReadOnly) {
   const test::TempFolder folder;
   const auto place = [&](const char* name) { return folder.path() / name; };
+  ASSERT_TRUE(replaceFile(place("kept"), bytesOf("old")));
+  ASSERT_EQ(::chmod(place("kept").c_str(), 0444), 0);
   ASSERT_EQ(::mkfifo(place("pipe").c_str(), 0600), 0);
   std::filesystem::create_directory(place("folder"));
   std::filesystem::create_symlink("loop", place("loop"));
@@ -83,6 +85,8 @@ TEST(FileIo, WritingLeavesWhatIsNoFileAlone) {
   EXPECT_FALSE(replaceFile(place("pipe"), bytesOf("x")));
   EXPECT_FALSE(replaceFile(place("folder"), bytesOf("x")));
   EXPECT_FALSE(replaceFile(place("loop"), bytesOf("x")));
+  EXPECT_FALSE(replaceFile(place("kept"), bytesOf("x")));
+  EXPECT_EQ(readWholeFile(place("kept"), 9), bytesOf("old"));
   EXPECT_EQ(folder.names(), before);
   EXPECT_TRUE(std::filesystem::is_fifo(place("pipe")));
   EXPECT_TRUE(std::filesystem::is_symlink(place("loop")));

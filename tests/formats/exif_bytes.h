@@ -59,16 +59,18 @@ class TiffBuilder {
     bytes.push_back(0);
     add({tag, 2, static_cast<std::uint32_t>(bytes.size()), bytes});
   }
-  void shorts(int tag, std::initializer_list<unsigned> values) {
+  // Of the types 3 (two bytes), 4 and 9 (four), 5 and 10 (two numbers each), 7 (a byte).
+  void numbers(int tag, int type, const std::vector<int>& values) {
     Bytes bytes;
-    for (const unsigned v : values) bytes = joined({bytes, u16(v)});
-    add({tag, 3, static_cast<std::uint32_t>(values.size()), bytes});
+    for (const int v : values) {
+      const auto bits = static_cast<std::uint32_t>(v);
+      const Bytes one = type == 7 ? Bytes{static_cast<std::uint8_t>(v)} : type == 3 ? u16(bits & 0xFFFF) : u32(bits);
+      bytes = joined({bytes, one});
+    }
+    const bool pairs = type == 5 || type == 10;
+    add({tag, type, static_cast<std::uint32_t>(values.size() / (pairs ? 2 : 1)), bytes});
   }
-  void number(int tag, std::uint32_t value, int type = 4) { add({tag, type, 1, u32(value)}); }
-  void ratio(int tag, std::uint32_t top, std::uint32_t bottom, int type = 5) {
-    add({tag, type, 1, joined({u32(top), u32(bottom)})});
-  }
-  void undefined(int tag, const Bytes& value) { add({tag, 7, static_cast<std::uint32_t>(value.size()), value}); }
+  void number(int tag, int value) { numbers(tag, 4, {value}); }
   void directory(int tag, int which) { add({tag, 4, 1, u32(0), which}); }
   void add(Field field) { directories_.back().push_back(std::move(field)); }
 

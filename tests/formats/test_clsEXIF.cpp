@@ -2,7 +2,7 @@
 
 #include <libexif/exif-data.h>
 
-#include <map>
+#include <algorithm>
 
 #include "base/file_io.h"
 #include "formats/clsEXIF.h"
@@ -14,41 +14,49 @@ namespace {
 
 using namespace test;
 
+struct Field {
+  int tag;
+  int type;
+  std::vector<int> numbers;
+  const char* shown;
+};
+const Field kFirstDirectory[] = {
+    {274, 3, {6}, "[Right, Top]"},           {282, 5, {72, 1}, "72"}, {296, 3, {2}, "Inch"}, {50000, 3, {7}, "7"},
+    {531, 3, {1}, "Center of pixel array "},
+};
+const Field kExifDirectory[] = {
+    {33434, 5, {10, 1250}, "1/125"},
+    {33437, 5, {45, 10}, "4.5"},
+    {36864, 7, {'0', '2', '2', '0'}, "02.20"},
+    {37121, 7, {1, 2, 3, 0}, "YCbCr"},
+    {37122, 5, {3, 2}, "3/2  1.500"},
+    {37377, 10, {223, 32}, "1/125 sec"},
+    {37378, 5, {4, 1}, "4.0"},
+    {37379, 10, {-3, 2}, "-3/2  -1.5"},
+    {37380, 10, {-1, 3}, "-0.333"},
+    {37382, 5, {0, 10}, "0/10"},
+    {37383, 3, {5}, "Pattern/Multisegment"},
+    {37384, 3, {24}, "ISO studio tungsten"},
+    {37385, 3, {16}, "16"},
+    {37386, 5, {717, 32}, "22.4 mm"},
+    {40961, 3, {65535}, "Uncalibrated"},
+    {40962, 4, {2272}, "2272"},
+    {40963, 4, {1704}, "1704"},
+    {41730, 7, {0, 2, 1}, "0, 2, 1"},
+};
+constexpr const char* kDate = "2004:08:27 13:52:55";
+
 // A camera's directories: first, Exif, interoperability.
 Bytes cameraTiff(bool intel) {
   TiffBuilder tiff(intel);
   tiff.begin();
   tiff.text(271, "Maker");
-  tiff.shorts(274, {6});
-  tiff.ratio(282, 72, 1);
-  tiff.shorts(296, {2});
-  tiff.shorts(531, {1});
+  for (const Field& field : kFirstDirectory) tiff.numbers(field.tag, field.type, field.numbers);
   tiff.directory(34665, 1);
-  tiff.shorts(50000, {7});
   tiff.begin();
-  tiff.ratio(33434, 10, 1250);
-  tiff.ratio(33437, 45, 10);
-  tiff.shorts(34855, {200});
-  tiff.undefined(36864, bytesOf("0220"));
-  tiff.text(36867, "2004:08:27 13:52:55");
-  tiff.undefined(37121, {1, 2, 3, 0});
-  tiff.ratio(37122, 3, 2);
-  tiff.ratio(37377, 223, 32, 10);
-  tiff.ratio(37378, 4, 1);
-  tiff.ratio(37379, static_cast<std::uint32_t>(-3), 2, 10);
-  tiff.ratio(37380, static_cast<std::uint32_t>(-1), 3, 10);
-  tiff.ratio(37382, 0, 10);
-  tiff.shorts(37383, {5});
-  tiff.shorts(37384, {24});
-  tiff.shorts(37385, {16});
-  tiff.ratio(37386, 717, 32);
-  tiff.undefined(37500, bytesOf("note of the maker"));
-  tiff.shorts(40961, {65535});
-  tiff.number(40962, 2272);
-  tiff.number(40963, 1704);
+  for (const Field& field : kExifDirectory) tiff.numbers(field.tag, field.type, field.numbers);
+  tiff.text(36867, kDate);
   tiff.directory(40965, 2);
-  tiff.undefined(41729, {1});
-  tiff.undefined(41730, {0, 2, 1});
   tiff.begin();
   tiff.text(1, "R98");
   tiff.directory(34665, 0);  // back to the first, which is not read again
@@ -85,45 +93,20 @@ TEST(Exif, ValuesReadAlikeInBothByteOrders) {
     const Read read(jpegWith(cameraTiff(intel)));
     ASSERT_TRUE(read.ok);
     EXPECT_EQ(read.exif.IntelByteAlignment(), intel);
-    EXPECT_EQ(read.exif.tags().size(), 32u);
-    const std::pair<int, const char*> expected[] = {{271, "Maker"},
-                                                    {274, "[Right, Top]"},
-                                                    {282, "72"},
-                                                    {296, "Inch"},
-                                                    {50000, "7"},
-                                                    {33434, "1/125"},
-                                                    {33437, "4.5"},
-                                                    {36864, "02.20"},
-                                                    {37121, "YCbCr"},
-                                                    {37122, "3/2  1.500"},
-                                                    {37377, "1/125 sec"},
-                                                    {37378, "4.0"},
-                                                    {37379, "-3/2  -1.5"},
-                                                    {37380, "-0.333"},
-                                                    {37382, "0/10"},
-                                                    {37383, "Pattern/Multisegment"},
-                                                    {37385, "16"},
-                                                    {37386, "22.4 mm"},
-                                                    {40961, "Uncalibrated"},
-                                                    {41730, "0, 2, 1"},
-                                                    {37384, "ISO studio tungsten"},
-                                                    {1, "R98"},
-                                                    {531, "Center of pixel array "}};
-    for (const auto& [number, text] : expected) EXPECT_EQ(read.text(number), text) << number;
-    EXPECT_EQ(read.exif.DateTimeStamp(), "2004:08:27 13:52:55");
+    for (const Field& field : kFirstDirectory) EXPECT_EQ(read.text(field.tag), field.shown);
+    for (const Field& field : kExifDirectory) EXPECT_EQ(read.text(field.tag), field.shown);
+    EXPECT_EQ(read.text(1), "R98");
+    EXPECT_EQ(read.exif.tags().size(), std::size(kFirstDirectory) + std::size(kExifDirectory) + 6);
+    EXPECT_EQ(read.exif.DateTimeStamp(), kDate);
     EXPECT_EQ(read.exif.Width() + "x" + read.exif.Height(), "2272x1704");
   }
 }
 
-TEST(Exif, PlacesAreCountedFromTheStartOfTheFile) {
-  const Bytes tiff = cameraTiff(true);
+TEST(Exif, BlockIsFoundInTheFirst2000BytesAtAnEvenOffset) {
+  const Bytes tiff = cameraTiff(false);
   const Read read(jpegWith(tiff, kJfif));
   EXPECT_EQ(read.exif.LengthEXIF(), static_cast<int>(tiff.size()) + 8);
   EXPECT_EQ(read.exif.EndPosEXIF(), static_cast<std::int64_t>(2 + kJfif.size() + 2 + 8 + tiff.size()));
-}
-
-TEST(Exif, BlockIsFoundInTheFirst2000BytesAtAnEvenOffset) {
-  const Bytes tiff = cameraTiff(false);
   // The marker lies at place 3 + the bytes before it.
   EXPECT_TRUE(Read(jpegWith(tiff, Bytes(1996, 0))).ok);
   EXPECT_FALSE(Read(jpegWith(tiff, Bytes(1998, 0))).ok);
@@ -142,18 +125,15 @@ TEST(Exif, DamagedDirectoriesEndTheWalk) {
   tiff[8 + 2 + 12 + 8 + 3] = 0x7F;  // the value's offset
   EXPECT_EQ(Read(jpegWith(tiff)).exif.state(), clsEXIF::kWithoutExif);
 
-  TiffBuilder huge(true);
-  huge.begin();
-  huge.add({270, 5, 0xFFFFFFFF, Bytes(4)});
-  EXPECT_FALSE(Read(jpegWith(huge.build())).ok);
-  TiffBuilder lost(true);
-  lost.begin();
-  lost.number(34665, 0xFFFFFFFE);
-  EXPECT_FALSE(Read(jpegWith(lost.build())).ok);
-  TiffBuilder odd(true);
-  odd.begin();
-  odd.add({305, 99, 7, odd.u32(4711)});
-  EXPECT_EQ(Read(jpegWith(odd.build())).text(305), "4711") << "an unknown type is shown as its number";
+  const auto with = [](int tag, int type, std::uint32_t count, std::uint32_t value) {
+    TiffBuilder one(true);
+    one.begin();
+    one.add({tag, type, count, one.u32(value)});
+    return Read(jpegWith(one.build()));
+  };
+  EXPECT_FALSE(with(270, 5, 0xFFFFFFFF, 0).ok);
+  EXPECT_FALSE(with(34665, 4, 1, 0xFFFFFFFE).ok);
+  EXPECT_EQ(with(305, 99, 7, 4711).text(305), "4711") << "an unknown type is shown as its number";
 }
 
 TEST(Exif, EntriesAndTextsAreBounded) {
@@ -172,9 +152,9 @@ TEST_F(ExifFile, ListsNamedTagsOnly) {
   TiffBuilder tiff(true);
   tiff.begin();
   tiff.text(305, "Program");
-  tiff.shorts(50000, {7});
-  tiff.undefined(37500, {1, 2, 3, 4, 5});
-  tiff.shorts(37385, {1});
+  tiff.numbers(50000, 3, {7});
+  tiff.numbers(37500, 7, {1, 2, 3, 4, 5});
+  tiff.numbers(37385, 3, {1});
   EXPECT_EQ(exif_.ListInfoTags(write(jpegWith(tiff.build()))),
             "Software:   Program\r\n     Flash:   Flash on\r\n     ");
   EXPECT_EQ(clsEXIF::GetTagName(50000), "TAG #50000");
@@ -188,14 +168,11 @@ TEST_F(ExifFile, SaysWhatIsMissing) {
 
   TiffBuilder tiff(false);
   tiff.begin();
+  EXPECT_EQ(exif_.ListDate(write(jpegWith(tiff.build()))), "Date missing.");
   tiff.text(36867, "   ");
   const auto blank = write(jpegWith(tiff.build()));
   EXPECT_EQ(exif_.ListDateAndSize(blank), "Date or size missing.");
   EXPECT_FALSE(exif_.IsFromDigitalCamera(blank)) << "a date of blanks";
-  TiffBuilder sized(false);
-  sized.begin();
-  sized.number(40962, 5);
-  EXPECT_EQ(exif_.ListDate(write(jpegWith(sized.build()))), "Date missing.");
   const auto whole = write(jpegWith(cameraTiff(true)));
   EXPECT_EQ(exif_.ListDateAndSize(whole), "");
   EXPECT_TRUE(exif_.IsFromDigitalCamera(whole));
@@ -240,6 +217,8 @@ TEST_F(ExifFile, FailedWriteLeavesTheFile) {
     const FileSizeLimit full(8);
     EXPECT_FALSE(exif_.EraseEXIFData(path, block));
   }
+  std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+  EXPECT_FALSE(exif_.EraseEXIFData(path, block));
   EXPECT_TRUE(block.empty());
   EXPECT_EQ(contents(path), original);
   EXPECT_EQ(folder_.names(), std::vector<std::string>{"photo.jpg"});
@@ -252,25 +231,21 @@ TEST(Exif, AgreesWithAnIndependentReader) {
     ExifData* data = exif_data_new();
     exif_data_unset_option(data, EXIF_DATA_OPTION_FOLLOW_SPECIFICATION);
     exif_data_load_data(data, file.data(), static_cast<unsigned>(file.size()));
-    std::map<int, ExifTag> ours;
     const Read read(file);
-    for (const ExifTag& tag : read.exif.tags()) ours.emplace(tag.number, tag);
     unsigned compared = 0;
     for (const ExifContent* content : data->ifd) {
-      for (unsigned i = 0; i < content->count; ++i) {
-        const ExifEntry& entry = *content->entries[i];
-        ASSERT_TRUE(ours.contains(entry.tag)) << entry.tag;
-        const ExifTag& tag = ours.at(entry.tag);
-        EXPECT_EQ(tag.type, entry.format) << entry.tag;
-        EXPECT_EQ(tag.count, entry.components) << entry.tag;
-        if (entry.format == EXIF_FORMAT_ASCII) {
-          EXPECT_STREQ(tag.text.c_str(), reinterpret_cast<char*>(entry.data));
-        }
-        ++compared;
+      for (unsigned i = 0; i < content->count; ++i, ++compared) {
+        const ExifEntry& theirs = *content->entries[i];
+        const auto ours = std::ranges::find(read.exif.tags(), theirs.tag, &ExifTag::number);
+        ASSERT_NE(ours, read.exif.tags().end()) << theirs.tag;
+        EXPECT_EQ(ours->type, theirs.format) << theirs.tag;
+        EXPECT_EQ(ours->count, theirs.components) << theirs.tag;
+        if (theirs.format != EXIF_FORMAT_ASCII) continue;
+        EXPECT_STREQ(ours->text.c_str(), reinterpret_cast<char*>(theirs.data));
       }
     }
     exif_data_unref(data);
-    EXPECT_GE(compared, 25u);
+    EXPECT_GE(compared, 20u);
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include "base/paths.h"
 #include "formats/clsICO.h"
+#include "image/row_reader.h"
 #include "platform/imaging/resample.h"
 #include "platform/raster/blit.h"
 
@@ -20,17 +21,67 @@ Pixel32* rowOf(raster::Surface& surface, int y) {
   return reinterpret_cast<Pixel32*>(surface.pictureRow(y));
 }
 
-// The picture at 32 bits, what is to be see-through with alpha 0.
+// A picture is brought down to this side before anything is filtered: several times the largest icon, and little enough
+// that each change of a choice is seen at once.
+constexpr int kWorkingSide = 512;
+
+// Where each of `cells` even parts of a side ends.
+std::vector<int> endsOf(int side, int cells) {
+  std::vector<int> ends;
+  for (int i = 1; i <= cells; ++i) ends.push_back(static_cast<int>(std::int64_t{side} * i / cells));
+  return ends;
+}
+
+// The pixels of one cell, colours weighed by alpha. A cell is at most 64 pixels wide and high.
+struct CellSum {
+  std::uint32_t blue = 0, green = 0, red = 0, alpha = 0;
+
+  Pixel32 mean(std::uint32_t pixels) const {
+    if (alpha == 0) return {};
+    const auto part = [](std::uint32_t sum, std::uint32_t of) {
+      return static_cast<std::uint8_t>((sum + of / 2) / of);
+    };
+    return {part(blue, alpha), part(green, alpha), part(red, alpha), part(alpha, pixels)};
+  }
+};
+
+template <typename AlphaOf>
+void addRow(const Pixel32* row, std::span<const int> ends, std::span<CellSum> sums, AlphaOf&& alphaOf) {
+  int x = 0;
+  for (std::size_t cell = 0; cell < ends.size(); ++cell) {
+    CellSum sum = sums[cell];
+    for (; x < ends[cell]; ++x) {
+      const Pixel32 pixel = row[x];
+      const std::uint32_t alpha = alphaOf(pixel);
+      sum.blue += pixel.blue * alpha;
+      sum.green += pixel.green * alpha;
+      sum.red += pixel.red * alpha;
+      sum.alpha += alpha;
+    }
+    sums[cell] = sum;
+  }
+}
+
+// The picture at 32 bits and at most the working side, what is to be see-through with alpha 0. Told from the picture's
+// own pixels, before any two are mixed.
 raster::Surface withCoverage(const clsDIB& picture, const IconChoices& choices) {
+  const std::vector<int> columns = endsOf(picture.DIBWidth(), std::min(picture.DIBWidth(), kWorkingSide));
+  const std::vector<int> rows = endsOf(picture.DIBHeight(), std::min(picture.DIBHeight(), kWorkingSide));
   raster::Surface made;
-  if (!made.create(picture.DIBWidth(), picture.DIBHeight(), 32)) return made;
-  raster::blit(made, 0, 0, picture.surface());
-  const Pixel32 key = Pixel32::plain(choices.transparentColour);
-  for (int y = 0; y < made.height(); ++y) {
-    Pixel32* row = rowOf(made, y);
-    for (int x = 0; x < made.width(); ++x) {
-      if (!picture.DIBhasAlpha()) row[x].alpha = 255;
-      if (choices.transparent && row[x].sameColour(key)) row[x].alpha = 0;
+  if (!made.create(static_cast<int>(columns.size()), static_cast<int>(rows.size()), 32)) return made;
+  const bool hasAlpha = picture.DIBhasAlpha(), hasKey = choices.transparent;
+  const auto alphaOf = [=, key = Pixel32::plain(choices.transparentColour)](Pixel32 p) -> std::uint32_t {
+    if (hasKey && p.sameColour(key)) return 0;
+    return hasAlpha ? p.alpha : 255;
+  };
+  RowReader reader(picture.surface());
+  for (int y = 0, from = 0; y < made.height(); ++y) {
+    std::vector<CellSum> sums(columns.size());
+    const int end = rows[static_cast<std::size_t>(y)], height = end - from;
+    for (; from < end; ++from) addRow(reader.pixels(picture.surface().memoryRowOf(from)), columns, sums, alphaOf);
+    for (std::size_t x = 0; x < columns.size(); ++x) {
+      const int width = columns[x] - (x > 0 ? columns[x - 1] : 0);
+      rowOf(made, y)[x] = sums[x].mean(static_cast<std::uint32_t>(width * height));
     }
   }
   return made;
