@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 
 #include "base/file_io.h"
 #include "dialogs/icon_pictures.h"
@@ -128,25 +126,6 @@ TEST_F(SaveICOorCUR, EveryRefusalIsToldAndTheWindowStays) {
   replaceFile(folder / "b.ani.cur", std::vector<std::uint8_t>{1});
   desktop.expectSave(path("b.ani"));
   proceed("", "No file specification yet");
-}
-
-TEST_F(SaveICOorCUR, AnswersThePathOrNothing) {
-  const auto answer = [&](const char* button) {
-    QTimer::singleShot(0, [=] {
-      QWidget* dialog = QApplication::activeModalWidget();
-      ASSERT_NE(dialog, nullptr);
-      control<QComboBox>(*dialog, "cboCursorHotSpot(0)")->setCurrentIndex(9);
-      control<QPushButton>(*dialog, button)->click();
-    });
-    return frmRuvoFileSaveICOorCUR::save(nullptr, IconKind::Cursor, picture, "");
-  };
-  EXPECT_EQ(answer("cmdCancel"), "");
-  desktop.expectSave(path("a.cur"));
-  desktop.expect("Saved to ");
-  EXPECT_EQ(answer("cmdProceed"), path("a.cur"));
-  clsICO file;
-  ASSERT_TRUE(file.OpenICO(folder / "a.cur"));
-  EXPECT_EQ(file.HotSpotX(0), 9);
 }
 
 }  // namespace

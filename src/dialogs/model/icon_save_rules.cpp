@@ -69,11 +69,11 @@ raster::Surface withCoverage(const clsDIB& picture, const IconChoices& choices) 
   const std::vector<int> rows = endsOf(picture.DIBHeight(), std::min(picture.DIBHeight(), kWorkingSide));
   raster::Surface made;
   if (!made.create(static_cast<int>(columns.size()), static_cast<int>(rows.size()), 32)) return made;
-  const bool hasAlpha = picture.DIBhasAlpha(), hasKey = choices.transparent;
-  const auto alphaOf = [=, key = Pixel32::plain(choices.transparentColour)](Pixel32 p) -> std::uint32_t {
-    if (hasKey && p.sameColour(key)) return 0;
-    return hasAlpha ? p.alpha : 255;
-  };
+  // Without branches: they would be guessed wrong on noise.
+  constexpr Colour kNoKey = 0xFFFFFFFF;
+  const Colour key = choices.transparent ? choices.transparentColour : kNoKey;
+  const std::uint32_t atLeast = picture.DIBhasAlpha() ? 0 : 255;
+  const auto alphaOf = [=](Pixel32 p) { return (p.alpha | atLeast) * std::uint32_t{p.colour() != key}; };
   RowReader reader(picture.surface());
   for (int y = 0, from = 0; y < made.height(); ++y) {
     std::vector<CellSum> sums(columns.size());

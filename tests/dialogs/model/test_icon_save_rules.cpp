@@ -44,6 +44,18 @@ TEST(IconSaveRules, PixelsThatTurnOutInTheKeyColourStaySolid) {
   EXPECT_EQ(test::pixelAt(pair.mask, 8, 12).colour(), kBlack);
 }
 
+TEST(IconSaveRules, LargePicturesKeepPlacesColoursAndKey) {
+  // Red left of the key, but for one pixel in three; both are told apart before any two are mixed.
+  const clsDIB picture = test::dibOf(1301, 700, [](int x, int y) {
+    return Pixel32::plain(x >= 1301 * 3 / 4 || (x + y) % 3 == 0 ? rgb(0, 0, 255) : rgb(255, 0, 0));
+  });
+  const IconPair pair = iconPair(picture, {.side = 32, .transparent = true, .transparentColour = rgb(0, 0, 255)});
+  for (const int y : {0, 31}) {
+    EXPECT_EQ(test::pixelAt(pair.image, 23, y).colour(), rgb(255, 0, 0));
+    EXPECT_EQ(test::pixelAt(pair.mask, 24, y).colour(), kWhite);
+  }
+}
+
 TEST(IconSaveRules, AlphaIsKeptAndWhatIsFreeAroundIsSeeThrough) {
   clsDIB picture = test::dibOf(2, 1, [](int x, int) {
     return Pixel32{9, 9, 9, static_cast<std::uint8_t>(x ? 0 : 77)};
