@@ -71,6 +71,7 @@ class TiffBuilder {
     add({tag, type, static_cast<std::uint32_t>(values.size() / (pairs ? 2 : 1)), bytes});
   }
   void number(int tag, int value) { numbers(tag, 4, {value}); }
+  void shorts(int tag, const std::vector<int>& values) { numbers(tag, 3, values); }
   void directory(int tag, int which) { add({tag, 4, 1, u32(0), which}); }
   void add(Field field) { directories_.back().push_back(std::move(field)); }
 
