@@ -33,7 +33,7 @@ Rect boxOf(const Placement& to) {
 }
 
 bool prepare(Device& device, const Placement& to, Layer& layer) {
-  constexpr double kPerPixel = 8;
+  constexpr double kPerPixel = 25;
   layer.box = boxOf(to).intersected(device.clipBox());
   if (layer.box.empty() || !to.sane()) return false;
   const double area = static_cast<double>(layer.box.width()) * layer.box.height();

@@ -43,16 +43,19 @@ Frame frameOf(const Device& device, const Box& box) {
 // Where the integer models can draw the figure.
 bool modelFits(const Device& device, const Rect& box) {
   const PenSpec& pen = *device.now().pen;
+  // A wide pen is set down at every pixel of the model's rim.
+  constexpr double kMostRim = 1000000;
+  const double rim = 2.0 * (box.width() + box.height());
   const bool plainPen = !pen.geometric || pen.style == raster::PenStyle::Null;
   return plainPen && pen.dashes.empty() && !device.path().open() && device.toPixels().upright() &&
-         box.width() <= kLargestModel && box.height() <= kLargestModel;
+         box.width() <= kLargestModel && box.height() <= kLargestModel && rim * device.penPixels() < kMostRim;
 }
 
 bool chargeModel(Device& device, const Rect& box) {
   const Rect inside = box.intersected(device.clipBox());
   const double area = inside.empty() ? 0 : static_cast<double>(inside.width()) * inside.height();
   const double rim = box.width() + box.height();
-  return device.charge(500 + 2 * area + rim * (60 + 30 * device.penPixels()));
+  return device.charge(500 + (1 + device.pixelCost(*device.now().brush)) * area + rim * (60 + 30 * device.penPixels()));
 }
 
 // A part of an ellipse as Bezier control points, `sweep` radians counter-clockwise to the eye (y grows downwards).
@@ -206,7 +209,7 @@ raster::Region regionOf(Device& device, std::span<const Rect> boxes, const Affin
       const Rect inside =
           Rect{std::min(p.x, q.x), std::min(p.y, q.y), std::max(p.x, q.x), std::max(p.y, q.y)}.intersected(clip);
       if (inside.empty()) continue;
-      if (!device.charge(100.0 * inside.height())) break;
+      if (!device.charge(150.0 * inside.height())) break;
       for (int y = inside.top; y < inside.bottom; ++y) spans.push_back({y, inside.left, inside.right});
     }
     if (spans.size() < kBatch) continue;

@@ -20,10 +20,11 @@ Device::Device(raster::Surface& target, const Rect& frame, const Affine& base)
   resetClip();
 }
 
-Device::~Device() = default;
-
 Fonts& Device::fonts() {
-  if (!fonts_) fonts_ = std::make_unique<Fonts>();
+  if (!fonts_) {
+    fonts_ = &Fonts::ofThread();
+    fonts_->trim();
+  }
   return *fonts_;
 }
 
@@ -66,6 +67,21 @@ double Device::penPixels() const {
   const PenSpec& pen = *state_.pen;
   const double scale = pen.cosmetic ? 1 : toPixels().scale();
   return std::clamp(std::floor(pen.width * scale + 0.5), 1.0, kWidest);
+}
+
+double Device::pixelCost(const BrushSpec& brush) const {
+  const double combining = state_.rop2 == raster::Rop2::CopyPen ? 0 : 1;
+  switch (brush.kind) {
+    case raster::Brush::Kind::Null:
+      return 0;
+    case raster::Brush::Kind::Solid:
+      return 1 + combining;
+    case raster::Brush::Kind::Hatch:
+      return 8 + combining;
+    case raster::Brush::Kind::Pattern:
+      return 3 + combining;
+  }
+  return 1;
 }
 
 raster::DrawContext Device::context() {

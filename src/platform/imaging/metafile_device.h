@@ -53,7 +53,6 @@ class Device {
   // `base` leads from the pixels of the device that the file was made for to those of the target (32 bits); nothing is
   // drawn outside `frame`.
   Device(raster::Surface& target, const Rect& frame, const Affine& base);
-  ~Device();
 
   State& now() { return state_; }
   const State& now() const { return state_; }
@@ -80,6 +79,8 @@ class Device {
   Rect pixelBox(PointF a, PointF b) const;
   double penPixels() const;
 
+  // What one pixel of an area costs with a brush.
+  double pixelCost(const BrushSpec& brush) const;
   // With the selected pen and brush (null pen and brush where they are not simple ones), and the clip.
   raster::DrawContext context();
   // The same for a brush that need not be the selected one.
@@ -113,7 +114,7 @@ class Device {
   State state_;
   std::vector<State> saved_;
   PathRecorder path_;
-  std::unique_ptr<Fonts> fonts_;
+  Fonts* fonts_ = nullptr;
   // The pattern that was drawn with last.
   raster::Surface tile_;
   const std::uint8_t* tileSource_ = nullptr;

@@ -62,6 +62,18 @@ Fonts::Fonts() {
   if (FT_Init_FreeType(&library_) != 0) library_ = nullptr;
 }
 
+Fonts& Fonts::ofThread() {
+  thread_local Fonts fonts;
+  return fonts;
+}
+
+void Fonts::trim() {
+  constexpr std::size_t kManyMatches = 100;
+  if (matches_.size() < kManyMatches) return;
+  matches_.clear();
+  files_.clear();
+}
+
 Fonts::~Fonts() {
   files_.clear();
   if (library_) FT_Done_FreeType(library_);

@@ -62,8 +62,13 @@ class Fonts {
   Fonts(const Fonts&) = delete;
   Fonts& operator=(const Fonts&) = delete;
 
+  // The fonts of this thread, which stay open between one metafile and the next.
+  static Fonts& ofThread();
+  // Closes them when they have become many. No match may be in use.
+  void trim();
+
   FT_Library library() const { return library_; }
-  // None when no font can be opened at all. Faces stay valid as long as this object.
+  // None when no font can be opened at all. Faces stay valid until trim().
   FontMatch match(const FontSpec& spec) { return match(spec, 0); }
   // A face that has the letter, in the manner of the request.
   FontMatch match(const FontSpec& spec, char32_t letter);

@@ -40,14 +40,14 @@ std::int64_t crossingsOf(std::span<const Point> ring, int top, int bottom) {
 }
 
 // Hands over the spans in bands of rows, so that a polygon of very many edges needs no more memory than others.
-void fillBands(Device& device, const Outline& outline, raster::FillMode mode, const SpanSink& sink) {
+void fillBands(Device& device, const Outline& outline, raster::FillMode mode, double pixelCost, const SpanSink& sink) {
   const std::vector<Point> ring = ringOf(outline);
   const Rect box = boundsOf(outline).intersected(device.clipBox());
   if (ring.size() < 2 || box.empty()) return;
   const std::int64_t crossings = crossingsOf(ring, box.top, box.bottom);
   constexpr double kPerCrossing = 60;
   if (!device.charge(kPerCrossing * static_cast<double>(crossings) + static_cast<double>(ring.size()) +
-                     static_cast<double>(box.width()) * box.height())) {
+                     pixelCost * box.width() * box.height())) {
     return;
   }
   const auto edges = static_cast<std::int64_t>(ring.size());
@@ -70,8 +70,15 @@ bool chargeStroke(Device& device, const Subpath& part, double width) {
   for (std::size_t i = 0; i < part.points.size(); ++i) {
     const double length = std::min(lengthOf(part.points[i], part.points[(i + 1) % part.points.size()]), longest);
     const double rows = std::min<double>(clip.height(), length + width);
-    units +=
-        width <= 1 ? 40 + 12 * length : 200 + 10 * width + 150 * rows + 2 * std::min(width, longest) * (length + width);
+    units += width <= 1 ? 40 + 40 * length : 300 + 10 * width + 250 * rows;
+  }
+  if (width > 1) {
+    // Each piece paints what it covers once.
+    const int reach = static_cast<int>(width);
+    Rect box = boundsOf({part});
+    box = Rect{box.left - reach, box.top - reach, box.right + reach, box.bottom + reach}.intersected(clip);
+    const double pieces = 1 + static_cast<double>(part.points.size()) * 2 * clip.height() / kBatch;
+    if (!box.empty()) units += pieces * box.width() * box.height();
   }
   return device.charge(units);
 }
@@ -91,7 +98,9 @@ void wideRound(Device& device, const Subpath& part, int width, const SpanSink& s
 
 void strokeWide(Device& device, const Outline& outline, int width, const SpanSink& sink) {
   const PenSpec& pen = *device.now().pen;
-  const bool round = pen.cap == Cap::Round && pen.join == Join::Round;
+  // The raster's own wide lines are exact, in products of a width and a length that must not grow too large.
+  constexpr int kWidestExact = 1500;
+  const bool round = pen.cap == Cap::Round && pen.join == Join::Round && width <= kWidestExact;
   for (const Subpath& part : outline) {
     if (part.points.size() < 2 || !chargeStroke(device, part, width)) continue;
     if (round) {
@@ -147,7 +156,8 @@ void fillOutline(Device& device, const Outline& outline) {
   if (!device.now().brush->draws()) return;
   const raster::DrawContext context = device.context();
   raster::Painter painter(context, context.brush);
-  fillBands(device, outline, device.now().fillMode, [&](std::span<const raster::Span> s) { painter.spans(s); });
+  fillBands(device, outline, device.now().fillMode, device.pixelCost(*device.now().brush),
+            [&](std::span<const raster::Span> s) { painter.spans(s); });
 }
 
 void strokeOutline(Device& device, const Outline& whole) {
@@ -197,7 +207,8 @@ struct SpanStore {
 
 raster::Region filledRegion(Device& device, const Outline& outline, raster::FillMode mode) {
   SpanStore store;
-  fillBands(device, outline, mode, [&](std::span<const raster::Span> s) { store.take(s); });
+  constexpr double kOnlySpans = 0.1;
+  fillBands(device, outline, mode, kOnlySpans, [&](std::span<const raster::Span> s) { store.take(s); });
   return raster::Region::ofSpans(std::move(store.spans));
 }
 
@@ -219,7 +230,7 @@ raster::Region strokedRegion(Device& device, const Outline& whole) {
 
 void paintRegion(Device& device, const raster::Region& region, const BrushSpec& brush) {
   const Rect box = region.bounds().intersected(device.clipBox());
-  if (box.empty() || !device.charge(static_cast<double>(box.width()) * box.height() +
+  if (box.empty() || !device.charge(device.pixelCost(brush) * box.width() * box.height() +
                                     20.0 * static_cast<double>(region.spans().size()))) {
     return;
   }

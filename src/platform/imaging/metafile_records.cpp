@@ -93,21 +93,25 @@ std::optional<PointF> firstWindowExtent(const Metafile& file, PointF& origin) {
 }  // namespace
 
 LoadError readWmfHeader(Metafile& file, int& width, int& height) {
-  U_WMRPLACEABLE placeable{};
-  U_WMRHEADER header{};
-  const char* start = chars(file.bytes, 0);
-  const int first = wmfheader_get(start, start + file.bytes.size(), &placeable, &header);
-  if (first <= 0 || static_cast<std::size_t>(first) > file.bytes.size()) return LoadError::Broken;
+  // Key, handle, box, units an inch, reserved, checksum ([MS-WMF] 2.3.2.3); then the header of nine words.
+  constexpr std::uint32_t kPlaceableKey = 0x9AC6CDD7;
+  constexpr std::size_t kPlaceableBytes = 22, kHeaderBytes = 18;
+  ByteReader reader(file.bytes);
+  const bool placeable = reader.u32() == kPlaceableKey;
   file.form = Metafile::Form::Wmf;
-  file.firstRecord = static_cast<std::size_t>(first);
+  file.firstRecord = (placeable ? kPlaceableBytes : 0) + kHeaderBytes;
   file.end = file.bytes.size();
-  if (placeable.Key == 0x9AC6CDD7) {
-    file.origin = {static_cast<double>(placeable.Dst.left), static_cast<double>(placeable.Dst.top)};
-    file.extent = {static_cast<double>(placeable.Dst.right) - placeable.Dst.left,
-                   static_cast<double>(placeable.Dst.bottom) - placeable.Dst.top};
-    if (placeable.Inch == 0 || file.extent.x == 0 || file.extent.y == 0) return LoadError::Broken;
-    width = pixels(file.extent.x * kPixelsPerInch / placeable.Inch);
-    height = pixels(file.extent.y * kPixelsPerInch / placeable.Inch);
+  if (file.firstRecord > file.end) return LoadError::Broken;
+  if (placeable) {
+    reader.skip(2);
+    const auto number = [&] { return static_cast<double>(static_cast<std::int16_t>(reader.u16())); };
+    const double left = number(), top = number(), right = number(), bottom = number();
+    const double inch = reader.u16();
+    file.origin = {left, top};
+    file.extent = {right - left, bottom - top};
+    if (inch == 0 || file.extent.x == 0 || file.extent.y == 0) return LoadError::Broken;
+    width = pixels(file.extent.x * kPixelsPerInch / inch);
+    height = pixels(file.extent.y * kPixelsPerInch / inch);
   } else {
     file.extent = firstWindowExtent(file, file.origin).value_or(PointF{kDefaultWidth, kDefaultHeight});
     // Taken as pixels, unless they are so many that they can only be meant as something finer.
