@@ -17,30 +17,21 @@ GifBytes twoFrames() {
   return gif;
 }
 
-TEST(GifLoad, EveryFieldOfTheFile) {
+// All fields that a save writes back are compared there, byte by byte.
+TEST(GifLoad, FieldsThatAreNotTheFilesOwnBytes) {
   clsGIF gif;
   Bytes data = twoFrames().bytes();
   ASSERT_EQ(gif.LoadStream(data), kGifOk);
   EXPECT_TRUE(data.empty());
-  EXPECT_EQ((Size{gif.BgdWidth(), gif.BgdHeight()}), (Size{6, 4}));
-  EXPECT_EQ(gif.BgdColorIndex(), 2);
   EXPECT_EQ(gif.PixelAspectRatio(), 0.5);
   EXPECT_EQ(gif.NetscapeLoops(), 261);
   EXPECT_EQ(gif.CommentText(), "made by hand");
-  EXPECT_EQ(gif.GlobalPaletteEntries(), 4);
   EXPECT_EQ(gif.GlobalPaletteR_G_B_Find(0, 255, 0), 2);
   EXPECT_EQ(gif.GlobalPaletteR_G_B_Find(0, 0, 0), -1) << "only entries in use are looked at";
-  ASSERT_EQ(gif.FramesCount(), 2);
-  EXPECT_EQ((Point{gif.FrameLeft(1), gif.FrameTop(1)}), (Point{1, 2}));
-  EXPECT_EQ(gif.FrameDelay(1), 300);
-  EXPECT_EQ(gif.FrameDisposalMethod(1), 3);
-  EXPECT_TRUE(gif.hasUserInput(1));
-  EXPECT_FALSE(gif.LocalPaletteUsed(1));
   EXPECT_EQ(gif.getLocalPalette(1), gif.getGlobalPalette());
   EXPECT_TRUE(gif.LocalPaletteUsed(2) && gif.LocalPaletteSorted(2));
   EXPECT_EQ(gif.LocalPaletteColor(2, 1), rgb(8, 7, 6));
   EXPECT_EQ(gif.FrameTransparentColorIndex(2), 0) << "an index without its flag is not taken";
-  EXPECT_PICTURE(digits(gif.FrameDIBXOR(2)), ({"01", "10"}));
 }
 
 TEST(GifLoad, SeeThroughPixelsAreWhiteInTheMaskAndBlackInThePicture) {
