@@ -25,26 +25,15 @@ ReadPicture pngNatively(const std::filesystem::path& file, const ReadRequest& re
   read.fileDepth = png.BitsPerPixel();
   read.interlaced = png.Interlacing != 0;
   read.dib = png.takeDib();
+  if (read.dib.empty()) read.error = NoMemory;
   return read;
-}
-
-// Another depth or row order becomes 32 bits, bottom line first.
-bool bringTo32(clsDIB& dib) {
-  if (dib.empty() || dib.surface().depth() == 32) return !dib.empty();
-  clsDIB deep;
-  if (!deep.CreateBlankDIB(dib.DIBWidth(), dib.DIBHeight(), 32, kWhite)) return false;
-  clsDIB::PaintFromDIBtoDIB(dib, deep);
-  dib = std::move(deep);
-  return true;
 }
 
 }  // namespace
 
 ReadPicture png(const std::filesystem::path& file, const ReadRequest& request) {
   if (!request.native) return imagingService(file, request);
-  ReadPicture read = pngNatively(file, request);
-  if (read.error == None && !bringTo32(read.dib)) read.error = NoMemory;
-  return read;
+  return pngNatively(file, request);
 }
 
 }  // namespace ruvo::readers
