@@ -3,6 +3,7 @@
 
 #include "formats/clsGIF.h"
 #include "formats/clsICO.h"
+#include "formats/format_table.h"
 #include "tool_fixture.h"
 
 namespace ruvo {
@@ -154,6 +155,18 @@ TEST_F(ToolPictures, ConvertsBetweenFormats) {
   EXPECT_THAT(out, HasSubstr("hot spot 1 0")) << "a cursor keeps its hot spot";
   EXPECT_EQ(run({"convert", "@soft.png", "@o.rgba"}), 0);
   EXPECT_EQ(bytesOf("o.rgba"), std::string("\0\0\0\0\xFF\0\0\xFF", 8));
+}
+
+TEST_F(ToolPictures, WritesEveryFormatThatHasASaveFilter) {
+  putPng("in.png", dibOf({"rb"}, kInk));
+  for (const FormatRow& row : formatTable()) {
+    std::string name = "o";
+    name += row.extensions.substr(0, row.extensions.find('/'));
+    EXPECT_EQ(run({"convert", "@in.png", "@" + name}), row.saveFilter.empty() ? 1 : 0) << name;
+    if (!row.saveFilter.empty()) {
+      EXPECT_THAT(decoded(name), ElementsAre(StartsWith("2x1 "))) << name;
+    }
+  }
 }
 
 TEST_F(ToolPictures, RefusesWhatAFormatCanNotHold) {
