@@ -143,7 +143,7 @@ class Encoder {
 
  private:
   static constexpr std::uint32_t kNoKey = 0xFFFFFFFF;
-  static constexpr int kTableBits = 15;
+  static constexpr int kTableBits = 16;
   static constexpr std::uint32_t kTableSize = 1U << kTableBits;
 
   // The code of the string with one more pixel when there is one. Otherwise the longer one is added, and the next one
