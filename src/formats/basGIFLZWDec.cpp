@@ -213,7 +213,8 @@ class SoundDecoder {
 };
 
 // Any stream, pixel by pixel. A code that does not stand in the table yet repeats the last string, and the table keeps
-// what it held before a clear code, so a string may lead anywhere; a ring of them fills the stack and ends the decoding.
+// what it held before a clear code, so a string may lead anywhere; a ring of them fills the stack and ends the
+// decoding.
 class DamagedDecoder {
  public:
   void run(raster::Surface& surface, bool interlaced, Stream stream) {

@@ -70,8 +70,8 @@ Pixel32 colourOf(const std::uint8_t* bytes, std::size_t count) {
   return {channel(0), channel(5), channel(10), 0};
 }
 
-// The colours of 8-bit pixels; the reader stands at the map and goes behind it. Nothing when the map is not all there or
-// of an unknown kind.
+// The colours of 8-bit pixels; the reader stands at the map and goes behind it. Nothing when the map is not all there
+// or of an unknown kind.
 std::optional<Table> readTable(ByteReader& reader, const Header& header) {
   const auto map = reader.take(header.mapBytes());
   Table table{};

@@ -41,7 +41,8 @@ Bytes threeBits(std::initializer_list<unsigned> codes) {
   return bits.bytes();
 }
 
-// Pictures of every kind: noise (the table fills and is cleared), dither, flat parts, runs that the table holds in long strings.
+// Pictures of every kind: noise (the table fills and is cleared), dither, flat parts, runs that the table holds in long
+// strings.
 clsDIB somePicture(std::mt19937& random, int bits) {
   const int width = 1 + static_cast<int>(random() % 150);
   const int height = 1 + static_cast<int>(random() % (random() % 3 ? 120 : 6));  // few lines are not interlaced
