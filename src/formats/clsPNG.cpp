@@ -1,6 +1,7 @@
 #include "formats/clsPNG.h"
 
-#include <bit>
+#include <algorithm>
+#include <cstdint>
 
 #include "formats/clsPNG_Private.h"
 #include "platform/raster/blit.h"
@@ -101,10 +102,10 @@ void clsPNG::DrawPNG(raster::Surface& Target, int X, int Y, int W, int H) const 
 }
 
 int clsPNG::Width() const {
-  return std::bit_cast<std::int32_t>(state_->header.width);
+  return static_cast<int>(std::min<std::uint32_t>(state_->header.width, INT32_MAX));
 }
 int clsPNG::Height() const {
-  return std::bit_cast<std::int32_t>(state_->header.height);
+  return static_cast<int>(std::min<std::uint32_t>(state_->header.height, INT32_MAX));
 }
 int clsPNG::BitDepth() const {
   return state_->header.depth;

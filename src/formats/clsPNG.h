@@ -66,7 +66,8 @@ class clsPNG {
   clsPNG();
   ~clsPNG();
 
-  // --- Reading. Answers a PngOpenCode. A size that is refused is still in Width() and Height().
+  // --- Reading. Answers a PngOpenCode. A size that is refused is still in Width() and Height(), which do not pass the
+  // largest int.
   int OpenPNG(const std::filesystem::path& FileName);
   // PNG data from elsewhere: an entry of an icon file. The bytes are not needed afterwards. Unlike a file they may be
   // shorter than 100 bytes.
@@ -121,7 +122,7 @@ class clsPNG {
   void forgetFile();
   int openFile(const std::filesystem::path& file, std::vector<std::string>* chunkLines, bool pixels);
   int readAll(std::span<const std::uint8_t> bytes, std::vector<std::string>* chunkLines, bool pixels);
-  int readChunks(std::span<const std::uint8_t> bytes, std::vector<std::string>* chunkLines);
+  int ReadChunks(std::span<const std::uint8_t> bytes, std::vector<std::string>* chunkLines);
   int takeChunk(std::string_view name, std::span<const std::uint8_t> data);
   void takeText(std::string_view name, std::span<const std::uint8_t> data);
   void settleColours();

@@ -16,11 +16,19 @@ namespace {
 using Bytes = std::span<const std::uint8_t>;
 
 constexpr std::size_t kShortestFile = 100;
-// Most characters of inflated text that are kept of one file; no text for people comes near it.
+// Most bytes of texts, and of inflated ones, that are kept of one file; no text for people comes near it.
 constexpr std::size_t kMostText = std::size_t{1} << 24;
+
+// No background has more than three samples, no table more than 256 entries.
+constexpr std::size_t kMostBackground = 6;
+constexpr std::size_t kMostTransparency = 256;
 
 constexpr bool isLetter(std::uint8_t c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+Bytes atMost(Bytes bytes, std::size_t count) {
+  return bytes.first(std::min(bytes.size(), count));
 }
 
 std::string_view asText(Bytes bytes) {
@@ -129,7 +137,7 @@ int clsPNG::openBytes(Bytes bytes) {
 }
 
 int clsPNG::readAll(Bytes bytes, std::vector<std::string>* chunkLines, bool pixels) {
-  int code = readChunks(bytes, chunkLines);
+  int code = ReadChunks(bytes, chunkLines);
   if (code == kPngOpened) {
     settleColours();
     settleDepth();
@@ -139,7 +147,7 @@ int clsPNG::readAll(Bytes bytes, std::vector<std::string>* chunkLines, bool pixe
   return state_->error = code;
 }
 
-int clsPNG::readChunks(Bytes bytes, std::vector<std::string>* chunkLines) {
+int clsPNG::ReadChunks(Bytes bytes, std::vector<std::string>* chunkLines) {
   ByteReader reader(bytes);
   const Bytes signature = reader.take(png::kSignature.size());
   if (!std::equal(signature.begin(), signature.end(), png::kSignature.begin(), png::kSignature.end())) {
@@ -175,9 +183,11 @@ int clsPNG::takeChunk(std::string_view name, Bytes data) {
   } else if (name == "IEND") {
     ++s.ends;
   } else if (name == "bKGD") {
-    s.background.assign(data.begin(), data.end());
+    const Bytes used = atMost(data, kMostBackground);
+    s.background.assign(used.begin(), used.end());
   } else if (name == "tRNS") {
-    s.transparency.assign(data.begin(), data.end());
+    const Bytes used = atMost(data, kMostTransparency);
+    s.transparency.assign(used.begin(), used.end());
   } else if (name == "gAMA") {
     s.gamma = ByteReader(data).u32be();
   } else if (name == "tIME") {
@@ -190,7 +200,8 @@ int clsPNG::takeChunk(std::string_view name, Bytes data) {
 
 void clsPNG::takeText(std::string_view name, Bytes data) {
   if (name == "tEXt") {
-    std::string text = utf8FromLatin1(data);
+    if (CommentText.size() >= kMostText) return;
+    std::string text = utf8FromLatin1(atMost(data, kMostText));
     std::replace(text.begin(), text.end(), '\0', ' ');
     join(CommentText, text);
     return;

@@ -55,8 +55,9 @@ Header readHeader(ByteReader& reader) {
   header.mapBits = reader.u8();
   const int left = reader.u16(), bottom = reader.u16();
   header.lineWidth = reader.u16();
-  header.width = header.lineWidth - left;
-  header.height = reader.u16() - bottom;
+  // As 16 bits without a sign: an origin beyond the size gives one that no line has.
+  header.width = static_cast<std::uint16_t>(header.lineWidth - left);
+  header.height = static_cast<std::uint16_t>(reader.u16() - bottom);
   header.bits = reader.u8();
   reader.skip(1);
   return header;
@@ -181,8 +182,8 @@ bool clsTGA::loadBytes(std::span<const std::uint8_t> file) {
   reader.skip(static_cast<std::size_t>(header.idBytes));
   const auto table = readTable(reader, header);
   clsDIB dib;
-  if (!table || !header.depthKnown() || !pictureSizeAllowed(width_, height_) || !enough(header, reader.left()) ||
-      !dib.CreateBlankDIB(width_, height_, 32, kBlack)) {
+  if (!table || !header.depthKnown() || !pictureSizeAllowed(width_, height_) || width_ > header.lineWidth ||
+      !enough(header, reader.left()) || !dib.CreateBlankDIB(width_, height_, 32, kBlack)) {
     return false;
   }
   PixelDecoder pixels(reader, header, *table);

@@ -16,16 +16,18 @@ namespace {
 using imaging::FileKind;
 
 constexpr int kLowestJpegQuality = 70;
+constexpr int kUsualJpegQuality = 75;
 
 struct MimeRow {
   std::string_view type;
   FileKind kind;
+  EncoderFormat format;
 };
 constexpr std::array kMimeTable = {
-    MimeRow{kMimeGif, FileKind::Gif},
-    MimeRow{kMimeJpeg, FileKind::Jpeg},
-    MimeRow{kMimePng, FileKind::Png},
-    MimeRow{kMimeTiff, FileKind::Tiff},
+    MimeRow{kMimeGif, FileKind::Gif, kEncodeGif},
+    MimeRow{kMimeJpeg, FileKind::Jpeg, kEncodeJpeg},
+    MimeRow{kMimePng, FileKind::Png, kEncodePng},
+    MimeRow{kMimeTiff, FileKind::Tiff, kEncodeTiff},
 };
 
 const MimeRow* mimeRow(std::string_view type) {
@@ -40,11 +42,11 @@ bool encode(const clsDIB& dib, const std::filesystem::path& path, int format, in
     case kEncodeGif:
       return imaging::saveGif(dib.surface(), path);
     case kEncodeJpeg:
-      return imaging::saveJpeg(dib.surface(), path, parameter);
+      return imaging::saveJpeg(dib.surface(), path, parameter == 0 ? kUsualJpegQuality : parameter);
     case kEncodePng:
       return imaging::savePng(dib.surface(), path, dib.DIBhasAlpha());
     case kEncodeTiff:
-      return imaging::saveTiff(dib.surface(), path, parameter, dib.DIBhasAlpha());
+      return imaging::saveTiff(dib.surface(), path, parameter == 0 ? dib.DIBbpp() : parameter, dib.DIBhasAlpha());
     default:
       return false;
   }
@@ -86,13 +88,14 @@ bool IsFormatLoadable(const std::filesystem::path& FileName, std::string_view Mi
 }
 
 // The service reads and writes the same four, GIF when it was given the encoder.
-bool hasEncoder(std::string_view MimeType) {
-  const MimeRow* row = mimeRow(MimeType);
-  return row && (row->kind != FileKind::Gif || imaging::hasGifEncoder());
+std::optional<EncoderFormat> GetEncoderClsid(std::string_view MimeType) {
+  const auto format = GetDecoderClsid(MimeType);
+  return format == kEncodeGif && !imaging::hasGifEncoder() ? std::nullopt : format;
 }
 
-bool hasDecoder(std::string_view MimeType) {
-  return mimeRow(MimeType) != nullptr;
+std::optional<EncoderFormat> GetDecoderClsid(std::string_view MimeType) {
+  const MimeRow* row = mimeRow(MimeType);
+  return row ? std::optional(row->format) : std::nullopt;
 }
 
 bool ResizeDIBQuality(clsDIB& Dib, int NewWidth, int NewHeight, bool HighQuality) {

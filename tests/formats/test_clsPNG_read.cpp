@@ -198,8 +198,8 @@ TEST(PngRead, HeadersThatAreNotAllowedStillTellTheSize) {
     parts.header = header;
     clsPNG png;
     const int result = png.openBytes(parts.bytes());
-    EXPECT_EQ(static_cast<std::uint32_t>(png.Width()), header.width);
-    EXPECT_EQ(static_cast<std::uint32_t>(png.Height()), header.height);
+    EXPECT_EQ(png.Width(), static_cast<int>(std::min<std::uint32_t>(header.width, INT32_MAX)));
+    EXPECT_EQ(png.Height(), static_cast<int>(std::min<std::uint32_t>(header.height, INT32_MAX)));
     return result;
   };
   for (const Header& header :

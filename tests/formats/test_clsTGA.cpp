@@ -82,7 +82,8 @@ TEST(TGA, PacketsCrossLinesAndEndWithThePicture) {
 TEST(TGA, TheOriginIsTakenOffTheSize) {
   EXPECT_PICTURE(loaded(tga(3, 8, {3, 3}, {0, 7, 255, 7, 255, 0, 0, 0, 0}, {}, {1, 1})), {"g.", "#g"});
   EXPECT_EQ(refused(tga(2, 24, {2, 1}, kRedAndThird, {}, {2, 0})), Size3(true, 0, 1));
-  EXPECT_EQ(refused(tga(2, 24, {2, 1}, kRedAndThird, {}, {0, 2})), Size3(true, 2, -1));
+  EXPECT_EQ(refused(tga(2, 24, {2, 1}, kRedAndThird, {}, {0, 2})), Size3(true, 2, 65535));
+  EXPECT_EQ(refused(tga(2, 24, {2, 1}, Bytes(50), {}, {65530, 0})), Size3(true, 8, 1));  // past the lines' end
 }
 
 TEST(TGA, WhatIsRefusedStillTellsItsSize) {

@@ -28,7 +28,7 @@ class GDIProc : public testing::Test {
 
 TEST_F(GDIProc, EncodersAreChosenByNumber) {
   const clsDIB dib = noisy();
-  EXPECT_TRUE(SaveDIBWithEncoder(test::plainDib(5, 4, kWhite, 8), folder_ / "1", kEncodeGif));
+  EXPECT_TRUE(SaveDIBWithEncoder(dib, folder_ / "1", kEncodeGif));
   EXPECT_TRUE(SaveDIBWithEncoder(dib, folder_ / "2", kEncodeJpeg, 85));
   EXPECT_TRUE(SaveDIBWithEncoder(dib, folder_ / "3", kEncodePng));
   EXPECT_TRUE(SaveTIFFWithDepth(dib, folder_ / "4", 24));
@@ -39,12 +39,17 @@ TEST_F(GDIProc, EncodersAreChosenByNumber) {
     for (int mime = 1; mime <= 4; ++mime) EXPECT_EQ(IsFormatLoadable(path, mimes[mime - 1]), mime == file);
   }
   for (const int format : {-1, 0, 5}) EXPECT_FALSE(SaveDIBWithEncoder(dib, folder_ / "none", format, 85));
-  EXPECT_FALSE(SaveDIBWithEncoder(dib, folder_ / "none", kEncodeGif));  // needs 8 bits
   EXPECT_EQ(folder_.names().size(), 4u);
   replaceFile(folder_ / "bad.jpg", std::vector<std::uint8_t>{0xFF, 0xD8, 0xFF, 0xD9});
   EXPECT_FALSE(IsFormatLoadable(folder_ / "bad.jpg", kMimeJpeg));
-  EXPECT_TRUE(hasEncoder(kMimePng) && hasDecoder(kMimeGif));
-  EXPECT_FALSE(hasEncoder("image/bmp") || hasDecoder("image/webp"));
+  EXPECT_EQ(GetEncoderClsid(kMimePng), kEncodePng);
+  EXPECT_EQ(GetDecoderClsid(kMimeGif), kEncodeGif);
+  EXPECT_FALSE(GetEncoderClsid("image/bmp") || GetDecoderClsid("image/webp"));
+  // Without a parameter: a usual quality, the surface's depth.
+  EXPECT_TRUE(SaveDIBWithEncoder(dib, folder_ / "2", kEncodeJpeg));
+  EXPECT_GT(std::filesystem::file_size(folder_ / "2"), 1000u);
+  EXPECT_TRUE(SaveDIBWithEncoder(dib, folder_ / "4", kEncodeTiff));
+  EXPECT_EQ(imaging::LoadImageThroughGDIPlus(folder_ / "4").fileDepth, 32);
 }
 
 TEST_F(GDIProc, QualityHasAFloorOnlyInItsOwnOperation) {
@@ -68,7 +73,7 @@ TEST_F(GDIProc, NothingHappensWithoutTheService) {
   for (const int format : {1, 2, 3, 4}) EXPECT_FALSE(SaveDIBWithEncoder(dib, folder_ / "new", format, 24));
   EXPECT_FALSE(SaveJPEGWithQuality(dib, folder_ / "new", 90));
   EXPECT_FALSE(IsFormatLoadable(folder_ / "a.png", kMimePng));
-  EXPECT_FALSE(hasEncoder(kMimePng) || hasDecoder(kMimePng));
+  EXPECT_FALSE(GetEncoderClsid(kMimePng) || GetDecoderClsid(kMimePng));
   EXPECT_FALSE(ResizeDIBQuality(dib, 10, 10, true));
   EXPECT_EQ(dib.DIBWidth(), 64);
   EXPECT_EQ(folder_.names(), std::vector<std::string>{"a.png"});
@@ -77,12 +82,11 @@ TEST_F(GDIProc, NothingHappensWithoutTheService) {
 TEST_F(GDIProc, WithoutAnEncoderThereIsNoGif) {
   const clsDIB dib = test::plainDib(5, 4, kWhite, 8);
   imaging::setGifEncoder(nullptr);
-  EXPECT_FALSE(hasEncoder(kMimeGif));
-  EXPECT_TRUE(hasEncoder(kMimePng) && hasDecoder(kMimeGif));
+  EXPECT_FALSE(GetEncoderClsid(kMimeGif));
+  EXPECT_TRUE(GetEncoderClsid(kMimePng) && GetDecoderClsid(kMimeGif));
   EXPECT_FALSE(SaveDIBWithEncoder(dib, folder_ / "a.gif", kEncodeGif));
   EXPECT_TRUE(folder_.names().empty());
   registerFormatCodecs();
-  EXPECT_TRUE(hasEncoder(kMimeGif));
   EXPECT_TRUE(SaveDIBWithEncoder(dib, folder_ / "a.gif", kEncodeGif));
 }
 

@@ -25,8 +25,8 @@ FileKind kindOf(std::span<const std::uint8_t> firstBytes);
 LoadResult readJpeg(ByteSource& source, std::int64_t maxPixels = kMaxPicturePixels);
 // PNG of every colour type: 32-bit surface, straight alpha when the file has an alpha channel or a tRNS chunk.
 LoadResult readPng(ByteSource& source, std::int64_t maxPixels = kMaxPicturePixels);
-// The first page of a TIFF, turned upright by its Orientation: 32-bit surface, straight alpha when ExtraSamples says
-// so.
+// The first page of a TIFF as it is stored, whatever its Orientation (no loader here turns a picture by that): 32-bit
+// surface, straight alpha when ExtraSamples says so.
 LoadResult readTiff(ByteSource& source, std::int64_t maxPixels = kMaxPicturePixels);
 // A GIF's first frame on its logical screen: 32-bit surface, byte 3 zero.
 LoadResult readGif(ByteSource& source, std::int64_t maxPixels = kMaxPicturePixels);

@@ -24,7 +24,8 @@ std::vector<std::uint8_t> pngBytes(const raster::Surface& surface, bool hasAlpha
 // diffusion.
 bool saveTiff(const raster::Surface& surface, const std::filesystem::path& path, int depth, bool hasAlpha);
 
-// GIF: surfaces of 8 bits or fewer with their table; deeper ones are refused, and all while no encoder is set.
+// GIF: surfaces of 8 bits or fewer with their table, deeper ones reduced to 8 bits as for TIFF; none while no encoder is
+// set.
 bool saveGif(const raster::Surface& surface, const std::filesystem::path& path);
 
 // What does the writing: it gets a surface of 8 bits or fewer and keeps the promises above. Set once, before the

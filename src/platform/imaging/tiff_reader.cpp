@@ -1,7 +1,6 @@
 // The first page of a TIFF. Grey, colour, palette and ink pictures of any sample depth are unpacked here, rows straight
 // from the strips or tiles; what needs colour science (YCbCr, L*a*b*, LogLuv) goes through libtiff's own conversion.
 #include "platform/imaging/codecs.h"
-#include "platform/imaging/orientation.h"
 #include "platform/imaging/pixel_rows.h"
 #include "platform/imaging/tiff_file.h"
 #include "platform/imaging/tiff_samples.h"
@@ -21,7 +20,6 @@ struct Page {
   std::uint16_t samples = 1;
   std::uint16_t sampleFormat = SAMPLEFORMAT_UINT;
   std::uint16_t planar = PLANARCONFIG_CONTIG;
-  std::uint16_t orientation = ORIENTATION_TOPLEFT;
   TiffAlpha alpha = TiffAlpha::None;
   bool tiled = false;
 };
@@ -46,7 +44,6 @@ bool readPage(TIFF* tiff, Page& page) {
   TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLESPERPIXEL, &page.samples);
   TIFFGetFieldDefaulted(tiff, TIFFTAG_SAMPLEFORMAT, &page.sampleFormat);
   TIFFGetFieldDefaulted(tiff, TIFFTAG_PLANARCONFIG, &page.planar);
-  TIFFGetFieldDefaulted(tiff, TIFFTAG_ORIENTATION, &page.orientation);
   page.tiled = TIFFIsTiled(tiff) != 0;
   if (!TIFFGetField(tiff, TIFFTAG_PHOTOMETRIC, &page.photometric)) {
     std::uint16_t compression = COMPRESSION_NONE;
@@ -288,9 +285,8 @@ LoadResult readTiff(ByteSource& source, std::int64_t maxPixels) {
   if (!tiff || !readPage(tiff.get(), page)) return refused(LoadError::Broken);
   LoadResult result;
   result.error = LoadError::Broken;
-  const bool swapped = swapsSides(page.orientation);
-  result.width = static_cast<int>(std::min<std::uint32_t>(swapped ? page.height : page.width, INT32_MAX));
-  result.height = static_cast<int>(std::min<std::uint32_t>(swapped ? page.width : page.height, INT32_MAX));
+  result.width = static_cast<int>(std::min<std::uint32_t>(page.width, INT32_MAX));
+  result.height = static_cast<int>(std::min<std::uint32_t>(page.height, INT32_MAX));
   result.fileDepth = page.bits * page.samples;
   if (page.width == 0 || page.height == 0) return result;
   if (!sizeAllowed(page.width, page.height, maxPixels)) {
@@ -304,10 +300,6 @@ LoadResult readTiff(ByteSource& source, std::int64_t maxPixels) {
   }
   bool alpha = false;
   if (!readPixels(tiff.get(), page, surface, alpha)) return result;
-  if (!turnUpright(surface, page.orientation)) {
-    result.error = LoadError::NoMemory;
-    return result;
-  }
   result.error = LoadError::None;
   result.picture = Picture::ofBitmap(std::move(surface), alpha);
   return result;

@@ -217,18 +217,13 @@ TEST(TiffReader, AlphaIsWhatTheFileCallsAlpha) {
   EXPECT_EQ(pixelAt(rgba(2, 200), 0, 0), (Pixel32{0, 0, 200, 128}));
 }
 
-TEST(TiffReader, OrientationTurnsThePictureUpright) {
-  // Where the stored top left pixel is seen, by orientation 1 to 8, in a picture stored 5 wide and 3 high.
-  const Point seenAt[] = {{0, 0}, {4, 0}, {4, 2}, {0, 2}, {0, 0}, {2, 0}, {2, 4}, {0, 4}};
-  // And the pixel to its right.
-  const Point nextAt[] = {{1, 0}, {3, 0}, {3, 2}, {1, 2}, {0, 1}, {2, 1}, {2, 3}, {0, 3}};
-  for (int orientation = 1; orientation <= 8; ++orientation) {
+TEST(TiffReader, ThePictureIsNotTurnedByItsOrientation) {
+  for (const int orientation : {3, 6}) {
     const LoadResult result =
         read(readTiff, test::makeTiff({.orientation = orientation}, [](int x, int y, int) { return 10 * x + y + 1; }));
-    EXPECT_EQ(result.picture.width, orientation <= 4 ? 5 : 3);
-    EXPECT_EQ(result.width, result.picture.width);
-    EXPECT_EQ(pixelAt(result, seenAt[orientation - 1].x, seenAt[orientation - 1].y).red, 1) << orientation;
-    EXPECT_EQ(pixelAt(result, nextAt[orientation - 1].x, nextAt[orientation - 1].y).red, 11) << orientation;
+    EXPECT_EQ(result.width, 5);
+    EXPECT_EQ(result.picture.width, 5);
+    EXPECT_EQ(pixelAt(result, 4, 2).red, 43);
   }
 }
 
