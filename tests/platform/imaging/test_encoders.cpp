@@ -76,7 +76,7 @@ TEST_F(Encoders, SurfacesOfEveryDepthAreTaken) {
     ASSERT_TRUE(saveTiff(surface, path_, 8, false));
     EXPECT_EQ(farthest(wanted), 0) << depth;
     ASSERT_TRUE(saveGif(surface, path_));
-    EXPECT_EQ(back().fileDepth, 8);
+    EXPECT_EQ(back().fileDepth, std::min(depth, 8));
     EXPECT_EQ(farthest(wanted), 0) << depth;
     EXPECT_TRUE(saveJpeg(surface, path_, 90));
   }
