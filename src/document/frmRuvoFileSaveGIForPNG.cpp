@@ -3,6 +3,8 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -51,7 +53,7 @@ QHBoxLayout* indented(std::initializer_list<QWidget*> widgets) {
 
 frmRuvoFileSaveGIForPNG::frmRuvoFileSaveGIForPNG(SavePanelMode mode, const clsDIB& picture, const QString& proposed,
                                                  QWidget* parent)
-    : QDialog(parent), mode_(mode) {
+    : QDialog(parent), mode_(mode), folder_(QFileInfo(proposed).path()) {
   setObjectName(QStringLiteral("frmRuvoFileSaveGIForPNG"));
   setWindowTitle(mode == SavePanelMode::Gif ? tr("Save As GIF") : tr("Save As PNG"));
 
@@ -119,7 +121,8 @@ QWidget* frmRuvoFileSaveGIForPNG::buildGifFrame() {
   transparentColour_ = new ColorSwatch(QStringLiteral("picGIFtranspColor"), kWhite, frame);
   interlaced_ = checkBox("ckbGIFinterlaced", tr("Set Interlaced"), frame);
   column->addWidget(transparency_);
-  column->addLayout(indented({transparentColour_, new QLabel(tr("(Right click on image to  change)"), frame)}));
+  hint_ = new QLabel(tr("(Right click on image to  change)"), frame);
+  column->addLayout(indented({transparentColour_, hint_}));
   column->addWidget(interlaced_);
   connect(transparency_, &QCheckBox::toggled, this, &frmRuvoFileSaveGIForPNG::showEnabled);
   return frame;
@@ -181,9 +184,14 @@ void frmRuvoFileSaveGIForPNG::addTransparencyRows(QVBoxLayout* column) {
   column->addLayout(indented({kind_->button(kAlphaValues)}));
   column->addLayout(indented({opacityLabel_, opacity_}));
   column->addLayout(indented({exclude_, excluded_}));
-  column->addLayout(indented({new QLabel(tr("(Right click on image to  change)"), frame)}));
+  hint_ = new QLabel(tr("(Right click on image to  change)"), frame);
+  column->addLayout(indented({hint_}));
   // Alpha values need a fourth channel.
-  if (mode_ == SavePanelMode::PngPaletted) kind_->button(kAlphaValues)->hide();
+  if (mode_ == SavePanelMode::PngPaletted) {
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{kind_->button(kAlphaValues), opacityLabel_, opacity_, exclude_, excluded_})
+      widget->hide();
+  }
   connect(transparency_, &QCheckBox::toggled, this, &frmRuvoFileSaveGIForPNG::showEnabled);
   connect(kind_, &QButtonGroup::idToggled, this, [this] {
     if (transparency_->isChecked() && kind_->checkedId() == kAlphaValues) bitsPerPixel_->setCurrentText("32");
@@ -222,6 +230,7 @@ void frmRuvoFileSaveGIForPNG::showEnabled() {
   const bool transparent = transparency_->isChecked();
   if (mode_ == SavePanelMode::Gif) {
     transparentColour_->setEnabled(transparent);
+    hint_->setEnabled(transparent);
     return;
   }
   const bool alpha = transparent && kind_->checkedId() == kAlphaValues;
@@ -233,6 +242,7 @@ void frmRuvoFileSaveGIForPNG::showEnabled() {
   opacity_->setEnabled(alpha);
   exclude_->setEnabled(alpha);
   excluded_->setEnabled(alpha && exclude_->isChecked());
+  hint_->setEnabled(transparentColour_->isEnabled() || excluded_->isEnabled());
 }
 
 // The colour goes where the choices want one now.
@@ -280,7 +290,9 @@ void frmRuvoFileSaveGIForPNG::accept() {
     if (saveTo_->text().isEmpty()) return;
   }
   const Format format = mode_ == SavePanelMode::Gif ? Format::Gif : Format::Png;
-  const QString path = QString::fromStdString(pathWithExtension(format, saveTo_->text().toStdString()));
+  // A bare name goes beside the proposed file, not into the folder that the program was started from.
+  const QString typed = QDir(folder_).absoluteFilePath(saveTo_->text());
+  const QString path = QString::fromStdString(pathWithExtension(format, typed.toStdString()));
   const std::filesystem::path file = pathOf(path.toStdString());
   if (isReadOnlyHiddenOrSystem(file)) {
     desktop::desktop().message(this, QString::fromLatin1(kFileReadOnly), desktop::Icon::Exclamation);

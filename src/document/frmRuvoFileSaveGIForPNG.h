@@ -48,6 +48,7 @@ class frmRuvoFileSaveGIForPNG : public QDialog {
   void showEnabled();
 
   const SavePanelMode mode_;
+  const QString folder_;  // of the proposed file
   QString path_;
   QString agreed_;  // a path that the file picker gave, so that replacing it is agreed on
   Point transparentPixel_;
@@ -65,6 +66,7 @@ class frmRuvoFileSaveGIForPNG : public QDialog {
   QCheckBox* exclude_ = nullptr;
   ColorSwatch* excluded_ = nullptr;
   QWidget* backgroundButton_ = nullptr;
+  QLabel* hint_ = nullptr;  // how a colour is picked; enabled while one is wanted
 };
 
 }  // namespace ruvo

@@ -113,6 +113,10 @@ TEST_F(SavePanelTest, NothingIsReplacedUnasked) {
   click("cmdFileSaveOptions(0)");
   EXPECT_EQ(saved.size(), 3);
   open(SavePanelMode::Gif, "d.gif");
+  child<QLineEdit>("txbSaveTo").setText("bare");
+  click("cmdFileSaveOptions(0)");
+  EXPECT_EQ(panel->path().toStdString(), (folder / "bare.gif").string()) << "beside the proposed file";
+  open(SavePanelMode::Gif, "d.gif");
   click("cmdFileSaveOptions(1)");
   EXPECT_TRUE(panel->path().isEmpty());
 }
