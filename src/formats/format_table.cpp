@@ -5,25 +5,22 @@
 
 #include "base/letter_case.h"
 #include "formats/picture_readers.h"
-#include "image/basGDIProc.h"
 
 namespace ruvo {
 namespace {
 
 constexpr FormatRow kTable[] = {
-    {Format::Bmp, "BMP", "Bitmap", ".bmp", "(*.bmp)|*.bmp|", "", false, false, readers::classic},
-    {Format::Gif, "GIF", "GIF", ".gif", "(*.gif)|*.gif", kMimeGif, false, false, readers::gif},
-    {Format::Jpeg, "JPEG", "JPEG", ".jpg/.jpeg", "(*.jpg, *.jpeg)|*.jpg;*.jpeg|", kMimeJpeg, false, false,
-     readers::classic},
-    {Format::Wmf, "WMF", "Metafile", ".wmf", "", "", false, false, readers::classic},
-    {Format::Emf, "EMF", "Metafile", ".emf", "", "", false, false, readers::classic},
-    {Format::Png, "PNG", "PNG", ".png", "(*.png)|*.png|", kMimePng, true, true, readers::png},
-    {Format::Tiff, "TIFF", "TIFF", ".tif/.tiff", "(*.tif;*.tiff)|*.tif;*.tiff|", kMimeTiff, true, true,
-     readers::imagingService},
-    {Format::Tga, "TGA", "Targa", ".tga", "(*.tga)|*.tga|", "", false, false, readers::tga},
-    {Format::Pcx, "PCX", "PCX", ".pcx", "(*.pcx)|*.pcx|", "", false, false, readers::pcx},
-    {Format::Ico, "ICO", "Icon", ".ico", "(*.ico)|*.ico|", "", false, false, readers::icon},
-    {Format::Cur, "CUR", "Cursor", ".cur", "(*.cur)|*.cur|", "", false, false, readers::cursor},
+    {Format::Bmp, "BMP", "Bitmap", ".bmp", "(*.bmp)|*.bmp|", false, false, readers::classic},
+    {Format::Gif, "GIF", "GIF", ".gif", "(*.gif)|*.gif", false, false, readers::gif},
+    {Format::Jpeg, "JPEG", "JPEG", ".jpg/.jpeg", "(*.jpg, *.jpeg)|*.jpg;*.jpeg|", false, false, readers::classic},
+    {Format::Wmf, "WMF", "Metafile", ".wmf", "", false, false, readers::classic},
+    {Format::Emf, "EMF", "Metafile", ".emf", "", false, false, readers::classic},
+    {Format::Png, "PNG", "PNG", ".png", "(*.png)|*.png|", true, true, readers::png},
+    {Format::Tiff, "TIFF", "TIFF", ".tif/.tiff", "(*.tif;*.tiff)|*.tif;*.tiff|", true, true, readers::imagingService},
+    {Format::Tga, "TGA", "Targa", ".tga", "(*.tga)|*.tga|", false, false, readers::tga},
+    {Format::Pcx, "PCX", "PCX", ".pcx", "(*.pcx)|*.pcx|", false, false, readers::pcx},
+    {Format::Ico, "ICO", "Icon", ".ico", "(*.ico)|*.ico|", false, false, readers::icon},
+    {Format::Cur, "CUR", "Cursor", ".cur", "(*.cur)|*.cur|", false, false, readers::cursor},
 };
 
 // Whether `list` (names with slashes between) has exactly this name.

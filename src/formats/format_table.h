@@ -53,7 +53,6 @@ struct FormatRow {
   std::string_view family;      // of its group in the open dialog
   std::string_view extensions;  // lower case with dots, the usual one first: ".jpg/.jpeg"
   std::string_view saveFilter;  // of the save dialog; empty when the program does not write the format
-  std::string_view mimeType;    // empty when the imaging service does not know it
   bool readNeedsImaging;        // refused in words when the imaging service is not usable
   bool writeNeedsImaging;
   // How a file of the format is read: its (first) picture. Null for a format without a reader.
