@@ -74,12 +74,11 @@ void sample(const ImagePart& part, const Placement& to, Layer& layer) {
     layer.pixels.clear();
     return;
   }
-  raster::Surface deep;
-  if (part.bitmap.depth() != 32) {
-    if (!deep.create(part.bitmap.width(), part.bitmap.height(), 32)) return layer.pixels.clear();
-    raster::blit(deep, 0, 0, part.bitmap);
-  }
-  const raster::Surface& bitmap = deep.empty() ? part.bitmap : deep;
+  const raster::Surface& bitmap = part.bitmap;
+  const auto pixelOf = [&](int x, int y) {
+    if (bitmap.depth() == 32) return reinterpret_cast<const Pixel32*>(bitmap.pictureRow(y))[x];
+    return Pixel32::plain(raster::getPixel(bitmap, x, y));
+  };
   layer.open.assign(static_cast<std::size_t>(layer.box.width()) * static_cast<std::size_t>(layer.box.height()), true);
   std::size_t at = 0;
   for (int y = layer.box.top; y < layer.box.bottom; ++y) {
@@ -89,8 +88,7 @@ void sample(const ImagePart& part, const Placement& to, Layer& layer) {
       if (!(unit.x >= 0 && unit.x < 1 && unit.y >= 0 && unit.y < 1)) continue;
       const double sx = std::floor(part.x + unit.x * part.width), sy = std::floor(part.y + unit.y * part.height);
       if (!(sx >= 0 && sy >= 0 && sx < bitmap.width() && sy < bitmap.height())) continue;
-      row[x - layer.box.left] =
-          reinterpret_cast<const Pixel32*>(bitmap.pictureRow(static_cast<int>(sy)))[static_cast<int>(sx)];
+      row[x - layer.box.left] = pixelOf(static_cast<int>(sx), static_cast<int>(sy));
       layer.open[at] = false;
     }
   }
@@ -102,15 +100,29 @@ Layer layerOf(Device& device, const ImagePart& part, const Placement& to, raster
     layer.pixels.clear();
     return layer;
   }
-  const double source = static_cast<double>(part.bitmap.width()) * part.bitmap.height();
-  if (!device.charge(4 * source)) {
-    layer.pixels.clear();
-  } else if (to.upright() && insideBitmap(part)) {
+  if (to.upright() && insideBitmap(part)) {
     raster::stretchBlit(layer.pixels, targetOf(to, {layer.box.left, layer.box.top}), part.bitmap, sourceOf(part), mode);
   } else {
     sample(part, to, layer);
   }
   return layer;
+}
+
+// Works through the target in bands of rows, so that what is combined never takes the room of a second picture.
+template <typename Draw>
+void inBands(Device& device, const Placement& to, const raster::Surface* source, Draw draw) {
+  constexpr int kBandPixels = 1 << 20;
+  constexpr double kPerSourcePixel = 4;
+  const Rect whole = device.clipBox();
+  const Rect box = boxOf(to).intersected(whole);
+  const double sourcePixels = source ? static_cast<double>(source->width()) * source->height() : 0;
+  if (box.empty() || !device.charge(kPerSourcePixel * sourcePixels)) return;
+  const int rows = std::max(1, kBandPixels / box.width());
+  for (int y = box.top; y < box.bottom; y += rows) {
+    device.now().clip.box = {whole.left, y, whole.right, std::min(y + rows, box.bottom)};
+    draw();
+  }
+  device.now().clip.box = whole;
 }
 
 // Calls mix(destination, x, y) for every pixel of the layer's box that the clip shows and the layer covers.
@@ -187,14 +199,7 @@ bool drawDirect(Device& device, const ImagePart& part, const Placement& to, std:
   return true;
 }
 
-}  // namespace
-
-Placement placementOf(const Device& device, PointF at, PointF extent) {
-  return Affine{extent.x, 0, 0, extent.y, at.x, at.y}.then(device.toPixels());
-}
-
-void drawImage(Device& device, const ImagePart& part, const Placement& to, std::uint32_t rop) {
-  if (part.bitmap.empty() || drawDirect(device, part, to, rop)) return;
+void bandImage(Device& device, const ImagePart& part, const Placement& to, std::uint32_t rop) {
   const Layer layer = layerOf(device, part, to, device.now().stretchMode);
   if (layer.pixels.empty()) return;
   const raster::Surface pattern = usesPattern(rop) ? patternOver(device, layer.box) : raster::Surface();
@@ -207,7 +212,7 @@ void drawImage(Device& device, const ImagePart& part, const Placement& to, std::
   });
 }
 
-void drawPattern(Device& device, const Placement& to, std::uint32_t rop) {
+void bandPattern(Device& device, const Placement& to, std::uint32_t rop) {
   Layer layer;
   if (!prepare(device, to, layer)) return;
   if (usesPattern(rop)) layer.pixels = patternOver(device, layer.box);
@@ -217,7 +222,7 @@ void drawPattern(Device& device, const Placement& to, std::uint32_t rop) {
   });
 }
 
-void drawMasked(Device& device, const ImagePart& part, const raster::Surface& mask, Point maskAt, const Placement& to,
+void bandMasked(Device& device, const ImagePart& part, const raster::Surface& mask, Point maskAt, const Placement& to,
                 std::uint32_t set, std::uint32_t clear) {
   const Layer layer = layerOf(device, part, to, device.now().stretchMode);
   if (layer.pixels.empty() || mask.depth() != 1) return;
@@ -237,7 +242,7 @@ void drawMasked(Device& device, const ImagePart& part, const raster::Surface& ma
   });
 }
 
-void drawBlended(Device& device, const ImagePart& part, const Placement& to, int alpha, bool perPixel) {
+void bandBlended(Device& device, const ImagePart& part, const Placement& to, int alpha, bool perPixel) {
   const Layer layer = layerOf(device, part, to, raster::StretchMode::ColorOnColor);
   if (layer.pixels.empty()) return;
   eachPixel(device, layer, [&](Pixel32& d, int x, int y) {
@@ -250,13 +255,41 @@ void drawBlended(Device& device, const ImagePart& part, const Placement& to, int
   });
 }
 
-void drawKeyed(Device& device, const ImagePart& part, const Placement& to, Colour key) {
+void bandKeyed(Device& device, const ImagePart& part, const Placement& to, Colour key) {
   const Layer layer = layerOf(device, part, to, raster::StretchMode::ColorOnColor);
   if (layer.pixels.empty()) return;
   eachPixel(device, layer, [&](Pixel32& d, int x, int y) {
     const Pixel32 s = layer.row(y)[x - layer.box.left];
     if (s.colour() != key) d = Pixel32::plain(s.colour());
   });
+}
+
+}  // namespace
+
+Placement placementOf(const Device& device, PointF at, PointF extent) {
+  return Affine{extent.x, 0, 0, extent.y, at.x, at.y}.then(device.toPixels());
+}
+
+void drawImage(Device& device, const ImagePart& part, const Placement& to, std::uint32_t rop) {
+  if (part.bitmap.empty() || drawDirect(device, part, to, rop)) return;
+  inBands(device, to, &part.bitmap, [&] { bandImage(device, part, to, rop); });
+}
+
+void drawPattern(Device& device, const Placement& to, std::uint32_t rop) {
+  inBands(device, to, nullptr, [&] { bandPattern(device, to, rop); });
+}
+
+void drawMasked(Device& device, const ImagePart& part, const raster::Surface& mask, Point maskAt, const Placement& to,
+                std::uint32_t set, std::uint32_t clear) {
+  inBands(device, to, &part.bitmap, [&] { bandMasked(device, part, mask, maskAt, to, set, clear); });
+}
+
+void drawBlended(Device& device, const ImagePart& part, const Placement& to, int alpha, bool perPixel) {
+  inBands(device, to, &part.bitmap, [&] { bandBlended(device, part, to, alpha, perPixel); });
+}
+
+void drawKeyed(Device& device, const ImagePart& part, const Placement& to, Colour key) {
+  inBands(device, to, &part.bitmap, [&] { bandKeyed(device, part, to, key); });
 }
 
 }  // namespace ruvo::imaging::meta
