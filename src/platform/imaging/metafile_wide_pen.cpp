@@ -26,7 +26,8 @@ double dot(PointF a, PointF b) {
 // The union of the convex pieces that a stroke is made of.
 class Pieces {
  public:
-  Pieces(const Rect& area, const std::function<void(std::span<const raster::Span>)>& sink) : area_(area), sink_(sink) {}
+  Pieces(const Rect& area, int width, const std::function<void(std::span<const raster::Span>)>& sink)
+      : area_(area), disc_(raster::wholeEllipseRows(width, width)), sink_(sink) {}
   ~Pieces() { flush(); }
   Pieces(const Pieces&) = delete;
   Pieces& operator=(const Pieces&) = delete;
@@ -36,12 +37,16 @@ class Pieces {
     for (const PointF& p : corners) points.push_back(toPixel(p));
     add(raster::polygonSpans(points, raster::FillMode::Winding, area_.top, area_.bottom));
   }
-  void disc(PointF centre, double width) {
-    const int size = static_cast<int>(width);
-    const Point corner = toPixel(centre - PointF{width / 2, width / 2});
-    std::vector<raster::Span> spans = raster::ellipseSpans(corner.x, corner.y, size, size);
-    std::erase_if(spans, [&](const raster::Span& s) { return s.y < area_.top || s.y >= area_.bottom; });
-    add(spans);
+  // Of the pen's width. Only rows inside the area are looked at: the disc may be far larger.
+  void disc(PointF centre) {
+    const int size = static_cast<int>(disc_.size());
+    const Point corner = toPixel(centre - PointF{size / 2.0, size / 2.0});
+    const int top = std::max(corner.y, area_.top), bottom = std::min(corner.y + size, area_.bottom);
+    for (int y = top; y < bottom; ++y) {
+      const int inset = disc_[static_cast<std::size_t>(y - corner.y)];
+      spans_.push_back({y, corner.x + inset, corner.x + size - inset});
+    }
+    if (spans_.size() > kBatch) flush();
   }
 
  private:
@@ -56,6 +61,7 @@ class Pieces {
   }
 
   Rect area_;
+  std::vector<int> disc_;  // the left column of each row
   const std::function<void(std::span<const raster::Span>)>& sink_;
   std::vector<raster::Span> spans_;
 };
@@ -90,7 +96,7 @@ class Stroker {
   }
 
   void dotAt(PointF p) {
-    if (pen_.cap == Cap::Round) pieces_.disc(p, pen_.width);
+    if (pen_.cap == Cap::Round) pieces_.disc(p);
     if (pen_.cap == Cap::Square) {
       pieces_.polygon(
           {p + PointF{-half_, -half_}, p + PointF{half_, -half_}, p + PointF{half_, half_}, p + PointF{-half_, half_}});
@@ -100,8 +106,8 @@ class Stroker {
   void segment(PointF a, PointF b, bool starts, bool ends) {
     const PointF along = direction(a, b), across{-along.y * half_, along.x * half_};
     if (pen_.cap == Cap::Round) {
-      if (starts) pieces_.disc(a, pen_.width);
-      if (ends) pieces_.disc(b, pen_.width);
+      if (starts) pieces_.disc(a);
+      if (ends) pieces_.disc(b);
     } else if (pen_.cap == Cap::Square) {
       if (starts) a = a - along * half_;
       if (ends) b = b + along * half_;
@@ -110,7 +116,7 @@ class Stroker {
   }
 
   void corner(PointF a, PointF b, PointF c) {
-    if (pen_.join == Join::Round) return pieces_.disc(b, pen_.width);
+    if (pen_.join == Join::Round) return pieces_.disc(b);
     const PointF in = direction(a, b), out = direction(b, c);
     const double turn = cross(in, out), cosine = dot(in, out);
     if (std::abs(turn) < 1e-6 && cosine > 0) return;
@@ -137,7 +143,7 @@ class Stroker {
 
 void widePenSpans(const Subpath& line, const WidePen& pen, const Rect& area,
                   const std::function<void(std::span<const raster::Span>)>& sink) {
-  Pieces pieces(area, sink);
+  Pieces pieces(area, static_cast<int>(pen.width), sink);
   if (!line.points.empty()) Stroker(pieces, pen).line(line);
 }
 
