@@ -20,14 +20,9 @@ struct IcoData {
 
   Data bytes() const {
     ByteWriter out;
-    out.u32(40);
-    out.i32(width);
-    out.i32(height * 2);
-    out.u16(1);
-    out.u16(static_cast<std::uint16_t>(bits));
-    out.zeros(16);
-    out.u32(coloursUsed);
-    out.zeros(4);
+    for (const std::int64_t v : {40, width, height * 2, 1 | bits << 16, 0, 0, 0, 0, static_cast<int>(coloursUsed), 0}) {
+      out.u32(static_cast<std::uint32_t>(v));
+    }
     out.append(rest);
     return out.take();
   }
@@ -45,16 +40,13 @@ struct IcoEntry {
 
 inline Data icoFile(const std::vector<IcoEntry>& entries, int type = 1, int statedCount = -1) {
   ByteWriter out;
-  out.u16(0);
-  out.u16(static_cast<std::uint16_t>(type));
-  out.u16(static_cast<std::uint16_t>(statedCount < 0 ? entries.size() : statedCount));
+  const auto words = [&](std::initializer_list<std::int64_t> values) {
+    for (const std::int64_t v : values) out.u16(static_cast<std::uint16_t>(v));
+  };
+  words({0, type, statedCount < 0 ? static_cast<int>(entries.size()) : statedCount});
   std::size_t offset = 6 + 16 * entries.size();
   for (const IcoEntry& entry : entries) {
-    out.u8(static_cast<std::uint8_t>(entry.width));
-    out.u8(static_cast<std::uint8_t>(entry.height));
-    out.u16(0);
-    out.u16(static_cast<std::uint16_t>(entry.firstWord));
-    out.u16(static_cast<std::uint16_t>(entry.secondWord));
+    words({entry.width | entry.height << 8, 0, entry.firstWord, entry.secondWord});
     out.u32(static_cast<std::uint32_t>(entry.statedBytes < 0 ? entry.data.size() : entry.statedBytes));
     out.u32(static_cast<std::uint32_t>(entry.statedOffset < 0 ? offset : entry.statedOffset));
     offset += entry.data.size();

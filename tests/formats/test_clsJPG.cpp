@@ -221,30 +221,21 @@ TEST(Jpg, CodesAreAtMost16BitsAndNeverAllOnes) {
   EXPECT_LT(used, 1);
 }
 
-TEST(Jpg, BadTablesAreRefusedInWords) {
-  const auto words = [](auto&& act) {
-    try {
-      act();
-    } catch (const JpgError& error) {
-      return std::string(error.what());
-    }
-    return std::string("(none)");
-  };
-  EXPECT_EQ(words([] { jpg::huffmanTable({}); }), "Bad Huffman Table");
+TEST(Jpg, BadTablesAreRefused) {
+  EXPECT_THROW(jpg::huffmanTable({}), JpgError);
   jpg::HuffmanTable crowded;
   crowded.lengthCounts[1] = 2;  // the second code would be all ones
   crowded.symbols = {1, 2};
-  EXPECT_EQ(words([&] { jpg::setCodes(crowded); }), "Bad Huffman Table");
+  EXPECT_THROW(jpg::setCodes(crowded), JpgError);
   jpg::QuantTable quant = jpg::quantTable(jpg::TableKind::Luminance, 1, 12);
   EXPECT_EQ(quant.values[63], 99 * 50);
-  EXPECT_EQ(words([&] { jpg::setDivisors(quant, 8); }), "Bad Quantization Table");
+  for (const int precision : {8, 9}) EXPECT_THROW(jpg::setDivisors(quant, precision), JpgError);
   quant.values[7] = 0;
-  EXPECT_EQ(words([&] { jpg::setDivisors(quant, 12); }), "Bad Quantization Table");
-  EXPECT_EQ(words([&] { jpg::setDivisors(quant, 9); }), "Illegal precision in Quantization Table");
+  EXPECT_THROW(jpg::setDivisors(quant, 12), JpgError);
   for (const auto& [h1, v3] : {std::pair{0, 1}, {5, 1}, {1, 0}}) {
-    EXPECT_EQ(words([=] { clsJPG().SetSamplingFrequencies(h1, 1, 1, 1, 1, v3); }), "Invalid Sampling Value");
+    EXPECT_THROW(clsJPG().SetSamplingFrequencies(h1, 1, 1, 1, 1, v3), JpgError);
   }
-  EXPECT_EQ(words([] { clsJPG().setComment(std::string(65536, 'x')); }), "Illegal Comment Length");
+  EXPECT_THROW(clsJPG().setComment(std::string(65536, 'x')), JpgError);
 }
 
 TEST(Jpg, CommentsOfAnyLengthComeBack) {
@@ -268,31 +259,21 @@ TEST(Jpg, CommentsOfAnyLengthComeBack) {
 
 TEST(Jpg, CapturesTheTopLeftOfAnyDepthAndBlackBeyond) {
   const Rows rows = {"#.#..####", ".##...#.#", "#########", "........."};
-  for (const int depth : {1, 24}) {
-    Surface other;
-    other.create(9, 4, depth, raster::RowOrder::TopDown);
-    if (depth == 1) other.table()[1] = raster::TableEntry::of(kWhite);
-    raster::blit(other, 0, 0, surfaceOf(rows));
-    EXPECT_EQ(written(other, 75), written(surfaceOf(rows), 75)) << depth;
-  }
+  Surface other;
+  other.create(9, 4, 24, raster::RowOrder::TopDown);
+  raster::blit(other, 0, 0, surfaceOf(rows));
+  EXPECT_EQ(written(other, 75), written(surfaceOf(rows), 75));
 
   const Surface picture = smooth(40, 30);
-  const auto captured = [&](int width, int height) {
+  for (const Size size : {Size{1, 1}, {50, 33}}) {
     clsJPG jpg;
-    EXPECT_TRUE(jpg.SampleHDC(picture, width, height));
-    return jpg.saveBytes();
-  };
-  const auto cut = [&](int width, int height) {
-    return written(
-        surfaceOf(width, height, [&](int x, int y) { return x < 40 && y < 30 ? pixelAt(picture, x, y) : Pixel32(); }),
-        75);
-  };
-  EXPECT_EQ(captured(1, 1), cut(1, 1));
-  EXPECT_EQ(captured(50, 33), cut(50, 33));
-  clsJPG jpg;
-  for (const auto& [width, height] : {std::pair{0, 5}, {5, -1}, {65536, 1}}) {
-    EXPECT_FALSE(jpg.SampleHDC(picture, width, height));
+    EXPECT_TRUE(jpg.SampleHDC(picture, size.width, size.height));
+    const PixelOf cut = [&](int x, int y) { return x < 40 && y < 30 ? pixelAt(picture, x, y) : Pixel32(); };
+    EXPECT_EQ(jpg.saveBytes(), written(surfaceOf(size.width, size.height, cut), 75));
   }
+  clsJPG jpg;
+  for (const Size size : {Size{0, 5}, {5, -1}, {65536, 1}})
+    EXPECT_FALSE(jpg.SampleHDC(picture, size.width, size.height));
   EXPECT_FALSE(jpg.SampleHDC(Surface(), 1, 1));
   EXPECT_TRUE(jpg.saveBytes().empty());
 }

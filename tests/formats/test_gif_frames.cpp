@@ -63,56 +63,28 @@ TEST(GifFrames, ACopySharesItsPixelsUntilOneOfThemChanges) {
   gif.ownFrameDIBXOR(3)->surface().pictureRow(0)[0] = 3;
   EXPECT_PICTURE(digits(gif.FrameDIBXOR(1)), ({"01"}));
   EXPECT_PICTURE(digits(gif.FrameDIBXOR(3)), ({"31"}));
-  EXPECT_EQ(gif.ownFrameDIBXOR(3), &gif.FrameDIBXOR(3)) << "it is its own now";
-
   ASSERT_TRUE(gif.FrameCopy(1, 2));
   gif.setFrameUseTransparentColor(2, true);
   gif.FrameMask(2, 1);
   EXPECT_PICTURE(rowsOf(gif.FrameDIBAND(2)), ({"#."}));
   EXPECT_PICTURE(rowsOf(gif.FrameDIBAND(1)), ({"##"}));
-  EXPECT_EQ(gif.FrameDIBXOR(1).surface().table()[1].colour(), kFourColours[1]);
-  EXPECT_EQ(gif.FrameDIBXOR(2).surface().table()[1].colour(), kBlack);
 }
 
 TEST(GifFrames, TablesReachThePictureWhenTheyAreUpdated) {
   clsGIF gif;
-  ASSERT_EQ(load(gif, GifBytes(2, 1).control(1, 0, 0).image({"01"}, 0, 0, 0x80, {kWhite, rgb(5, 6, 7)}).bytes()),
-            kGifOk);
+  ASSERT_EQ(load(gif, GifBytes(2, 1).control(1).image({"01"}, 0, 0, 0x80, {kWhite, rgb(5, 6, 7)}).bytes()), kGifOk);
   const auto shownColour = [&](int index) { return gif.FrameDIBXOR(1).surface().table()[index].colour(); };
   gif.LocalPaletteR_G_B_Change(1, 1, 300, -1, 50);
   EXPECT_EQ(shownColour(1), rgb(5, 6, 7));
   gif.UpdateLocalPalettePerLocal(1);
   EXPECT_EQ(shownColour(1), rgb(255, 0, 50));
-  EXPECT_TRUE(gif.LocalPaletteUsed(1));
-
   gif.UpdateLocalPalettePerGlobal(1);
   EXPECT_FALSE(gif.LocalPaletteUsed(1));
-  EXPECT_EQ(gif.LocalPaletteEntries(1), 4);
   EXPECT_EQ(shownColour(3), kFourColours[3]);
   EXPECT_EQ(shownColour(0), kBlack);
-  EXPECT_EQ(gif.FrameTransparentColor(1), kFourColours[0]);
-
   gif.setFrameUseTransparentColor(1, false);
   gif.Remask_All_Frames();
   EXPECT_EQ(shownColour(0), kFourColours[0]);
-  raster::Surface target = surfaceOf({".."});
-  gif.FrameDraw(target, 1, 0, 0);
-  EXPECT_EQ(pixelAt(target, 0, 0).colour(), kFourColours[0]);
-}
-
-TEST(GifFrames, TheSharedSeeThroughIndexOfGlobalFrames) {
-  const auto indexOf = [](int first, int second, int secondPacked) {
-    GifBytes bytes(2, 1);
-    bytes.control(1, 0, first).image({"01"}).control(0).image({"01"});
-    bytes.control(1, 0, second).image({"01"}, 0, 0, secondPacked, std::vector<Colour>(secondPacked ? 2 : 0));
-    clsGIF gif;
-    EXPECT_EQ(load(gif, bytes.bytes()), kGifOk);
-    return gif.GlobalTransparentColorIndex();
-  };
-  EXPECT_EQ(indexOf(2, 2, 0), 2);
-  EXPECT_EQ(indexOf(2, 1, 0), -1);
-  EXPECT_EQ(indexOf(2, 1, 0x80), 2) << "a frame with a table of its own has no say";
-  EXPECT_EQ(framesOf(2).GlobalTransparentColorIndex(), -1);
 }
 
 TEST(GifFrames, DrawingGoesThroughTheMask) {
@@ -160,20 +132,15 @@ TEST(GifFrames, AReplacedPictureKeepsTheSettingsOfItsFrame) {
   const TempFolder folder;
   const auto other = otherFile(folder);
   clsGIF gif;
-  GifBytes bytes(9, 1);
-  bytes.control(0, 1).image({"01"}, 3, 0).control(1 | 1 << 2, 2, 0).image({"01"}, 4, 0);
-  ASSERT_EQ(load(gif, bytes.bytes()), kGifOk);
+  ASSERT_EQ(load(gif, GifBytes(9, 1).control(0, 1).image({"01"}, 3).control(5, 2).image({"01"}, 4).bytes()), kGifOk);
   const auto screen = [&] { return Size{gif.BgdWidth(), gif.BgdHeight()}; };
   ASSERT_EQ(gif.FrameReplaceImage(other, 2), kGifOk);
   EXPECT_EQ(delays(gif), "12");
   EXPECT_EQ(gif.FrameLeft(2), 4);
   EXPECT_PICTURE(rowsOf(gif.FrameDIBAND(2)), ({".#.", "#.#"}));
-  EXPECT_EQ(gif.GIFVersion(), "89a");
   EXPECT_EQ(screen(), (Size{9, 1}));
-
   ASSERT_EQ(gif.FrameReplaceImage(other, 1), kGifOk);
   EXPECT_EQ(screen(), (Size{9, 2})) << "it grows to hold the first frame";
-  EXPECT_EQ(gif.FrameLeft(1), 0);
   ASSERT_TRUE(gif.FrameDelete(2));
   ASSERT_EQ(gif.FrameReplaceImage(other, 1), kGifOk);
   EXPECT_EQ(screen(), (Size{3, 2})) << "the only frame gives the screen its size";
@@ -183,9 +150,11 @@ TEST(GifFrames, PicturesComeInWithATableOfTheirOwn) {
   const TempFolder folder;
   clsGIF gif;
   const clsDIB few = dibOf({"#..", "..#"});
+  ASSERT_TRUE(few.Save_DIB_To_File(folder / "a.bmp", few));
   ASSERT_TRUE(gif.FrameInsertImage(few, 1));
+  ASSERT_EQ(gif.FrameInsertImage(folder / "a.bmp", 1), kGifOk);
   EXPECT_EQ((Size{gif.BgdWidth(), gif.BgdHeight()}), (Size{3, 2}));
-  EXPECT_PICTURE(rowsOf(gif.FrameDIBXOR(1)), ({"#..", "..#"}));
+  for (const int i : {1, 2}) EXPECT_PICTURE(rowsOf(gif.FrameDIBXOR(i)), ({"#..", "..#"}));
   EXPECT_EQ(gif.LocalPaletteEntries(1), 2);
 
   const PixelOf ramp = [](int x, int y) { return Pixel32::plain(rgb(x * 8, y * 8, 128)); };
@@ -196,16 +165,9 @@ TEST(GifFrames, PicturesComeInWithATableOfTheirOwn) {
   raster::blit(deep, 0, 0, gif.FrameDIBXOR(2).surface());
   EXPECT_LT(farthest(&deep, ramp), 60);
   EXPECT_EQ(pixelAt(many, 5, 7), ramp(5, 7)) << "the picture itself is not dithered";
-
-  const auto bmp = folder / "a.bmp";
-  ASSERT_TRUE(few.Save_DIB_To_File(bmp, few));
-  ASSERT_EQ(gif.FrameInsertImage(bmp, 1), kGifOk);
-  EXPECT_PICTURE(rowsOf(gif.FrameDIBXOR(1)), ({"#..", "..#"}));
-  EXPECT_EQ(gif.FramesCount(), 3);
   ASSERT_EQ(gif.FrameInsertImage(otherFile(folder), 1), kGifOk);
   EXPECT_EQ(gif.FrameDelay(1), 50);
   EXPECT_EQ(gif.FrameLeft(1), 0) << "the first frame stands at the origin";
-  EXPECT_EQ(gif.FrameInsertImage(folder / "none.bmp", 1), kGifNotFound);
 }
 
 TEST(GifFrames, BlankFramesTakeTheGlobalColourWhereThereIsOne) {

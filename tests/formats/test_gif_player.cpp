@@ -52,11 +52,6 @@ TEST(GifPlayer, EachMethodLeavesTheScreenAsBrowsersDo) {
   EXPECT_EQ(afterMethod(3), (std::vector<Rows>{{"111", "111"}, drawn, {"111", "311"}}));
 }
 
-TEST(GifPlayer, TheFirstFrameMayBeTakenBackToo) {
-  const auto frames = playedFrames(GifBytes(2, 1).control(3 << 2).image({"1"}).control(0).image({"2"}, 1, 0));
-  EXPECT_EQ(frames, (std::vector<Rows>{{"1."}, {".2"}}));
-}
-
 TEST(GifPlayer, FramesAreCutAtTheScreen) {
   const auto frames = playedFrames(GifBytes(3, 2)
                                        .control(2 << 2)

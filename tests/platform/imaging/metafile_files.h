@@ -1,6 +1,9 @@
 // Metafiles record by record, for tests: fields are given in the order in which the formats lay them out.
 #pragma once
 
+#include <gtest/gtest.h>
+#include <uemf.h>
+
 #include <cstdint>
 #include <vector>
 
@@ -57,6 +60,10 @@ class EmfFile {
     add(39, longs({number, style, colour, hatch}));
     return add(37, longs({number}));
   }
+  EmfFile& save() { return add(U_EMR_SAVEDC); }
+  EmfFile& restore(int number) { return add(U_EMR_RESTOREDC, longs({number})); }
+  EmfFile& move(int x, int y) { return add(U_EMR_MOVETOEX, longs({x, y})); }
+  EmfFile& line(int x, int y) { return add(U_EMR_LINETO, longs({x, y})); }
   EmfFile& stock(int number) { return add(37, longs({0x80000000LL + number})); }
   // Solid black areas without an outline.
   EmfFile& blackAreas() { return stock(4).stock(8); }
@@ -136,8 +143,11 @@ inline raster::Surface drawn(const EmfFile& file) {
   return drawn(file.bytes());
 }
 
+constexpr Colour kRed = rgb(255, 0, 0), kGreen = rgb(0, 255, 0), kBlue = rgb(0, 0, 255);
+inline const Ink kInks = {{'.', kWhite}, {'#', kBlack}, {'r', kRed}, {'g', kGreen}, {'b', kBlue}};
+
 // Part of a picture as text.
-inline Rows rowsIn(const raster::Surface& surface, const Rect& part, const Ink& ink = blackAndWhite()) {
+inline Rows rowsIn(const raster::Surface& surface, const Rect& part, const Ink& ink = kInks) {
   raster::Surface piece;
   if (surface.empty() || !piece.create(part.width(), part.height(), 32)) return {};
   raster::blit(piece, 0, 0, part.width(), part.height(), surface, part.left, part.top);
@@ -145,6 +155,12 @@ inline Rows rowsIn(const raster::Surface& surface, const Rect& part, const Ink& 
 }
 inline Colour colourAt(const raster::Surface& surface, int x, int y) {
   return surface.bounds().contains(x, y) ? pixelAt(surface, x, y).colour() : 0xFFFFFFFF;
+}
+// The letters of some pixels.
+inline std::string inkAt(const raster::Surface& surface, const std::vector<Point>& points) {
+  std::string letters;
+  for (const Point& p : points) letters += rowsIn(surface, {p.x, p.y, p.x + 1, p.y + 1}).at(0);
+  return letters;
 }
 // The smallest box that holds everything that is not white.
 inline Rect inkBox(const raster::Surface& surface) {

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "platform/imaging/metafile_files.h"
 
 namespace ruvo::imaging {
@@ -7,27 +5,7 @@ namespace {
 
 using namespace test;
 
-enum Record : std::uint32_t {
-  kStretchMode = 21,
-  kBitBlt = 76,
-  kStretchBlt = 77,
-  kMaskBlt = 78,
-  kPlgBlt = 79,
-  kToDevice = 80,
-  kStretchDib = 81,
-  kMonoBrush = 93,
-  kDibBrush = 94,
-  kAlphaBlend = 114,
-  kTransparentBlt = 116,
-  kGradient = 118,
-};
 constexpr std::int64_t kSrcCopy = 0xCC0020;
-
-const Ink& ink() {
-  static const Ink colours = {
-      {'.', kWhite}, {'#', kBlack}, {'r', rgb(255, 0, 0)}, {'g', rgb(0, 255, 0)}, {'b', rgb(0, 0, 255)}};
-  return colours;
-}
 
 struct Dib {
   Bytes info;
@@ -66,12 +44,12 @@ Dib small(int depth) {
 
 EmfFile& stretchDib(EmfFile& file, const Dib& dib, Rect to, std::int64_t rop = kSrcCopy, Rect from = {0, 0, 2, 2}) {
   constexpr std::size_t kHead = 80;
-  return file.draw(kStretchDib, longs({to.left, to.top, from.left, from.top, from.width(), from.height()}) +
-                                    dib.places(kHead) + longs({0, rop, to.width(), to.height()}) + dib.all());
+  return file.draw(U_EMR_STRETCHDIBITS, longs({to.left, to.top, from.left, from.top, from.width(), from.height()}) +
+                                            dib.places(kHead) + longs({0, rop, to.width(), to.height()}) + dib.all());
 }
 
 Rows rowsOfFirst(const EmfFile& file, int width, int height) {
-  return rowsIn(drawn(file), {0, 0, width, height}, ink());
+  return rowsIn(drawn(file), {0, 0, width, height});
 }
 
 TEST(MetafileBitmaps, EveryDepthGivesTheSamePicture) {
@@ -107,17 +85,11 @@ TEST(MetafileBitmaps, PartsAreMeasuredFromTheFirstRowInMemory) {
 TEST(MetafileBitmaps, RastersOperationsCombineSourceBrushAndTarget) {
   const auto result = [](std::int64_t rop) {
     EmfFile file(24, 24);
-    file.brush(1, rgb(0, 0, 255)).stock(8).box(0, 0, 3, 3).brush(2, rgb(255, 0, 0));
+    file.brush(1, kBlue).stock(8).box(0, 0, 3, 3).brush(2, kRed);
     stretchDib(file, small(24), {0, 0, 2, 2}, rop);
-    return rowsIn(drawn(file), {0, 0, 2, 2},
-                  {{'.', kWhite},
-                   {'#', kBlack},
-                   {'r', rgb(255, 0, 0)},
-                   {'g', rgb(0, 255, 0)},
-                   {'b', rgb(0, 0, 255)},
-                   {'y', rgb(255, 255, 0)},
-                   {'m', rgb(255, 0, 255)},
-                   {'c', rgb(0, 255, 255)}});
+    Ink ink = kInks;
+    ink.insert({{'y', rgb(255, 255, 0)}, {'m', rgb(255, 0, 255)}, {'c', rgb(0, 255, 255)}});
+    return rowsIn(drawn(file), {0, 0, 2, 2}, ink);
   };
   EXPECT_PICTURE(result(0x660046), {"mc", "#b"}) << "exclusive or with the target";
   EXPECT_PICTURE(result(0x330008), {"cm", "y."}) << "the source turned round";
@@ -137,20 +109,18 @@ EmfFile& blit(EmfFile& file, std::uint32_t record, const Dib& dib, Rect to, std:
 
 TEST(MetafileBitmaps, BlitsTransparencyAndBlending) {
   EmfFile file(24, 24);
-  blit(file, kBitBlt, small(24), {0, 0, 2, 2}, kSrcCopy, false);
-  blit(file, kStretchBlt, small(24), {3, 0, 7, 2}, kSrcCopy);
-  blit(file, kTransparentBlt, small(24), {8, 0, 10, 2}, rgb(0, 255, 0));
-  blit(file, kAlphaBlend, small(32), {11, 0, 13, 2}, 0x01FF0000);
+  blit(file, U_EMR_BITBLT, small(24), {0, 0, 2, 2}, kSrcCopy, false);
+  blit(file, U_EMR_STRETCHBLT, small(24), {3, 0, 7, 2}, kSrcCopy);
+  blit(file, U_EMR_TRANSPARENTBLT, small(24), {8, 0, 10, 2}, kGreen);
+  blit(file, U_EMR_ALPHABLEND, small(32), {11, 0, 13, 2}, 0x01FF0000);
   EXPECT_PICTURE(rowsOfFirst(file, 13, 2), {"rg.rrgg.r..rg", "b#.bb##.b#.b#"});
 
   EmfFile half(24, 24);
-  blit(half, kAlphaBlend, small(24), {0, 0, 2, 2}, 0x00800000);
+  blit(half, U_EMR_ALPHABLEND, small(24), {0, 0, 2, 2}, 0x00800000);
   EXPECT_EQ(colourAt(drawn(half), 0, 0), rgb(255, 127, 127)) << "a constant share";
-  Dib faint{header(1, 1, 32), longs({0x80800000})};  // red at one half, multiplied already
-  faint.info = header(2, 2, 32);
-  faint.bits = longs({0x80800000, 0, 0, 0x80800000});
+  const Dib faint{header(2, 2, 32), longs({0x80800000, 0, 0, 0x80800000})};  // red at one half, multiplied already
   EmfFile pixels(24, 24);
-  blit(pixels, kAlphaBlend, faint, {0, 0, 2, 2}, 0x01FF0000);
+  blit(pixels, U_EMR_ALPHABLEND, faint, {0, 0, 2, 2}, 0x01FF0000);
   EXPECT_EQ(colourAt(drawn(pixels), 0, 1), rgb(255, 127, 127));
   EXPECT_EQ(colourAt(drawn(pixels), 0, 0), kWhite) << "nothing where alpha is nothing";
 }
@@ -166,15 +136,15 @@ TEST(MetafileBitmaps, MasksChooseAmongTwoOperations) {
                           Dib{bits, mask.bits}.places(second) + picture.all() + bits + mask.bits);
     return rowsOfFirst(file, 4, 4);
   };
-  EXPECT_PICTURE(masked(kMaskBlt, longs({1, 1, 2, 2, 0xAACC0020, 0, 0}), 128), {"....", ".r..", ".b..", "...."});
-  EXPECT_PICTURE(masked(kPlgBlt, longs({1, 1, 3, 1, 1, 3, 0, 0, 2, 2}), 140), {"....", ".r..", ".b..", "...."});
+  EXPECT_PICTURE(masked(U_EMR_MASKBLT, longs({1, 1, 2, 2, 0xAACC0020, 0, 0}), 128), {"....", ".r..", ".b..", "...."});
+  EXPECT_PICTURE(masked(U_EMR_PLGBLT, longs({1, 1, 3, 1, 1, 3, 0, 0, 2, 2}), 140), {"....", ".r..", ".b..", "...."});
 }
 
 TEST(MetafileBitmaps, ParallelogramsAndTurnedBitmapsAreSampled) {
   const Dib picture = small(24);
   EmfFile file(24, 24);
-  file.draw(kPlgBlt, longs({4, 0, 4, 4, 0, 0, 0, 0, 2, 2}) + floats({1, 0, 0, 1, 0, 0}) + longs({0, 0}) +
-                         picture.places(140) + longs({0, 0, 0, 0, 0, 0, 0}) + picture.all());
+  file.draw(U_EMR_PLGBLT, longs({4, 0, 4, 4, 0, 0, 0, 0, 2, 2}) + floats({1, 0, 0, 1, 0, 0}) + longs({0, 0}) +
+                              picture.places(140) + longs({0, 0, 0, 0, 0, 0, 0}) + picture.all());
   const Rows quarterTurn = {"bbrr", "bbrr", "##gg", "##gg"};
   EXPECT_PICTURE(rowsOfFirst(file, 4, 4), {quarterTurn});
   EmfFile world(24, 24);
@@ -187,24 +157,26 @@ TEST(MetafileBitmaps, SomeRowsOfABitmapToTheDevice) {
   EmfFile file(24, 24);
   Dib upper = small(24);
   upper.bits.erase(upper.bits.begin(), upper.bits.begin() + 8);  // only the second row in memory, the upper one
-  file.draw(kToDevice, longs({2, 1, 0, 0, 2, 2}) + upper.places(76) + longs({0, 1, 1}) + upper.all());
+  file.draw(U_EMR_SETDIBITSTODEVICE, longs({2, 1, 0, 0, 2, 2}) + upper.places(76) + longs({0, 1, 1}) + upper.all());
   EXPECT_PICTURE(rowsOfFirst(file, 5, 4), {".....", "..rg.", ".....", "....."});
 }
 
 TEST(MetafileBitmaps, BrushesOfBitmaps) {
   const Dib dib = small(24), mono{header(2, 2, 1) + Bytes(8, 0), {0x40, 0, 0, 0, 0x80, 0, 0, 0}};
   EmfFile file(24, 24);
-  file.stock(8).add(24, longs({rgb(255, 0, 0)})).add(25, longs({rgb(0, 0, 255)}));
-  file.add(kDibBrush, longs({1, 0}) + dib.places(32) + dib.all()).add(37, longs({1})).box(0, 0, 5, 3);
-  file.add(kMonoBrush, longs({2, 0}) + mono.places(32) + mono.all()).add(37, longs({2})).box(6, 0, 9, 3);
+  file.stock(8).add(24, longs({kRed})).add(25, longs({kBlue}));
+  file.add(U_EMR_CREATEDIBPATTERNBRUSHPT, longs({1, 0}) + dib.places(32) + dib.all())
+      .add(37, longs({1}))
+      .box(0, 0, 5, 3);
+  file.add(U_EMR_CREATEMONOBRUSH, longs({2, 0}) + mono.places(32) + mono.all()).add(37, longs({2})).box(6, 0, 9, 3);
   EXPECT_PICTURE(rowsOfFirst(file, 8, 2), {"rgrg..br", "b#b#..rb"});
 }
 
 TEST(MetafileBitmaps, TablesOfPaletteNumbers) {
   const Dib dib{header(2, 1, 8, 0, 2) + words({1, 0}), {0, 1, 0, 0}};
   EmfFile file(24, 24);
-  file.add(49, longs({3}) + words({0x300, 2}) + longs({rgb(255, 0, 0), rgb(0, 0, 255)})).add(48, longs({3}));
-  file.draw(kStretchDib, longs({0, 0, 0, 0, 2, 1}) + dib.places(80) + longs({1, kSrcCopy, 2, 1}) + dib.all());
+  file.add(49, longs({3}) + words({0x300, 2}) + longs({kRed, kBlue})).add(48, longs({3}));
+  file.draw(U_EMR_STRETCHDIBITS, longs({0, 0, 0, 0, 2, 1}) + dib.places(80) + longs({1, kSrcCopy, 2, 1}) + dib.all());
   EXPECT_PICTURE(rowsOfFirst(file, 3, 1), {"br."});
 }
 
@@ -218,22 +190,22 @@ TEST(MetafileBitmaps, RecordsOfWmfFilesCarryPackedBitmaps) {
   file.add(0x0D33, words({0, 2, 0, 0, 0, 2, 2, 0, 11}) + dib.all());
   file.add(0x0922, longs({kSrcCopy}) + words({0, 0, 2, 2, 0, 14, 0, 2, 2, 2}) + Bytes{1, 1, 0x40, 0, 0x80, 0});
   file.add(0x061D, longs({0x42}) + words({1, 2, 0, 17}));
-  EXPECT_PICTURE(rowsIn(drawn(file.plain()), {0, 0, 20, 2}, ink()), {"rg.rrgg.rg.rg.#..##.", "b#.bb##.b#.b#..#...."});
+  EXPECT_PICTURE(rowsIn(drawn(file.plain()), {0, 0, 20, 2}), {"rg.rrgg.rg.rg.#..##.", "b#.bb##.b#.b#..#...."});
 }
 
 TEST(MetafileBitmaps, GradientsRunFromCornerToCorner) {
   const auto point = [](int x, int y, int red, int green) { return longs({x, y}) + words({red, green, 0, 0}); };
   EmfFile file(24, 24);
-  file.draw(kGradient, longs({2, 1, 0}) + point(0, 0, 0xFF00, 0) + point(16, 4, 0, 0xFF00) + longs({0, 1}));
-  file.draw(kGradient, longs({2, 1, 1}) + point(18, 0, 0xFF00, 0) + point(22, 16, 0, 0xFF00) + longs({0, 1}));
-  file.draw(kGradient, longs({3, 1, 2}) + point(0, 6, 0xFF00, 0) + point(16, 6, 0, 0xFF00) + point(0, 22, 0, 0) +
-                           longs({0, 1, 2}));
-  file.draw(kGradient, longs({1, 1, 0}) + point(0, 0, 0xFF00, 0) + longs({0, 5}));
+  file.draw(U_EMR_GRADIENTFILL, longs({2, 1, 0}) + point(0, 0, 0xFF00, 0) + point(16, 4, 0, 0xFF00) + longs({0, 1}));
+  file.draw(U_EMR_GRADIENTFILL, longs({2, 1, 1}) + point(18, 0, 0xFF00, 0) + point(22, 16, 0, 0xFF00) + longs({0, 1}));
+  file.draw(U_EMR_GRADIENTFILL, longs({3, 1, 2}) + point(0, 6, 0xFF00, 0) + point(16, 6, 0, 0xFF00) +
+                                    point(0, 22, 0, 0) + longs({0, 1, 2}));
+  file.draw(U_EMR_GRADIENTFILL, longs({1, 1, 0}) + point(0, 0, 0xFF00, 0) + longs({0, 5}));
   const raster::Surface picture = drawn(file);
-  EXPECT_EQ(colourAt(picture, 0, 0), rgb(255, 0, 0));
+  EXPECT_EQ(colourAt(picture, 0, 0), kRed);
   EXPECT_EQ(colourAt(picture, 8, 3), rgb(127, 127, 0));
   EXPECT_EQ(colourAt(picture, 18, 8), rgb(127, 127, 0));
-  EXPECT_EQ(colourAt(picture, 0, 6), rgb(255, 0, 0));
+  EXPECT_EQ(colourAt(picture, 0, 6), kRed);
   EXPECT_EQ(colourAt(picture, 4, 14), rgb(63, 63, 0));
   EXPECT_EQ(colourAt(picture, 14, 20), kWhite);
 }

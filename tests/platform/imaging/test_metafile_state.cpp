@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "platform/imaging/metafile_files.h"
 #include "platform/imaging/metafile_mapping.h"
 
@@ -7,33 +5,6 @@ namespace ruvo::imaging {
 namespace {
 
 using namespace test;
-
-enum Record : std::uint32_t {
-  kWindowExtent = 9,
-  kWindowOrigin = 10,
-  kViewportExtent = 11,
-  kViewportOrigin = 12,
-  kMapMode = 17,
-  kBackMode = 18,
-  kOffsetClip = 26,
-  kSetMetaRegion = 28,
-  kExcludeClip = 29,
-  kIntersectClip = 30,
-  kScaleViewport = 31,
-  kSave = 33,
-  kRestore = 34,
-  kSetWorld = 35,
-  kModifyWorld = 36,
-  kSelectClip = 75,
-  kFillRegion = 71,
-  kFrameRegion = 72,
-  kInvertRegion = 73,
-  kPaintRegion = 74,
-  kBeginPath = 59,
-  kEndPath = 60,
-  kClipPath = 67,
-  kEllipse = 42,
-};
 
 // What a box of one unit at the origin of every unit system covers.
 TEST(MetafileMapping, FixedModesCountLengthsAndGrowUpwards) {
@@ -74,8 +45,8 @@ TEST(MetafileMapping, WindowsAreScaledToViewports) {
 TEST(MetafileState, TransformsActInTheOrderInWhichTheyAreGiven) {
   const auto box = [](std::uint32_t how) {
     EmfFile file(96, 96);
-    file.blackAreas().add(kSetWorld, floats({2, 0, 0, 2, 10, 0}));
-    file.add(kModifyWorld, floats({1, 0, 0, 1, 5, 5}) + longs({how})).box(0, 0, 11, 11);
+    file.blackAreas().add(U_EMR_SETWORLDTRANSFORM, floats({2, 0, 0, 2, 10, 0}));
+    file.add(U_EMR_MODIFYWORLDTRANSFORM, floats({1, 0, 0, 1, 5, 5}) + longs({how})).box(0, 0, 11, 11);
     return inkBox(drawn(file));
   };
   EXPECT_EQ(box(1), (Rect{0, 0, 10, 10}));
@@ -83,51 +54,41 @@ TEST(MetafileState, TransformsActInTheOrderInWhichTheyAreGiven) {
   EXPECT_EQ(box(3), (Rect{15, 5, 36, 26})) << "after";
   EXPECT_EQ(box(4), (Rect{5, 5, 15, 15}));
   EmfFile turned(96, 96);
-  turned.blackAreas().add(kSetWorld, floats({0, 1, -1, 0, 50, 0})).box(0, 0, 20, 10);
+  turned.blackAreas().add(U_EMR_SETWORLDTRANSFORM, floats({0, 1, -1, 0, 50, 0})).box(0, 0, 20, 10);
   EXPECT_EQ(inkBox(drawn(turned)), (Rect{40, 0, 50, 20}));
 }
 
 TEST(MetafileState, RestoreBringsBackEverythingByNumberOrByStep) {
   EmfFile file(24, 24);
-  file.blackAreas()
-      .add(kSave)
-      .brush(1, rgb(200, 0, 0))
-      .add(kSave)
-      .brush(2, rgb(0, 200, 0))
-      .add(kIntersectClip, longs({0, 0, 1, 1}));
-  file.add(kRestore, longs({-1})).box(2, 2, 5, 5).add(kSave).add(kSave).add(kRestore, longs({1})).box(8, 2, 11, 5);
-  file.add(kRestore, longs({-1})).add(kRestore, longs({5})).add(kRestore, longs({0})).box(14, 2, 17, 5);
-  const raster::Surface picture = drawn(file);
-  EXPECT_EQ(colourAt(picture, 2, 2), rgb(200, 0, 0));
-  EXPECT_EQ(colourAt(picture, 8, 2), kBlack);
-  EXPECT_EQ(colourAt(picture, 14, 2), kBlack) << "numbers that name no saved state change nothing";
+  file.blackAreas().save().brush(1, kRed).save().brush(2, kGreen);
+  file.add(U_EMR_INTERSECTCLIPRECT, longs({0, 0, 1, 1})).restore(-1).box(2, 2, 5, 5);
+  file.save().save().restore(1).box(8, 2, 11, 5).restore(-1).restore(5).restore(0).box(14, 2, 17, 5);
+  EXPECT_EQ(inkAt(drawn(file), {{2, 2}, {8, 2}, {14, 2}}), "r##") << "numbers without a saved state change nothing";
 }
 
 TEST(MetafileState, NumbersOfWmfObjectsAreTakenAgainWhenTheyAreFree) {
   WmfFile file;
-  file.window(24, 24).blackAreas();                                                             // 0 a brush, 1 a pen
-  file.add(0x02FC, words({0}) + longs({rgb(200, 0, 0)}) + words({0}));                          // 2
-  file.add(0x01F0, words({0})).add(0x02FC, words({0}) + longs({rgb(0, 200, 0)}) + words({0}));  // 0 again
-  file.add(0x02FC, words({0}) + longs({rgb(0, 0, 200)}) + words({0}));                          // 3
+  file.window(24, 24).blackAreas();                                                     // 0 a brush, 1 a pen
+  file.add(0x02FC, words({0}) + longs({kRed}) + words({0}));                            // 2
+  file.add(0x01F0, words({0})).add(0x02FC, words({0}) + longs({kGreen}) + words({0}));  // 0 again
+  file.add(0x02FC, words({0}) + longs({kBlue}) + words({0}));                           // 3
   int x = 1;
   for (const int number : {2, 0, 3}) {
     file.add(0x012D, words({number})).box(x, 1, x + 4, 5);
     x += 6;
   }
   const raster::Surface picture = drawn(file.plain());
-  EXPECT_EQ(colourAt(picture, 1, 1), rgb(200, 0, 0));
-  EXPECT_EQ(colourAt(picture, 7, 1), rgb(0, 200, 0));
-  EXPECT_EQ(colourAt(picture, 13, 1), rgb(0, 0, 200));
+  EXPECT_EQ(inkAt(picture, {{1, 1}, {7, 1}, {13, 1}}), "rgb");
 }
 
 TEST(MetafileState, HatchesShowTheBackColourBetweenTheirLinesUnlessTransparent) {
   for (const bool opaque : {true, false}) {
     EmfFile file(24, 24);
-    file.stock(8).add(25, longs({rgb(0, 200, 0)})).add(kBackMode, longs({opaque ? 2 : 1}));
+    file.stock(8).add(25, longs({kGreen})).add(U_EMR_SETBKMODE, longs({opaque ? 2 : 1}));
     file.brush(1, kBlack, 2, 0).box(0, 0, 9, 9);
     const raster::Surface picture = drawn(file);
     EXPECT_EQ(colourAt(picture, 2, 3), kBlack);
-    EXPECT_EQ(colourAt(picture, 2, 4), opaque ? rgb(0, 200, 0) : kWhite);
+    EXPECT_EQ(colourAt(picture, 2, 4), opaque ? kGreen : kWhite);
   }
 }
 
@@ -148,12 +109,14 @@ Rows clipped(const std::function<void(EmfFile&)>& clip) {
 
 TEST(MetafileClip, BoxesNarrowItAndCutHolesAndMoveIt) {
   EXPECT_PICTURE(clipped([](EmfFile& f) {
-                   f.add(kIntersectClip, longs({1, 1, 7, 5})).add(kExcludeClip, longs({3, 2, 5, 4}));
+                   f.add(U_EMR_INTERSECTCLIPRECT, longs({1, 1, 7, 5})).add(U_EMR_EXCLUDECLIPRECT, longs({3, 2, 5, 4}));
                  }),
                  {"........", ".######.", ".##..##.", ".##..##.", ".######.", "........"});
   EXPECT_PICTURE(clipped([](EmfFile& f) {
-                   f.add(kIntersectClip, longs({1, 1, 4, 4})).add(kOffsetClip, longs({3, 1})).add(kSetMetaRegion);
-                   f.add(kSelectClip, longs({0, 5}));
+                   f.add(U_EMR_INTERSECTCLIPRECT, longs({1, 1, 4, 4}))
+                       .add(U_EMR_OFFSETCLIPRGN, longs({3, 1}))
+                       .add(U_EMR_SETMETARGN);
+                   f.add(U_EMR_EXTSELECTCLIPRGN, longs({0, 5}));
                  }),
                  {"........", "........", "....###.", "....###.", "....###.", "........"});
 }
@@ -162,8 +125,8 @@ TEST(MetafileClip, RegionsJoinItByEveryMode) {
   const auto joined = [](int mode) {
     return clipped([&](EmfFile& f) {
       const Bytes region = regionOf({3, 0, 6, 3, 0, 4, 1, 5});
-      f.add(kIntersectClip, longs({1, 1, 5, 4}))
-          .add(kSelectClip, longs({static_cast<int>(region.size()), mode}) + region);
+      f.add(U_EMR_INTERSECTCLIPRECT, longs({1, 1, 5, 4}))
+          .add(U_EMR_EXTSELECTCLIPRGN, longs({static_cast<int>(region.size()), mode}) + region);
     });
   };
   EXPECT_PICTURE(joined(1), {"........", "...##...", "...##...", "........", "........", "........"});
@@ -175,15 +138,15 @@ TEST(MetafileClip, RegionsJoinItByEveryMode) {
 
 TEST(MetafileClip, APathCutsEveryKindOfDrawing) {
   EmfFile file(24, 24);
-  file.add(kBeginPath).draw(3, longs({3, 0, 0, 20, 0, 0, 20})).add(kEndPath).add(kClipPath, longs({5}));
-  file.blackAreas().add(kEllipse, longs({0, 0, 24, 24}));
-  file.stock(7).add(27, longs({0, 3})).add(54, longs({24, 3}));
+  file.add(U_EMR_BEGINPATH)
+      .draw(3, longs({3, 0, 0, 20, 0, 0, 20}))
+      .add(U_EMR_ENDPATH)
+      .add(U_EMR_SELECTCLIPPATH, longs({5}));
+  file.blackAreas().add(U_EMR_ELLIPSE, longs({0, 0, 24, 24}));
+  file.stock(7).move(0, 3).line(24, 3);
   file.draw(71, longs({static_cast<int>(regionOf({0, 20, 24, 24}).size()), 1}) + regionOf({0, 20, 24, 24}));
   const raster::Surface picture = drawn(file);
-  EXPECT_EQ(colourAt(picture, 8, 8), kBlack);
-  EXPECT_EQ(colourAt(picture, 15, 15), kWhite);
-  EXPECT_EQ(colourAt(picture, 2, 3), kBlack);
-  EXPECT_EQ(colourAt(picture, 20, 3), kWhite);
+  EXPECT_EQ(inkAt(picture, {{8, 8}, {15, 15}, {2, 3}, {20, 3}}), "#.#.");
   EXPECT_EQ(inkBox(picture).bottom <= 20, true);
 }
 
@@ -196,10 +159,10 @@ TEST(MetafileClip, RegionsAreFilledFramedInvertedAndPainted) {
     return rowsIn(drawn(file), {0, 0, 8, 6});
   };
   const Rows full = {"........", ".######.", ".######.", ".######.", ".######.", "........"};
-  EXPECT_PICTURE(picture(kFillRegion, longs({size, 1})), {full});
-  EXPECT_PICTURE(picture(kPaintRegion, longs({size})), {full});
-  EXPECT_PICTURE(picture(kInvertRegion, longs({size})), {full});
-  EXPECT_PICTURE(picture(kFrameRegion, longs({size, 1, 2, 1})),
+  EXPECT_PICTURE(picture(U_EMR_FILLRGN, longs({size, 1})), {full});
+  EXPECT_PICTURE(picture(U_EMR_PAINTRGN, longs({size})), {full});
+  EXPECT_PICTURE(picture(U_EMR_INVERTRGN, longs({size})), {full});
+  EXPECT_PICTURE(picture(U_EMR_FRAMERGN, longs({size, 1, 2, 1})),
                  {"........", ".######.", ".##..##.", ".##..##.", ".######.", "........"});
 }
 

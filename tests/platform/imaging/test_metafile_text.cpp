@@ -1,7 +1,5 @@
 #include "platform/imaging/metafile_text.h"
 
-#include <gtest/gtest.h>
-
 #include "platform/imaging/metafile_files.h"
 
 namespace ruvo::imaging {
@@ -9,16 +7,6 @@ namespace {
 
 using namespace test;
 
-enum Record : std::uint32_t {
-  kTextAlign = 22,
-  kTextColour = 24,
-  kBackColour = 25,
-  kBackMode = 18,
-  kFont = 82,
-  kTextA = 83,
-  kTextW = 84,
-  kSmallText = 108
-};
 enum Align { kUpdate = 1, kRight = 2, kCentre = 6, kBottom = 8, kBaseline = 24 };
 enum Option { kOpaque = 2, kClipped = 4 };
 
@@ -38,9 +26,9 @@ struct Font {
 EmfFile& font(EmfFile& file, const Font& f) {
   Bytes face = utf16(u"DejaVu Sans");
   face.resize(64);
-  file.add(kFont, longs({1, f.height, f.width, f.escapement, 0, f.weight}) +
-                      Bytes{0, f.underline, 0, 0, 0, 0, 0, 0x20} + face);
-  return file.add(37, longs({1})).add(kBackMode, longs({1}));
+  file.add(U_EMR_EXTCREATEFONTINDIRECTW, longs({1, f.height, f.width, f.escapement, 0, f.weight}) +
+                                             Bytes{0, f.underline, 0, 0, 0, 0, 0, 0x20} + face);
+  return file.add(37, longs({1})).add(U_EMR_SETBKMODE, longs({1}));
 }
 EmfFile& text(EmfFile& file, std::u16string_view letters, Point at, std::vector<std::int64_t> steps = {},
               int options = 0, Rect box = {}) {
@@ -50,10 +38,10 @@ EmfFile& text(EmfFile& file, std::u16string_view letters, Point at, std::vector<
   const std::int64_t stepsAt = steps.empty() ? 0 : kHead + static_cast<std::int64_t>(string.size());
   Bytes dx;
   for (const std::int64_t s : steps) dx = dx + longs({s});
-  return file.draw(kTextW, longs({1}) + floats({1, 1}) +
-                               longs({at.x, at.y, static_cast<std::int64_t>(letters.size()), kHead, options, box.left,
-                                      box.top, box.right, box.bottom, stepsAt}) +
-                               string + dx);
+  return file.draw(U_EMR_EXTTEXTOUTW, longs({1}) + floats({1, 1}) +
+                                          longs({at.x, at.y, static_cast<std::int64_t>(letters.size()), kHead, options,
+                                                 box.left, box.top, box.right, box.bottom, stepsAt}) +
+                                          string + dx);
 }
 
 Rect inkOf(const std::function<void(EmfFile&)>& draw) {
@@ -64,7 +52,7 @@ Rect inkOf(const std::function<void(EmfFile&)>& draw) {
 
 TEST(MetafileText, StandsWhereItsAlignmentSays) {
   const auto placed = [](int align) {
-    return inkOf([&](EmfFile& f) { text(font(f, {}).add(kTextAlign, longs({align})), u"HH", {60, 48}); });
+    return inkOf([&](EmfFile& f) { text(font(f, {}).add(U_EMR_SETTEXTALIGN, longs({align})), u"HH", {60, 48}); });
   };
   const Rect base = placed(kBaseline);
   ASSERT_FALSE(base.empty()) << "a font is installed";
@@ -80,7 +68,7 @@ TEST(MetafileText, StandsWhereItsAlignmentSays) {
 TEST(MetafileText, HeightsNameTheEmOrTheLine) {
   const auto height = [](int h) {
     return inkOf([&](EmfFile& f) {
-             text(font(f, {.height = h}).add(kTextAlign, longs({kBaseline})), u"H", {10, 80});
+             text(font(f, {.height = h}).add(U_EMR_SETTEXTALIGN, longs({kBaseline})), u"H", {10, 80});
            })
         .height();
   };
@@ -104,7 +92,7 @@ TEST(MetafileText, StepsEscapementWeightAndRules) {
 TEST(MetafileText, LettersStandUprightWhicheverWayTheUnitsGrow) {
   EmfFile file(120, 96);
   font(file, {}).add(17, longs({8})).add(9, longs({120, -96})).add(11, longs({120, 96})).add(12, longs({0, 96}));
-  text(file.add(kTextAlign, longs({kBaseline})), u"L", {60, 48});
+  text(file.add(U_EMR_SETTEXTALIGN, longs({kBaseline})), u"L", {60, 48});
   const raster::Surface picture = drawn(file);
   const Rect ink = inkBox(picture);
   EXPECT_EQ(ink.bottom, 48);
@@ -114,22 +102,19 @@ TEST(MetafileText, LettersStandUprightWhicheverWayTheUnitsGrow) {
 
 TEST(MetafileText, BackgroundsBoxesAndClips) {
   EmfFile file(120, 96);
-  font(file, {}).add(kBackColour, longs({rgb(0, 200, 0)})).add(kTextColour, longs({rgb(200, 0, 0)}));
+  font(file, {}).add(U_EMR_SETBKCOLOR, longs({kGreen})).add(U_EMR_SETTEXTCOLOR, longs({kRed}));
   text(file, u"", {0, 0}, {}, kOpaque, {2, 2, 12, 9});
   text(file, u"HHHH", {10, 20}, {}, kClipped, {10, 20, 18, 60});
-  file.add(kBackMode, longs({2}));
+  file.add(U_EMR_SETBKMODE, longs({2}));
   text(file, u"  ", {60, 60});
   const raster::Surface picture = drawn(file);
-  EXPECT_EQ(colourAt(picture, 2, 2), rgb(0, 200, 0));
-  EXPECT_EQ(colourAt(picture, 12, 9), kWhite);
-  EXPECT_EQ(colourAt(picture, 13, 30), rgb(200, 0, 0));
-  EXPECT_EQ(colourAt(picture, 62, 70), rgb(0, 200, 0));
+  EXPECT_EQ(inkAt(picture, {{2, 2}, {12, 9}, {13, 30}, {62, 70}}), "g.rg");
   for (int y = 20; y < 50; ++y) EXPECT_EQ(colourAt(picture, 18, y), kWhite);
 }
 
 TEST(MetafileText, ThePositionMovesOnWhereTheAlignmentAsks) {
   const Rect both = inkOf([](EmfFile& f) {
-    font(f, {}).add(kTextAlign, longs({kUpdate | kBaseline})).add(27, longs({10, 60}));
+    font(f, {}).add(U_EMR_SETTEXTALIGN, longs({kUpdate | kBaseline})).move(10, 60);
     text(text(f, u"I", {99, 99}, {40}), u"I", {99, 99}, {40});
   });
   EXPECT_NEAR(both.width(), 42, 2);
@@ -138,11 +123,11 @@ TEST(MetafileText, ThePositionMovesOnWhereTheAlignmentAsks) {
 
 TEST(MetafileText, LettersJoinAPath) {
   EmfFile file(120, 96);
-  font(file, {.height = -80}).add(kTextAlign, longs({kBaseline})).brush(2, rgb(0, 0, 200)).add(59);
+  font(file, {.height = -80}).add(U_EMR_SETTEXTALIGN, longs({kBaseline})).brush(2, kBlue).add(59);
   text(file, u"I", {40, 90}).add(60).draw(62, {});
   const raster::Surface picture = drawn(file);
   const Rect ink = inkBox(picture);
-  EXPECT_EQ(colourAt(picture, (ink.left + ink.right) / 2, 60), rgb(0, 0, 200));
+  EXPECT_EQ(colourAt(picture, (ink.left + ink.right) / 2, 60), kBlue);
   EXPECT_NEAR(ink.height(), 58, 3);
 }
 
@@ -150,16 +135,16 @@ TEST(MetafileText, EveryRecordOfTextDrawsTheSame) {
   const auto small = [](int options) {
     return inkOf([&](EmfFile& f) {
       f.blackAreas();
-      font(f, {}).add(kSmallText, longs({10, 10, 2, options, 1}) + floats({1, 1}) +
-                                      ((options & 0x200) ? Bytes{'H', 'i'} : utf16(u"Hi")));
+      font(f, {}).add(U_EMR_SMALLTEXTOUT, longs({10, 10, 2, options, 1}) + floats({1, 1}) +
+                                              ((options & 0x200) ? Bytes{'H', 'i'} : utf16(u"Hi")));
     });
   };
   const Rect wide = inkOf([](EmfFile& f) { text(font(f, {}), u"Hi", {10, 10}); });
   EXPECT_EQ(small(0x300), wide);
   EXPECT_EQ(small(0x100), wide);
   EXPECT_EQ(inkOf([](EmfFile& f) {
-              font(f, {}).draw(
-                  kTextA, longs({1}) + floats({1, 1}) + longs({10, 10, 2, 76, 0, 0, 0, 0, 0, 0}) + Bytes{'H', 'i'});
+              font(f, {}).draw(U_EMR_EXTTEXTOUTA, longs({1}) + floats({1, 1}) +
+                                                      longs({10, 10, 2, 76, 0, 0, 0, 0, 0, 0}) + Bytes{'H', 'i'});
             }),
             wide);
   WmfFile wmf;
@@ -190,15 +175,6 @@ TEST(MetafileText, BytesAreReadByTheFontsCharacterSet) {
   EXPECT_EQ(read({0xB7}, 2), U"\u00B7") << "symbols keep their numbers";
   EXPECT_EQ(codes(meta::charactersOfUtf16(std::vector<std::uint8_t>{0x3D, 0xD8, 0x00, 0xDE, 'a', 0})), U"\U0001F600a");
   EXPECT_EQ(meta::utf8Of(meta::charactersOfUtf16(std::vector<std::uint8_t>{0xE9, 0, 0xAC, 0x20})), "\u00E9\u20AC");
-}
-
-TEST(MetafileText, LettersOfSymbolFonts) {
-  EXPECT_EQ(meta::symbolLetter("Symbol", 'a'), U'\u03B1');
-  EXPECT_EQ(meta::symbolLetter("Symbol", 0xF0000 + 'W'), U'\u03A9');
-  EXPECT_EQ(meta::symbolLetter("Symbol", 0xE5), U'\u2211');
-  EXPECT_EQ(meta::symbolLetter("Symbol", 0xA3), U'\u2264');
-  EXPECT_EQ(meta::symbolLetter("Wingdings", 0xFC), U'\u2713');
-  EXPECT_EQ(meta::symbolLetter("Arial", 'a'), 0u);
 }
 
 }  // namespace
