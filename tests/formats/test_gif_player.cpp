@@ -63,9 +63,10 @@ TEST(GifPlayer, FramesAreCutAtTheScreen) {
   EXPECT_EQ(frames, (std::vector<Rows>{{"...", "..1"}, {"...", "..."}, {"222", "222"}}));
 }
 
-TEST(GifPlayer, AScreenSmallerThanTheFirstFrameTakesItsSize) {
-  const auto frames = playedFrames(GifBytes(1, 1).control(0).image({"12", "21"}, 5, 5).control(0).image({"3"}, 1, 1));
-  EXPECT_EQ(frames, (std::vector<Rows>{{"12", "21"}, {"12", "23"}}));
+TEST(GifPlayer, AScreenSmallerThanTheFirstFrameTakesItsSizeAndIsGivenBack) {
+  const auto frames =
+      playedFrames(GifBytes(1, 1).control(3 << 2).image({"12", "21"}, 5, 5).control(0).image({"3"}, 1, 1));
+  EXPECT_EQ(frames, (std::vector<Rows>{{"12", "21"}, {"..", ".3"}}));
 }
 
 }  // namespace

@@ -75,8 +75,6 @@ TEST_F(ToolPictures, DecodesEveryPictureOfAFile) {
   half.setDIBhasAlpha(true);
   putPng("a.png", half);
   EXPECT_THAT(decoded("a.png"), ElementsAre("2x1 bh"));
-  putPng("b.png", dibOf({"r.", "#b"}, kInk));
-  EXPECT_THAT(decoded("b.png"), ElementsAre("2x2 r.#b"));
   put("cut.ico", bytesOf("a.ico").substr(0, 30));
   put("out.pam", "old");
   EXPECT_EQ(run({"decode", "@cut.ico", "@out.pam"}), 1);
@@ -203,16 +201,16 @@ TEST_F(ToolPictures, ReducesColours) {
 TEST_F(ToolPictures, WritesJpegByBothEncoders) {
   putPng("grey.png", dibOf(16, 16, [](int, int) { return Pixel32::plain(rgb(100, 100, 100)); }));
   std::set<std::string> files;
-  for (const char* encoder : {"--quality=95", "--native"}) {
-    for (const char* quality : {"--quality=95", "--quality=5"}) {
-      if (encoder == std::string("--native"))
-        ASSERT_EQ(run({"convert", encoder, quality, "@grey.png", "@o.jpg"}), 0);
-      else
-        ASSERT_EQ(run({"convert", quality, "@grey.png", "@o.jpg"}), 0);
-      files.insert(bytesOf("o.jpg"));
-      ASSERT_EQ(run({"convert", "@o.jpg", "@o.rgba"}), 0) << err;
-      EXPECT_NEAR(static_cast<unsigned char>(bytesOf("o.rgba")[0]), 100, 12) << quality;
-    }
+  for (std::vector<std::string> words :
+       {std::vector<std::string>{"convert", "@grey.png", "@o.jpg"}, {"convert", "@grey.png", "@o.jpg", "--native"}}) {
+    words.push_back("--quality=5");
+    ASSERT_EQ(run(words), 0) << err;
+    files.insert(bytesOf("o.jpg"));
+    words.back() = "--quality=95";
+    ASSERT_EQ(run(words), 0) << err;
+    files.insert(bytesOf("o.jpg"));
+    ASSERT_EQ(run({"convert", "@o.jpg", "@o.rgba"}), 0) << err;
+    EXPECT_NEAR(static_cast<unsigned char>(bytesOf("o.rgba")[0]), 100, 2);
   }
   EXPECT_EQ(files.size(), 4u);
 }

@@ -146,8 +146,7 @@ TEST(MetafileFigures, FloodsUpToABorderOrOverAColour) {
   file.stock(7).stock(5).box(2, 2, 12, 12);
   file.brush(1, kBlue).add(U_EMR_EXTFLOODFILL, longs({5, 5, kBlack, 0}));
   file.brush(2, kGreen).add(U_EMR_EXTFLOODFILL, longs({20, 20, kWhite, 1}));
-  const raster::Surface picture = drawn(file);
-  EXPECT_EQ(inkAt(picture, {{10, 10}, {2, 2}, {0, 0}}), "b#g");
+  EXPECT_EQ(inkAt(drawn(file), {{10, 10}, {2, 2}, {0, 0}}), "b#g");
 }
 
 }  // namespace

@@ -77,8 +77,7 @@ TEST(MetafileState, NumbersOfWmfObjectsAreTakenAgainWhenTheyAreFree) {
     file.add(0x012D, words({number})).box(x, 1, x + 4, 5);
     x += 6;
   }
-  const raster::Surface picture = drawn(file.plain());
-  EXPECT_EQ(inkAt(picture, {{1, 1}, {7, 1}, {13, 1}}), "rgb");
+  EXPECT_EQ(inkAt(drawn(file.plain()), {{1, 1}, {7, 1}, {13, 1}}), "rgb");
 }
 
 TEST(MetafileState, HatchesShowTheBackColourBetweenTheirLinesUnlessTransparent) {
