@@ -4,6 +4,7 @@
 
 #include "base/file_io.h"
 #include "formats/clsGIF.h"
+#include "formats/clsICO.h"
 #include "image/basGDIProc.h"
 #include "platform/imaging/imaging_service.h"
 #include "support/bmp_bytes.h"
@@ -71,6 +72,24 @@ TEST(FormatTable, ShowsAlphaOnWhiteUnlessItIsKept) {
   }
   imaging::stopImagingService();
   EXPECT_EQ(readPicture(folder / "half.png", rowOf(Format::Png)).error, imaging::LoadError::NotThisFormat);
+}
+
+TEST(FormatTable, AsksWhichImageOfAnIconToShow) {
+  TempFolder folder;
+  clsICO icon;
+  for (const int width : {2, 1}) {
+    clsICO::Image image;
+    image.XOR.CreateBlankDIB(width, 1, 24, rgb(200, 100, 50));
+    image.AND.CreateBlankDIB(width, 1, 1, kWhite);
+    icon.add(std::move(image));
+  }
+  ASSERT_TRUE(icon.SaveICO_All(folder / "two.ico"));
+  for (const int choice : {0, 1, -1}) {
+    const ReadPicture read =
+        readPicture(folder / "two.ico", rowOf(Format::Ico), {.chooseImage = [=](const clsICO&) { return choice; }});
+    EXPECT_EQ(read.cancelled, choice < 0);
+    EXPECT_EQ(read.dib.DIBWidth(), choice < 0 ? 0 : 2 - choice);
+  }
 }
 
 // Appended bytes take the file over the limit: the platform's loader then reads it, and knows no transparency.
