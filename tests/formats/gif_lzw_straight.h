@@ -1,4 +1,4 @@
-// The GIF encoder once more, one bit and one pixel at a time, to compare the fast one against.
+// The GIF coders once more, one bit and one pixel at a time, to compare the fast ones against.
 #pragma once
 
 #include <array>
@@ -35,6 +35,62 @@ inline std::vector<int> straightLines(int height, bool interlaced) {
     for (int y = 0; y < height; ++y) lines.push_back(y);
   }
   return lines;
+}
+
+inline void straightDecode(clsDIB& dib, bool interlaced, int minCodeSize, const Bytes& data) {
+  const unsigned clear = 1U << minCodeSize;
+  const std::vector<int> lines = straightLines(dib.DIBHeight(), interlaced);
+  const std::size_t picture = lines.size() * static_cast<std::size_t>(dib.DIBWidth());
+  const std::size_t most = interlaced && dib.DIBHeight() >= 5 ? picture : 4 * picture;
+  std::array<unsigned, 4097> prefix{}, suffix{};
+  Bytes stack(1);
+  std::size_t written = 0, position = 0;
+  int size = minCodeSize + 1;
+  unsigned free = clear + 2, old = 0;
+  std::uint8_t fin = 0;
+  bool first = true, begun = false;
+  const auto store = [&](std::uint8_t pixel) {
+    if (written == most) return;
+    const std::size_t place = written++ % picture;
+    const auto width = static_cast<std::size_t>(dib.DIBWidth());
+    dib.surface().pictureRow(lines[place / width])[place % width] = pixel;
+  };
+  for (;; begun = true) {
+    if (position + static_cast<std::size_t>(size) > 8 * data.size() || written == most) return;
+    unsigned code = 0;
+    for (int i = 0; i < size; ++i, ++position) code |= (data[position / 8] >> position % 8 & 1U) << i;
+    if (!begun) continue;
+    if (code == clear + 1) return;
+    if (code == clear) {
+      first = true;
+      size = minCodeSize + 1;
+      free = clear + 2;
+    } else if (first) {
+      first = false;
+      old = code;
+      fin = static_cast<std::uint8_t>(code);
+      store(fin);
+    } else {
+      if (code <= free) {
+        stack.clear();
+        if (code == free) stack.push_back(fin);
+        unsigned walk = code == free ? old : code;
+        for (; walk >= clear && stack.size() <= 5000; walk = prefix[walk]) {
+          stack.push_back(static_cast<std::uint8_t>(suffix[walk]));
+        }
+        if (stack.size() > 5000) return;
+        stack.push_back(static_cast<std::uint8_t>(walk));
+      }
+      fin = stack.back();
+      for (auto pixel = stack.rbegin(); pixel != stack.rend(); ++pixel) store(*pixel);
+      if (free < 4096) {
+        prefix[free] = old;
+        suffix[free++] = fin;
+        if (free > (1U << size) - 1 && size < 12) ++size;
+      }
+      old = code;
+    }
+  }
 }
 
 inline Bytes straightEncode(const clsDIB& dib, int initBits, bool interlaced) {
@@ -86,7 +142,15 @@ inline Bytes straightEncode(const clsDIB& dib, int initBits, bool interlaced) {
   }
   put(string);
   put(clear + 1);
-  return codes.bytes();
+  Bytes blocks;
+  const Bytes data = codes.bytes();
+  for (std::size_t at = 0; at < data.size(); at += 254) {
+    const std::size_t part = std::min<std::size_t>(254, data.size() - at);
+    blocks.push_back(static_cast<std::uint8_t>(part));
+    blocks.insert(blocks.end(), data.begin() + static_cast<std::ptrdiff_t>(at),
+                  data.begin() + static_cast<std::ptrdiff_t>(at + part));
+  }
+  return blocks;
 }
 
 inline Bytes joinBlocks(const Bytes& blocks) {
