@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 #include "base/random_source.h"
@@ -104,15 +105,15 @@ void jpegOurs(benchmark::State& state) {
   photograph();
   std::size_t size = 0;
   for (auto _ : state) size = ours(quality).size();
-  state.counters["bytes"] = static_cast<double>(size);
-  state.counters["bytesToPeers"] = static_cast<double>(size) / static_cast<double>(peers(quality).size());
+  state.SetLabel(std::to_string(size) + " bytes; to the peer's: " +
+                 std::to_string(static_cast<double>(size) / static_cast<double>(peers(quality).size())));
 }
 void jpegTurbo(benchmark::State& state) {
   const auto quality = static_cast<int>(state.range(0));
   photograph();
   std::size_t size = 0;
   for (auto _ : state) size = peers(quality).size();
-  state.counters["bytes"] = static_cast<double>(size);
+  state.SetLabel(std::to_string(size) + " bytes");
 }
 BENCHMARK(jpegOurs)->Arg(75)->Arg(95)->Unit(benchmark::kMillisecond);
 BENCHMARK(jpegTurbo)->Arg(75)->Arg(95)->Unit(benchmark::kMillisecond);

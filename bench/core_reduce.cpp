@@ -4,6 +4,7 @@
 #include <wand/MagickWand.h>
 
 #include <cmath>
+#include <string>
 #include <vector>
 
 #include "image/basGDIProc.h"
@@ -74,7 +75,7 @@ void countColours(benchmark::State& state) {
   const clsDIB& dib = largePicture();
   int count = 0;
   for (auto _ : state) benchmark::DoNotOptimize(count = clsDIB::CountColorsDIB(dib));
-  state.counters["colours"] = count;
+  state.SetLabel(std::to_string(count) + " colours");
 }
 BENCHMARK(countColours)->Unit(benchmark::kMillisecond);
 
@@ -130,7 +131,7 @@ void resizeMagick(benchmark::State& state) {
     state.ResumeTiming();
     MagickResizeImage(wand, kSmallWidth, kSmallHeight, CatromFilter, 1.0);
     state.PauseTiming();
-    state.counters["likeness_dB"] = likeness(wand);
+    state.SetLabel("likeness to ours " + std::to_string(likeness(wand)) + " dB");
     DestroyMagickWand(wand);
     state.ResumeTiming();
   }
