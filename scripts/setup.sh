@@ -4,6 +4,7 @@
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
+packages=$(cat "$here/packages.txt" ${1:+"$here/packages-$1.txt"})
 missing=()
 while read -r package; do
   [ -n "$package" ] || continue
@@ -11,7 +12,7 @@ while read -r package; do
     *" installed") ;;
     *) missing+=("$package") ;;
   esac
-done < <(cat "$here/packages.txt" ${1:+"$here/packages-$1.txt"})
+done <<< "$packages"
 [ ${#missing[@]} -gt 0 ] || exit 0
 
 as_root=()
