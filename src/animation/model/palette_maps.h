@@ -1,0 +1,29 @@
+// Changes of index numbers: one map from old to new goes over a frame's pixels.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "formats/clsGIF.h"
+
+namespace ruvo {
+
+using IndexMap = std::array<std::uint8_t, 256>;
+
+// Every index stays.
+IndexMap identityMap();
+// All pixels of the frame's picture go through the map, once; a picture that another frame shares becomes its own
+// first. False when there is no memory; nothing has changed then.
+bool mapFramePixels(clsGIF& gif, int frame, const IndexMap& map);
+// The table and the number of its entries that the frame holds: its own one or its copy of the global one. The picture
+// takes the colours, without new masks (Remask_All_Frames makes those).
+void setFrameTable(clsGIF& gif, int frame, const GifTable& table, int entries);
+// The same for the global table, and for every frame that uses it.
+void setGlobalTable(clsGIF& gif, const GifTable& table, int entries);
+// The indices that pixels of the frame use are set in `used`.
+void markUsed(const clsGIF& gif, int frame, std::array<bool, 256>& used);
+bool anyFrameUsesGlobal(const clsGIF& gif);
+bool anyFrameUsesLocal(const clsGIF& gif);
+bool sameColour(const raster::TableEntry& a, const raster::TableEntry& b);
+
+}  // namespace ruvo
