@@ -8,6 +8,7 @@
 
 #include "dialogs/icon_pictures.h"
 #include "dialogs/model/icon_list_rules.h"
+#include "dialogs/named_controls.h"
 #include "platform/desktop/desktop.h"
 
 namespace ruvo {
@@ -15,13 +16,6 @@ namespace {
 
 constexpr int kPictureSide = 176;
 constexpr int kMargin = 12;
-
-QPushButton* button(const char* name, const QString& text, QWidget* parent) {
-  auto* made = new QPushButton(text, parent);
-  made->setObjectName(QString::fromLatin1(name));
-  made->setAutoDefault(false);
-  return made;
-}
 
 }  // namespace
 
@@ -62,8 +56,8 @@ QWidget* frmRuvoMulti::buildPreview() {
   picture_->setWords(kUnableToGet);
   column->addWidget(picture_);
   auto* steps = new QHBoxLayout;
-  up_ = button("cmdUp", "Previous", side);
-  down_ = button("cmdDown", "Next", side);
+  up_ = namedButton("cmdUp", "Previous", side);
+  down_ = namedButton("cmdDown", "Next", side);
   connect(up_, &QPushButton::clicked, this, [this] { step(-1); });
   connect(down_, &QPushButton::clicked, this, [this] { step(1); });
   steps->addWidget(up_);
@@ -78,9 +72,9 @@ QWidget* frmRuvoMulti::buildButtons() {
   auto* line = new QHBoxLayout(row);
   line->setContentsMargins(0, 0, 0, 0);
   line->addStretch();
-  QPushButton* select = button("cmdSelect", "Select", row);
+  QPushButton* select = namedButton("cmdSelect", "Select", row);
   select->setDefault(true);
-  QPushButton* close = button("cmdClose", "Close", row);
+  QPushButton* close = namedButton("cmdClose", "Close", row);
   connect(select, &QPushButton::clicked, this, [this] { accept(); });
   connect(close, &QPushButton::clicked, this, &QDialog::reject);
   line->addWidget(select);

@@ -18,6 +18,7 @@
 #include "base/save_texts.h"
 #include "canvas/ucCanvas.h"
 #include "dialogs/color_swatch.h"
+#include "dialogs/named_controls.h"
 #include "document/model/save_rules.h"
 #include "platform/desktop/desktop.h"
 
@@ -30,16 +31,6 @@ constexpr int kLargestMagnify = 8;
 constexpr QSize kPictureSide(420, 340);
 constexpr int kIndent = 22;
 constexpr int kOptionsWidth = 330;
-
-QString named(const char* array, int index) {
-  return QStringLiteral("%1(%2)").arg(QString::fromLatin1(array)).arg(index);
-}
-
-QCheckBox* checkBox(const char* name, const QString& text, QWidget* parent) {
-  auto* box = new QCheckBox(text, parent);
-  box->setObjectName(QString::fromLatin1(name));
-  return box;
-}
 
 QHBoxLayout* indented(std::initializer_list<QWidget*> widgets) {
   auto* row = new QHBoxLayout;
@@ -72,8 +63,8 @@ frmRuvoFileSaveGIForPNG::frmRuvoFileSaveGIForPNG(SavePanelMode mode, const clsDI
 
   auto* proceed = new QPushButton(tr("Proceed"), this);
   auto* abort = new QPushButton(tr("Abort"), this);
-  proceed->setObjectName(named("cmdFileSaveOptions", 0));
-  abort->setObjectName(named("cmdFileSaveOptions", 1));
+  proceed->setObjectName(controlName("cmdFileSaveOptions", 0));
+  abort->setObjectName(controlName("cmdFileSaveOptions", 1));
   proceed->setDefault(true);
   connect(proceed, &QPushButton::clicked, this, &frmRuvoFileSaveGIForPNG::accept);
   connect(abort, &QPushButton::clicked, this, &frmRuvoFileSaveGIForPNG::reject);
@@ -117,9 +108,9 @@ QWidget* frmRuvoFileSaveGIForPNG::buildPicture(const clsDIB& picture) {
 QWidget* frmRuvoFileSaveGIForPNG::buildGifFrame() {
   auto* frame = new QGroupBox(tr("GIF"), this);
   auto* column = new QVBoxLayout(frame);
-  transparency_ = checkBox("ckbGIFsetTransparency", tr("Set Transparency"), frame);
+  transparency_ = namedCheckBox("ckbGIFsetTransparency", tr("Set Transparency"), frame);
   transparentColour_ = new ColorSwatch(QStringLiteral("picGIFtranspColor"), kWhite, frame);
-  interlaced_ = checkBox("ckbGIFinterlaced", tr("Set Interlaced"), frame);
+  interlaced_ = namedCheckBox("ckbGIFinterlaced", tr("Set Interlaced"), frame);
   column->addWidget(transparency_);
   hint_ = new QLabel(tr("(Right click on image to  change)"), frame);
   column->addLayout(indented({transparentColour_, hint_}));
@@ -140,9 +131,9 @@ QWidget* frmRuvoFileSaveGIForPNG::buildPngFrame() {
   depth->addStretch();
   column->addLayout(depth);
 
-  interlaced_ = checkBox("ckbPNGinterlaced", tr("Set Interlaced"), frame);
+  interlaced_ = namedCheckBox("ckbPNGinterlaced", tr("Set Interlaced"), frame);
   column->addWidget(interlaced_);
-  background_ = checkBox("ckbPNGSetBgdColorChunk", tr("Set Background Color"), frame);
+  background_ = namedCheckBox("ckbPNGSetBgdColorChunk", tr("Set Background Color"), frame);
   backgroundColour_ = new ColorSwatch(QStringLiteral("picPNGBgdColor"), kWhite, frame);
   auto* choose = new QPushButton(tr("Click to set background color to save"), frame);
   choose->setObjectName(QStringLiteral("cmdBgdColorDialog"));
@@ -162,13 +153,13 @@ QWidget* frmRuvoFileSaveGIForPNG::buildPngFrame() {
 
 void frmRuvoFileSaveGIForPNG::addTransparencyRows(QVBoxLayout* column) {
   QWidget* frame = column->parentWidget();
-  transparency_ = checkBox("ckbPNGSetTransparency", tr("Set Transparency"), frame);
+  transparency_ = namedCheckBox("ckbPNGSetTransparency", tr("Set Transparency"), frame);
   column->addWidget(transparency_);
   kind_ = new QButtonGroup(this);
   const QString texts[] = {tr("Single transparent color"), tr("As alpha values to apply")};
   for (int i = 0; i < 2; ++i) {
     auto* option = new QRadioButton(texts[i], frame);
-    option->setObjectName(named("optTransparency", i));
+    option->setObjectName(controlName("optTransparency", i));
     kind_->addButton(option, i);
   }
   kind_->button(kSingleColour)->setChecked(true);
@@ -178,7 +169,7 @@ void frmRuvoFileSaveGIForPNG::addTransparencyRows(QVBoxLayout* column) {
   for (int value = 0; value <= 255; ++value) opacity_->addItem(QString::number(value));
   opacity_->setCurrentIndex(kUsualOpacity);
   opacityLabel_ = new QLabel(tr("Opacity:"), frame);
-  exclude_ = checkBox("ckbTranslucencyExclude", tr("Value of this color be set to 0"), frame);
+  exclude_ = namedCheckBox("ckbTranslucencyExclude", tr("Value of this color be set to 0"), frame);
   excluded_ = new ColorSwatch(QStringLiteral("picTranslucencyExclude"), kWhite, frame);
   column->addLayout(indented({kind_->button(kSingleColour), transparentColour_}));
   column->addLayout(indented({kind_->button(kAlphaValues)}));

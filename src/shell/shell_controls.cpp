@@ -40,10 +40,6 @@ class TilePicture : public QWidget {
 
 }  // namespace
 
-QString controlName(const QString& array, int index) {
-  return QStringLiteral("%1(%2)").arg(array).arg(index);
-}
-
 void Panel::paintEvent(QPaintEvent*) {
   const theme::Roles& r = theme::roles();
   QPainter painter(this);

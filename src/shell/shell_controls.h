@@ -8,6 +8,7 @@
 #include <functional>
 
 #include "base/colour.h"
+#include "dialogs/named_controls.h"
 #include "shell/theme.h"
 
 class QBoxLayout;
@@ -17,7 +18,7 @@ class QLabel;
 
 namespace ruvo::shell {
 
-QString controlName(const QString& array, int index);
+using ruvo::controlName;
 
 // Sizes in logical pixels that several panels share.
 using theme::kIconSide;
