@@ -12,7 +12,7 @@
 #include "document/frmRuvoPaint.h"
 #include "shell/frmRuvomain_Private.h"
 #include "shell/shell_controls.h"
-#include "shell/theme.h"
+#include "platform/theme/theme.h"
 
 namespace ruvo {
 namespace {

@@ -16,7 +16,7 @@
 #include "shell/frmRuvomain_Private.h"
 #include "shell/session/document_list.h"
 #include "shell/session/session_texts.h"
-#include "shell/theme.h"
+#include "platform/theme/theme.h"
 
 namespace ruvo {
 namespace {

@@ -11,7 +11,7 @@
 #include "platform/desktop/desktop.h"
 #include "shell/polygon_specimen.h"
 #include "shell/shell_controls.h"
-#include "shell/theme.h"
+#include "platform/theme/theme.h"
 
 namespace ruvo::shell {
 namespace {

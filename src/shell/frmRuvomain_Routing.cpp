@@ -275,7 +275,7 @@ void frmRuvomain::addShortcuts() {
     auto* shortcut = new QShortcut(row.keys, this);
     connect(shortcut, &QShortcut::activated, this, [this, zoom = row.zoom] {
       const int index = zoom + (d_->toolbar->viewMode() ? 3 : 0);
-      if (auto* button = findChild<QToolButton*>(shell::controlName("cmdZoom", index))) button->click();
+      if (auto* button = findChild<QToolButton*>(controlName("cmdZoom", index))) button->click();
     });
   }
 }

@@ -8,7 +8,7 @@
 #include "document/main_window_link.h"
 #include "platform/desktop/desktop.h"
 #include "shell/shell_controls.h"
-#include "shell/theme.h"
+#include "platform/theme/theme.h"
 
 namespace ruvo::shell {
 namespace {

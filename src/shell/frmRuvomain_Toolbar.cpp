@@ -11,7 +11,7 @@
 #include "base/limits.h"
 #include "document/menu_table.h"
 #include "shell/shell_controls.h"
-#include "shell/theme.h"
+#include "platform/theme/theme.h"
 
 namespace ruvo::shell {
 namespace {

@@ -16,8 +16,6 @@ class QLineEdit;
 
 namespace ruvo::shell {
 
-class PictureButton;
-
 inline constexpr int kEditButtonCount = 13;
 inline constexpr int kZoomButtonCount = 6;
 

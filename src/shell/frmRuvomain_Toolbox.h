@@ -5,9 +5,9 @@
 #include <array>
 #include <functional>
 
-namespace ruvo::shell {
+#include "shell/shell_controls.h"
 
-class PictureButton;
+namespace ruvo::shell {
 
 inline constexpr int kToolCount = 19;
 inline constexpr int kClearAllTools = kToolCount - 1;

@@ -12,7 +12,7 @@
 #include "shell/basRuvoMain.h"
 #include "shell/frmRuvoAbout.h"
 #include "shell/ruvo_application.h"
-#include "shell/theme.h"
+#include "platform/theme/theme.h"
 
 namespace {
 

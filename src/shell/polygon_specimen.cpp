@@ -4,7 +4,7 @@
 #include <QPolygonF>
 #include <numbers>
 
-#include "shell/theme.h"
+#include "platform/theme/theme.h"
 
 namespace ruvo::shell {
 

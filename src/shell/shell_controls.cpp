@@ -1,14 +1,10 @@
 #include "shell/shell_controls.h"
 
-#include <QAbstractItemView>
-#include <QComboBox>
-#include <QFrame>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 
-#include "shell/theme.h"
+#include "platform/theme/theme.h"
 
 namespace ruvo::shell {
 namespace {
@@ -39,37 +35,6 @@ class TilePicture : public QWidget {
 };
 
 }  // namespace
-
-void Panel::paintEvent(QPaintEvent*) {
-  const theme::Roles& r = theme::roles();
-  QPainter painter(this);
-  const QRect inner = rect().adjusted(0, 0, -1, -1);
-  if (border_ == Border::Frame) {
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(r.line);
-    painter.setBrush(r.raised);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
-    return;
-  }
-  painter.fillRect(rect(), r.window);
-  painter.setPen(r.line);
-  if (border_ == Border::Top) painter.drawLine(inner.topLeft(), inner.topRight());
-  if (border_ == Border::Right) painter.drawLine(inner.topRight(), inner.bottomRight());
-  if (border_ == Border::Bottom) painter.drawLine(inner.bottomLeft(), inner.bottomRight());
-}
-
-PictureButton::PictureButton(const QString& name, const QString& picture, const QString& tip, QWidget* parent)
-    : QToolButton(parent) {
-  setObjectName(name);
-  setIcon(theme::icon(picture));
-  setIconSize({kIconSide, kIconSide});
-  setToolTip(tip);
-  setAccessibleName(tip.trimmed());
-  setAutoRaise(true);
-  setCheckable(true);
-  // A click leaves the keyboard with the picture.
-  setFocusPolicy(Qt::TabFocus);
-}
 
 PictureOption::PictureOption(const QString& optionName, const QString& pictureName, const QString& picture,
                              const QString& caption, QWidget* parent)
@@ -118,75 +83,6 @@ void ColorBox::paintEvent(QPaintEvent*) {
   painter.setPen(Qt::NoPen);
   painter.setBrush(toQColor(colour_));
   painter.drawRoundedRect(outer.adjusted(2, 2, -2, -2), 2.5, 2.5);
-}
-
-QColor toQColor(Colour colour) {
-  return QColor(redOf(colour), greenOf(colour), blueOf(colour));
-}
-
-Colour fromQColor(const QColor& colour) {
-  return rgb(colour.red(), colour.green(), colour.blue());
-}
-
-QFrame* divider(Qt::Orientation orientation, QWidget* parent) {
-  auto* line = new QFrame(parent);
-  line->setAutoFillBackground(true);
-  QPalette palette = line->palette();
-  palette.setColor(QPalette::Window, theme::roles().line);
-  line->setPalette(palette);
-  if (orientation == Qt::Vertical)
-    line->setFixedWidth(1);
-  else
-    line->setFixedHeight(1);
-  return line;
-}
-
-namespace {
-
-// A combo box whose list may be wider than the box, so that no item is cut. The list is measured when it opens: most
-// never do.
-class WideListCombo : public QComboBox {
- public:
-  using QComboBox::QComboBox;
-
-  void showPopup() override {
-    int widest = 0;
-    for (int i = 0; i < count(); ++i) widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(i)));
-    view()->setTextElideMode(Qt::ElideNone);
-    view()->setMinimumWidth(widest + 40);
-    QComboBox::showPopup();
-  }
-};
-
-}  // namespace
-
-QComboBox* combo(const QString& name, const QStringList& items, int first, int width, QWidget* parent) {
-  auto* box = new WideListCombo(parent);
-  box->setObjectName(name);
-  // Before the items: a box that is as wide as its place has no need to measure each of them.
-  box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  box->setMinimumContentsLength(1);
-  box->addItems(items);
-  box->setCurrentIndex(first);
-  if (width > 0) box->setFixedWidth(width);
-  box->setMaxVisibleItems(20);
-  return box;
-}
-
-QLabel* label(const QString& text, QWidget* parent, LabelKind kind) {
-  auto* made = new QLabel(text, parent);
-  made->setTextFormat(Qt::PlainText);
-  if (kind == LabelKind::Heading) {
-    QFont font = made->font();
-    font.setWeight(QFont::DemiBold);
-    made->setFont(font);
-  } else if (kind == LabelKind::Quiet) {
-    QPalette palette = made->palette();
-    palette.setColor(QPalette::Active, QPalette::WindowText, theme::roles().quietInk);
-    palette.setColor(QPalette::Inactive, QPalette::WindowText, theme::roles().quietInk);
-    made->setPalette(palette);
-  }
-  return made;
 }
 
 }  // namespace ruvo::shell

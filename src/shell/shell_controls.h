@@ -1,51 +1,26 @@
-// The small controls that the main window's panels are made of. Every control carries its fixed name as objectName; a
-// member of a control array is named "array(index)".
+// The small controls that only the main window's panels have, beside those that every window has.
 #pragma once
 
-#include <QAbstractButton>
-#include <QToolButton>
-#include <QWidget>
 #include <functional>
 
-#include "base/colour.h"
 #include "dialogs/named_controls.h"
-#include "shell/theme.h"
-
-class QBoxLayout;
-class QComboBox;
-class QFrame;
-class QLabel;
+#include "platform/theme/controls.h"
+#include "platform/theme/theme.h"
 
 namespace ruvo::shell {
 
-using ruvo::controlName;
+using theme::combo;
+using theme::divider;
+using theme::fromQColor;
+using theme::label;
+using theme::LabelKind;
+using theme::Panel;
+using theme::PictureButton;
+using theme::toQColor;
 
 // Sizes in logical pixels that several panels share.
 using theme::kIconSide;
 inline constexpr int kPanelMargin = 9;
-
-// A plain ground with a border on one side, or a frame with round corners.
-class Panel : public QWidget {
- public:
-  enum class Border { Top, Right, Bottom, Frame };
-  Panel(Border border, QWidget* parent) : QWidget(parent), border_(border) {}
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-
- private:
-  Border border_;
-};
-
-// A flat button with a picture. A click only reports: whether it looks pressed (checked) is set by the code that
-// decides.
-class PictureButton : public QToolButton {
- public:
-  PictureButton(const QString& name, const QString& picture, const QString& tip, QWidget* parent);
-
- protected:
-  void nextCheckState() override {}
-};
 
 // A tile of an option frame: the option itself (`opt...`), and in it the picture (`img...`) that may be clicked as
 // well.
@@ -73,15 +48,5 @@ class ColorBox : public QWidget {
  private:
   Colour colour_;
 };
-
-QColor toQColor(Colour colour);
-Colour fromQColor(const QColor& colour);
-
-// A thin line between groups.
-QFrame* divider(Qt::Orientation orientation, QWidget* parent);
-// A combo box with its items and first selection, of a fixed width or (0) as wide as its place.
-QComboBox* combo(const QString& name, const QStringList& items, int first, int width, QWidget* parent);
-enum class LabelKind { Plain, Heading, Quiet };
-QLabel* label(const QString& text, QWidget* parent, LabelKind kind = LabelKind::Plain);
 
 }  // namespace ruvo::shell

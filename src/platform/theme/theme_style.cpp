@@ -1,10 +1,10 @@
-#include "shell/theme_style.h"
+#include "platform/theme/theme_style.h"
 
 #include <QPainter>
 #include <QStyleOption>
 
-#include "shell/painted_icon.h"
-#include "shell/theme.h"
+#include "platform/theme/painted_icon.h"
+#include "platform/theme/theme.h"
 
 namespace ruvo::theme {
 namespace {

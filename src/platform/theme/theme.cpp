@@ -1,4 +1,4 @@
-#include "shell/theme.h"
+#include "platform/theme/theme.h"
 
 #include <QApplication>
 #include <QDir>
@@ -12,8 +12,8 @@
 #include <mutex>
 #include <thread>
 
-#include "shell/painted_icon.h"
-#include "shell/theme_style.h"
+#include "platform/theme/painted_icon.h"
+#include "platform/theme/theme_style.h"
 
 // The drawings lie in a static library, whose resources are not there until they are asked for. (The macro must stand
 // outside any namespace.)
