@@ -11,6 +11,7 @@ inline constexpr std::string_view kFormatLimit = "##,000,000";
 inline constexpr std::string_view kFormatSideLimit = "##,000";
 inline constexpr std::string_view kFormatAngle = "##0.0";
 inline constexpr std::string_view kFormatFileSize = "###,###,##0";
+inline constexpr std::string_view kFormatAnimationSize = "#,#0";  // bytes; two digits at the least
 
 // Rounds half away from zero to the pattern's decimals (at most 9). The separators are "," and "." in every locale. A
 // value that is no finite number gives "0".

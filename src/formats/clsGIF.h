@@ -24,6 +24,9 @@ namespace ruvo {
 
 using GifTable = std::array<raster::TableEntry, 256>;
 
+// A colour table is stored with 2^bits entries: the least number of bits, from 1 up, that holds this many.
+int gifTableBits(int entries);
+
 // What a load or a test answers. `kGifOther` stands for every failure without a number of its own.
 enum GifCode {
   kGifOk = 0,
@@ -39,6 +42,14 @@ enum GifCode {
   kGifTooManyFrames = 12,
   kGifNoFrame = 13,
   kGifOther = 99,
+};
+
+// What becomes of a frame before the next one is drawn (GIF89a, section 23). Files hold 4 to 7 too.
+enum GifDisposal {
+  kDisposalUnspecified = 0,
+  kDisposalKeep = 1,
+  kDisposalToBackground = 2,
+  kDisposalToPrevious = 3,
 };
 
 struct GifControl {

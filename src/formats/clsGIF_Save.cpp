@@ -11,11 +11,6 @@
 namespace ruvo {
 namespace {
 
-// The least number of bits, from 1 up, whose table holds the entries.
-int bitsForEntries(int entries) {
-  return std::max(1, static_cast<int>(std::bit_width(static_cast<unsigned>(std::max(entries, 1) - 1))));
-}
-
 void writeTable(ByteWriter& out, const raster::TableEntry* table, int entries, int bits) {
   for (int i = 0; i < 1 << bits; ++i) {
     const raster::TableEntry e = i < entries ? table[i] : raster::TableEntry{};
@@ -78,7 +73,7 @@ void writeDescriptor(ByteWriter& out, int left, int top, const clsDIB& dib, int 
 void writeFrame(ByteWriter& out, const GifFrame& frame, int globalBits) {
   const GifImage& image = frame.image;
   writeControl(out, frame.control);
-  const int localBits = image.LocalPaletteUsed ? bitsForEntries(image.LocalPaletteEntries) : 0;
+  const int localBits = image.LocalPaletteUsed ? gifTableBits(image.LocalPaletteEntries) : 0;
   int packed = image.LocalPaletteSorted ? 32 : 0;
   if (image.LocalPaletteUsed) packed |= 128 | (localBits - 1);
   writeDescriptor(out, image.Left, image.Top, *image.XOR, packed, image.Interlaced);
@@ -100,7 +95,7 @@ std::vector<std::uint8_t> finished(ByteWriter& out) {
 std::vector<std::uint8_t> modelBytes(const GifModel& model, int onlyFrame, const std::optional<std::string>& comment) {
   ByteWriter out;
   const bool newer = !model.frames.empty() || (comment && !comment->empty());
-  const int bits = model.globalExists ? bitsForEntries(model.globalEntries) : 0;
+  const int bits = model.globalExists ? gifTableBits(model.globalEntries) : 0;
   const int packed = bits == 0 ? 0 : (bits - 1) | (model.globalSorted ? 8 : 0) | (bits - 1) << 4 | 128;
   writeScreen(out, newer, {model.width, model.height}, packed, model.background, model.aspect);
   if (bits != 0) writeTable(out, model.global.data(), model.globalEntries, bits);
@@ -122,6 +117,10 @@ int entryOf(const clsPal& pal, Colour colour, int tableEntries) {
 }
 
 }  // namespace
+
+int gifTableBits(int entries) {
+  return std::max(1, static_cast<int>(std::bit_width(static_cast<unsigned>(std::max(entries, 1) - 1))));
+}
 
 std::vector<std::uint8_t> clsGIF::saveBytes(int OnlyFrame, const std::optional<std::string>& CommentText) const {
   if (OnlyFrame > model_->count()) return {};

@@ -6,9 +6,6 @@
 namespace ruvo {
 namespace {
 
-constexpr int kToBackground = 2;
-constexpr int kToPrevious = 3;
-
 Pixel32* pixelsAt(raster::Surface& screen, int x, int y) {
   return reinterpret_cast<Pixel32*>(screen.pictureRow(y)) + x;
 }
@@ -50,7 +47,7 @@ int GifPlayer::next() {
   const Rect area = areaOf(frame_);
   saved_.clear();
   if (!area.empty()) {
-    if (gif_.FrameDisposalMethod(frame_) == kToPrevious) {
+    if (gif_.FrameDisposalMethod(frame_) == kDisposalToPrevious) {
       if (!saved_.create(area.width(), area.height(), 32)) return 0;
       copyArea(saved_, {0, 0}, screen_, area);
     }
@@ -64,8 +61,8 @@ void GifPlayer::dispose() {
   const Rect area = areaOf(frame_);
   if (area.empty()) return;
   const int method = gif_.FrameDisposalMethod(frame_);
-  if (method == kToBackground) clearArea(screen_, area);
-  if (method == kToPrevious && !saved_.empty()) copyArea(screen_, {area.left, area.top}, saved_, saved_.bounds());
+  if (method == kDisposalToBackground) clearArea(screen_, area);
+  if (method == kDisposalToPrevious && !saved_.empty()) copyArea(screen_, {area.left, area.top}, saved_, saved_.bounds());
 }
 
 void GifPlayer::draw(Rect area) {

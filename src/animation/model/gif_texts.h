@@ -5,21 +5,20 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "formats/clsGIF.h"
 
 namespace ruvo {
 
-// "Unspecified", "Don't dispose", "To background", "To previous"
+// Of the methods 0 to 3.
 inline constexpr std::array<const char*, 4> kDisposalNames = {"Unspecified", "Don't dispose", "To background",
                                                               "To previous"};
 std::string disposalName(int method);  // "Disposal ?" for others
 
-// The pieces of a frame's line in `cboFrameData`, in order.
+// The pieces of a frame's line in `cboFrameData`, in order; none when there is no such frame.
 std::vector<std::string> frameLinePieces(const clsGIF& gif, int frame);
-// The same with its columns padded, for a font of one width; for tabs between them give "\t".
+// The same as one line: its columns padded, for a font of one width, or with tabs between them.
 std::string frameLine(const clsGIF& gif, int frame);
 std::string frameLineTabbed(const clsGIF& gif, int frame);
 
@@ -27,14 +26,17 @@ std::string frameLineTabbed(const clsGIF& gif, int frame);
 std::string originalFileText(const clsGIF& gif, std::int64_t fileSize);  // lblInfoOrigFile
 std::string currentTotalText(const clsGIF& gif);                         // lblCurrentFrameCount
 std::string backgroundText(const clsGIF& gif);                           // lblBgdInfo
-std::string fileSizeText(std::int64_t bytes);                            // "File size:   "
+std::string fileSizeText(std::int64_t bytes);                            // of a file that was opened or saved
+std::string measuredSizeText(std::int64_t bytes);                        // of what a save would write
 
-// Running time of one round in milliseconds, as the player steps; and "Running time:  3.50 s" with the frame's own time
-// and share of it.
+// Of one round in milliseconds, as the player steps; each frame's time is tickMilliseconds().
 std::int64_t runningTime(const clsGIF& gif);
+// "Running time:  3.50 s", and for a frame of it its own time and share: "   Frame 2:  0.70 s (20 %)".
 std::string runningTimeText(const clsGIF& gif, int frame);
 
-// The page that shows an animation in a browser. The path is made an address (file://, percent-encoded).
+// A file's path as an address: "file://", then the path with every byte percent-encoded that has a meaning in one.
+std::string fileAddress(const std::filesystem::path& file);
+// The page that shows an animation in a browser, its lines ended by "\n".
 std::string browserPage(const std::filesystem::path& gifFile);
 
 }  // namespace ruvo

@@ -94,9 +94,16 @@ void fillRect(Surface& dst, Rect area, Colour colour, std::uint8_t alpha) {
   area = area.intersected(dst.bounds());
   if (area.empty()) return;
   const int bytes = looseBytes(dst.depth());
-  std::vector<std::uint8_t> row(static_cast<std::size_t>(area.width()) * bytes);
-  fillLoose(row.data(), area.width(), loosePixel(dst, colour, alpha), bytes);
+  const auto pixel = loosePixel(dst, colour, alpha);
   RowStore store(dst, Rop2::CopyPen);
+  if (store.copies()) {  // the first row serves the others where it stands
+    const std::uint8_t* first = store.direct(area.left, area.top);
+    fillLoose(store.direct(area.left, area.top), area.width(), pixel, bytes);
+    for (int y = area.top + 1; y < area.bottom; ++y) store.put(area.left, y, area.width(), first);
+    return;
+  }
+  std::vector<std::uint8_t> row(static_cast<std::size_t>(area.width()) * bytes);
+  fillLoose(row.data(), area.width(), pixel, bytes);
   for (int y = area.top; y < area.bottom; ++y) store.put(area.left, y, area.width(), row.data());
 }
 

@@ -1,0 +1,68 @@
+#include "animation/model/gif_texts.h"
+
+#include "base/paths.h"
+#include "formats/gif_bytes.h"
+
+namespace ruvo {
+namespace {
+
+using namespace test;
+
+clsGIF sample() {
+  clsGIF gif;
+  EXPECT_EQ(load(gif, GifBytes(300, 200)
+                          .extension(0xFF, {"NETSCAPE2.0", {1, 3, 0}})
+                          .control(3 << 2 | 1, 25, 1)
+                          .image({"10"}, 4, 5, 0x40)
+                          .control(5 << 2)
+                          .image({"3"}, 0, 0, 0x81, kFourColours)
+                          .bytes()),
+            kGifOk);
+  gif.setLocalPaletteEntries(2, 3);
+  return gif;
+}
+
+TEST(GifTexts, ALineTellsAFrameInColumns) {
+  const clsGIF gif = sample();
+  EXPECT_EQ(frameLineTabbed(gif, 1),
+            "1\t2x1\t[4, 5]\tTransp: Y\tAt 1 / RGB(255,0,0)\tTo previous\tGlobal\t4\tI'laced: Y\tDelay: 25");
+  EXPECT_EQ(frameLineTabbed(gif, 2),
+            "2\t1x1\t[0, 0]\tTransp: N\t(No transp color)\tDisposal ?\tLocal\t3 (as 4)\tI'laced: N\tDelay: 0");
+  const std::string first = frameLine(gif, 1), second = frameLine(gif, 2);
+  for (const char* piece : {"Transp: ", "I'laced: ", "Delay: "}) EXPECT_EQ(first.find(piece), second.find(piece));
+  EXPECT_TRUE(frameLinePieces(gif, 0).empty());
+  EXPECT_EQ(frameLine(gif, 3), "");
+}
+
+TEST(GifTexts, ATableThatNoFileHasCountsNothing) {
+  clsGIF gif;
+  ASSERT_EQ(load(gif, GifBytes(3, 3, "89a", 0, {}).image({"0"}).bytes()), kGifOk);
+  EXPECT_EQ(frameLinePieces(gif, 1)[7], "0");
+  gif.setGlobalPaletteExists(true);
+  gif.setGlobalPaletteEntries(1);
+  EXPECT_EQ(frameLinePieces(gif, 1)[7], "1 (as 2)");
+}
+
+TEST(GifTexts, Labels) {
+  const clsGIF gif = sample();
+  EXPECT_EQ(originalFileText(gif, 12345),
+            "Original  file:  12345 bytes.  2 frames   (Bgr size:  300 x 200    Global exists:  Y    Loops: 3)");
+  EXPECT_EQ(currentTotalText(gif), "Current total:  2");
+  EXPECT_EQ(backgroundText(gif), "(Current Bgd: 300 x 200   )");
+  EXPECT_EQ(fileSizeText(1234567), "File size:   1,234,567  bytes");
+  EXPECT_EQ(measuredSizeText(999), "File size:  999 bytes");
+  // A frame of delay 0 takes the player 10 ms.
+  EXPECT_EQ(runningTime(gif), 260);
+  EXPECT_EQ(runningTimeText(gif, 1), "Running time:  0.26 s   Frame 1:  0.25 s (96 %)");
+  EXPECT_EQ(runningTimeText(clsGIF(), 1), "Running time:  0.00 s");
+}
+
+TEST(GifTexts, TheBrowserPageNamesAnyPath) {
+  EXPECT_EQ(browserPage(pathOf("/tmp/a \"b\"#?%/\xC3\xA4.gif")),
+            "<HTML>\n<BODY>\n<center>\n<table>\n"
+            "<IMG SRC=\"file:///tmp/a%20%22b%22%23%3F%25/%C3%A4.gif\", border=0>\n"
+            "</table>\n</center>\n</BODY>\n</HTML>\n");
+}
+
+}  // namespace
+}  // namespace ruvo
