@@ -15,6 +15,12 @@ clsGIF::~clsGIF() = default;
 clsGIF::clsGIF(clsGIF&&) noexcept = default;
 clsGIF& clsGIF::operator=(clsGIF&&) noexcept = default;
 
+clsGIF clsGIF::clone() const {
+  clsGIF copy;
+  *copy.model_ = *model_;
+  return copy;
+}
+
 void clsGIF::ClearUp() {
   *model_ = GifModel();
 }

@@ -97,6 +97,9 @@ class clsGIF {
   ~clsGIF();
   clsGIF(clsGIF&&) noexcept;
   clsGIF& operator=(clsGIF&&) noexcept;
+  // A second model with the same content. Frames share their surfaces until one of them changes a pixel, so it costs
+  // little more than the tables. Throws std::bad_alloc when there is no memory.
+  clsGIF clone() const;
 
   // --- Reading. All answer a GifCode; a failing load leaves the model empty. After every load statedWidth() and
   // statedHeight() are the file's logical screen; when the screen's or the first frame's size was refused, that size.

@@ -70,6 +70,19 @@ TEST(GifFrames, ACopySharesItsPixelsUntilOneOfThemChanges) {
   EXPECT_PICTURE(rowsOf(gif.FrameDIBAND(1)), ({"##"}));
 }
 
+TEST(GifFrames, ACloneIsChangedByItself) {
+  clsGIF gif = framesOf(2);
+  clsGIF clone = gif.clone();
+  EXPECT_EQ(&gif.FrameDIBXOR(1), &clone.FrameDIBXOR(1));
+  clone.ownFrameDIBXOR(1)->surface().pictureRow(0)[0] = 3;
+  clone.GlobalPalettePtr()[1] = {};
+  clone.setFrameDelay(2, 9);
+  EXPECT_EQ(delays(gif) + delays(clone), "1219");
+  EXPECT_PICTURE(digits(gif.FrameDIBXOR(1)), ({"01"}));
+  EXPECT_PICTURE(digits(clone.FrameDIBXOR(1)), ({"31"}));
+  EXPECT_EQ(gif.GlobalPaletteColor(1), kFourColours[1]);
+}
+
 TEST(GifFrames, TablesReachThePictureWhenTheyAreUpdated) {
   clsGIF gif;
   ASSERT_EQ(load(gif, GifBytes(2, 1).control(1).image({"01"}, 0, 0, 0x80, {kWhite, rgb(5, 6, 7)}).bytes()), kGifOk);
