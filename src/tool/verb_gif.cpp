@@ -5,6 +5,7 @@
 #include "formats/clsGIF.h"
 #include "formats/gif_player.h"
 #include "platform/imaging/encoders.h"
+#include "tool/gif_output.h"
 #include "tool/picture_input.h"
 #include "tool/rgba_rows.h"
 #include "tool/verbs.h"
@@ -24,10 +25,6 @@ std::filesystem::path framePath(const std::string& folder, int frame, std::strin
   std::string number = std::to_string(frame);
   number.insert(0, number.size() < 3 ? 3 - number.size() : 0, '0');
   return pathOf(folder) / ("frame" + number + std::string(extension));
-}
-
-std::optional<std::string> commentOf(const clsGIF& gif) {
-  return gif.hasComment() ? std::optional(gif.CommentText()) : std::nullopt;
 }
 
 // Empty when written, else why not.
@@ -71,10 +68,8 @@ int gifComposed(const Arguments& arguments, Console& console) {
 }
 
 int gifRewrite(const Arguments& arguments, Console& console) {
-  const std::string& target = arguments.operand(1);
   clsGIF gif;
-  if (!loadGif(arguments.operand(0), gif, console)) return 1;
-  return gif.Save(pathOf(target), 0, commentOf(gif)) ? 0 : console.refuse(target, kSaveFailed);
+  return loadGif(arguments.operand(0), gif, console) ? saveGif(gif, arguments.operand(1), console) : 1;
 }
 
 }  // namespace ruvo::tool
