@@ -1,5 +1,4 @@
-#include <cstdio>
-
+#include "animation/model/pal_file.h"
 #include "base/file_io.h"
 #include "base/paths.h"
 #include "image/clsPal.h"
@@ -10,17 +9,6 @@ namespace ruvo::tool {
 namespace {
 
 constexpr int kTreeDepth = 8;
-
-// A palette text as paint programs exchange it: always 256 entries.
-std::string paletteText(const clsPal& palette) {
-  std::string text = "JASC-PAL\r\n0100\r\n256\r\n";
-  for (int i = 0; i < clsPal::kMostEntries; ++i) {
-    char line[16];
-    std::snprintf(line, sizeof line, "%03d %03d %03d\r\n", palette.rgbR(i), palette.rgbG(i), palette.rgbB(i));
-    text += line;
-  }
-  return text;
-}
 
 }  // namespace
 
@@ -53,7 +41,7 @@ int palette(const Arguments& arguments, Console& console) {
     pal.CreateHalftone(*arguments.number("--halftone"));
   }
   const std::string& target = arguments.operands().back();
-  const std::string text = paletteText(pal);
+  const std::string text = palText(pal.entriesInUse(), pal.MaxCount());
   std::string reason;
   if (!replaceFile(pathOf(target), {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, &reason)) {
     return console.refuse(target, reason);
