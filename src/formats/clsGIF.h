@@ -91,7 +91,7 @@ class clsGIF {
   static constexpr int kMostLaterSide = 2000;  // of the second and later frames
   static constexpr std::int64_t kMostLaterPixels = 3000000;
   static constexpr std::int64_t kSmallestFile = 101;  // bytes
-  static constexpr int kMostCommentBytes = 255;       // written
+  static constexpr int kMostCommentBytes = 255;       // of one that is typed; longer ones come with files
 
   clsGIF();
   ~clsGIF();
@@ -117,7 +117,7 @@ class clsGIF {
   int statedHeight() const;
 
   // --- Writing. The file is replaced whole; false leaves the old one. OnlyFrame 0 writes all frames. A comment goes
-  // out as Latin-1 (others as "?"), its first 255 bytes; absent, none is written.
+  // out whole as Latin-1 (others as "?"); absent, none is written.
   bool Save(const std::filesystem::path& FileName, int OnlyFrame = 0,
             const std::optional<std::string>& CommentText = {}) const;
   // The same as bytes; empty for an OnlyFrame that does not exist, for a frame whose XOR surface was remade with other

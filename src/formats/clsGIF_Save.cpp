@@ -36,11 +36,15 @@ void writeLoops(ByteWriter& out, int loops) {
 }
 
 void writeComment(ByteWriter& out, const std::optional<std::string>& comment) {
+  constexpr std::size_t kMostBlock = 255;
   if (!comment || comment->empty()) return;
-  const std::string text = latin1FromUtf8(*comment).substr(0, clsGIF::kMostCommentBytes);
+  const std::string text = latin1FromUtf8(*comment);
   out.append("\x21\xFE");
-  out.u8(static_cast<std::uint8_t>(text.size()));
-  out.append(text);
+  for (std::size_t at = 0; at < text.size(); at += kMostBlock) {
+    const std::string_view block = std::string_view(text).substr(at, kMostBlock);
+    out.u8(static_cast<std::uint8_t>(block.size()));
+    out.append(block);
+  }
   out.u8(0);
 }
 
