@@ -3,6 +3,7 @@
 // Remask_All_Frames ends a chain of them.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "animation/model/palette_maps.h"
@@ -34,8 +35,9 @@ bool RemoveSlackTransparentAreas(clsGIF& Gif);
 // The size of a GIF colour table for a number of entries: the next power of two, 2 to 256.
 int PaletteSizeForEntries(int Entries);
 
-// RectifyGIFData, then unused and duplicate entries of the global table and of each local one. Masks are left stale.
-void cleanPalettes(clsGIF& Gif);
+// RectifyGIFData, then unused and duplicate entries of the global table and of each local one. True when something was
+// changed; masks are then left stale.
+bool cleanPalettes(clsGIF& Gif);
 
 // --- The whole run
 

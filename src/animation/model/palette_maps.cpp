@@ -24,6 +24,22 @@ bool mapFramePixels(clsGIF& gif, int frame, const IndexMap& map) {
   return true;
 }
 
+bool mapGlobalPixels(clsGIF& gif, const IndexMap& map) {
+  if (map == identityMap()) return true;
+  const auto eachGlobal = [&gif](auto&& act) {
+    for (int frame = 1; frame <= gif.FramesCount(); ++frame) {
+      if (!gif.LocalPaletteUsed(frame) && !act(frame)) return false;
+    }
+    return true;
+  };
+  // Once the pictures are the frames' own, nothing can fail any more.
+  return eachGlobal([&](int frame) {
+           const clsDIB* dib = gif.ownFrameDIBXOR(frame);
+           return dib && dib->surface().depth() == 8;
+         }) &&
+         eachGlobal([&](int frame) { return mapFramePixels(gif, frame, map); });
+}
+
 void setFrameTable(clsGIF& gif, int frame, const GifTable& table, int entries) {
   raster::TableEntry* own = gif.LocalPalettePtr(frame);
   if (!own) return;
@@ -43,13 +59,21 @@ void setGlobalTable(clsGIF& gif, const GifTable& table, int entries) {
   }
 }
 
-void markUsed(const clsGIF& gif, int frame, std::array<bool, 256>& used) {
+void markUsed(const clsGIF& gif, int frame, IndexSet& used) {
   const raster::Surface& picture = gif.FrameDIBXOR(frame).surface();
   if (picture.depth() != 8) return;
   const auto view = picture.view8();
   for (int y = 0; y < view.height(); ++y) {
     for (const std::uint8_t index : std::span(view.row(y), static_cast<std::size_t>(view.width()))) used[index] = true;
   }
+}
+
+int entriesNeeded(const clsGIF& gif, int frame) {
+  IndexSet used{};
+  markUsed(gif, frame, used);
+  if (gif.FrameUseTransparentColor(frame)) used[static_cast<std::size_t>(gif.FrameTransparentColorIndex(frame))] = true;
+  const auto last = std::find(used.rbegin(), used.rend(), true);
+  return std::max(gif.LocalPaletteEntries(frame), static_cast<int>(used.rend() - last));
 }
 
 namespace {
