@@ -25,11 +25,15 @@ void copyArea(raster::Surface& to, Point at, raster::Surface& from, Rect area) {
 
 }  // namespace
 
+Size GifPlayer::screenSize(const clsGIF& gif) {
+  const Size screen{gif.BgdWidth(), gif.BgdHeight()};
+  const Size first{gif.FrameWidth(1), gif.FrameHeight(1)};
+  return screen.width < first.width || screen.height < first.height ? first : screen;
+}
+
 GifPlayer::GifPlayer(const clsGIF& gif) : gif_(gif) {
-  Size size{gif.BgdWidth(), gif.BgdHeight()};
-  // A first frame larger than the screen is a mistake in the screen's size; browsers show that frame whole.
-  alone_ = size.width < gif.FrameWidth(1) || size.height < gif.FrameHeight(1);
-  if (alone_) size = {gif.FrameWidth(1), gif.FrameHeight(1)};
+  const Size size = screenSize(gif);
+  alone_ = size != Size{gif.BgdWidth(), gif.BgdHeight()};
   screen_.create(size.width, size.height, 32);
 }
 
@@ -62,7 +66,8 @@ void GifPlayer::dispose() {
   if (area.empty()) return;
   const int method = gif_.FrameDisposalMethod(frame_);
   if (method == kDisposalToBackground) clearArea(screen_, area);
-  if (method == kDisposalToPrevious && !saved_.empty()) copyArea(screen_, {area.left, area.top}, saved_, saved_.bounds());
+  if (method == kDisposalToPrevious && !saved_.empty())
+    copyArea(screen_, {area.left, area.top}, saved_, saved_.bounds());
 }
 
 void GifPlayer::draw(Rect area) {

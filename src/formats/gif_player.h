@@ -11,14 +11,18 @@ namespace ruvo {
 
 class GifPlayer {
  public:
+  // What a viewer takes for the screen: the logical one or, where the first frame is larger in width or height (which
+  // is a mistake in the screen's size), that frame's size; it then stands at 0, 0.
+  static Size screenSize(const clsGIF& gif);
+
   // The model must outlive the player.
   explicit GifPlayer(const clsGIF& gif);
 
   // Draws the next frame and answers its number; 0 when all have been shown or when there is no memory for it. The
   // screen begins see-through.
   int next();
-  // 32 bits, straight alpha (byte 3: 0 where nothing was drawn, else 255); size of the logical screen, or of the first
-  // frame, then at 0, 0, where that is larger. Empty when there is no memory for it.
+  // 32 bits, straight alpha (byte 3: 0 where nothing was drawn, else 255); of screenSize(). Empty when there is no
+  // memory for it.
   const raster::Surface& screen() const { return screen_; }
   // The screen without a copy; nothing more is shown after that.
   raster::Surface takeScreen() { return std::move(screen_); }

@@ -26,13 +26,21 @@ struct ResizeOrder {
   int offsetY = 0;
 };
 
-// A side after the order's ratio, before any floor: exact, truncated.
+// A side or a place after the order's ratio: exact, truncated.
 int resizedSide(int side, const ResizeOrder& order);
+// Each side at least 1. The screen to start from is GifPlayer::screenSize.
 Size resizedScreen(Size screen, const ResizeOrder& order);
 // Why it can not be done; the questions to be asked one after the other (the last one always stands).
 std::optional<std::string> resizeRefusal(const clsGIF& gif, const ResizeOrder& order);
 std::vector<std::string> resizeQuestions(const clsGIF& gif, const ResizeOrder& order);
-// False when there is no memory; the model is then as it was. Masks are made anew.
+
+// Resizes the screen and each frame with it; pixels are picked, so no new colours arise. With offsets frames move right
+// and down, and what reaches past the screen is cut off.
+//
+// Background only: the pictures keep their scale. A growing screen moves them by the offsets, and the first frame then
+// fills the whole screen; a shrinking one cuts them and moves them back by the offsets.
+//
+// The model is then as if it had been saved and read again. False when there is no memory; it is then as it was.
 bool resizeGif(clsGIF& gif, const ResizeOrder& order, const Progress& progress = {});
 
 }  // namespace ruvo

@@ -1,0 +1,174 @@
+#include "animation/model/series_resize.h"
+
+#include "formats/gif_bytes.h"
+#include "formats/gif_player.h"
+#include "platform/raster/stretch.h"
+
+namespace ruvo {
+namespace {
+
+using namespace test;
+
+// 6 x 4: a whole first frame, a see-through one that is cleared, one with a table of its own in which the see-through
+// entry has the colour of another, and one that is taken back and reaches past the screen.
+clsGIF animation() {
+  clsGIF gif;
+  EXPECT_EQ(load(gif, GifBytes(6, 4)
+                          .control(4)
+                          .image({"123123", "231231", "312312", "123123"})
+                          .control(9, 5, 0)
+                          .image({"0110", "1001"}, 2, 2)
+                          .control(1, 7, 2)
+                          .image({"0213", "1322"}, 2, 0, 0x81, {kWhite, kBlack, kWhite, kWhite})
+                          .control(12)
+                          .image({"1111", "2222"}, 4, 2)
+                          .bytes()),
+            kGifOk);
+  gif.setCommentText("kept");
+  return gif;
+}
+
+ResizeOrder byPercent(int percent) {
+  ResizeOrder order;
+  order.percent = percent;
+  return order;
+}
+
+// All screens of an animation, scaled to a size by picking pixels; see-through ones are 0.
+std::vector<std::vector<std::uint32_t>> shown(const clsGIF& gif, Size size) {
+  std::vector<std::vector<std::uint32_t>> all;
+  GifPlayer player(gif);
+  while (player.next() != 0) {
+    raster::Surface screen;
+    screen.create(size.width, size.height, 32);
+    raster::stretchBlit(screen, raster::Extent::of(screen), player.screen(), raster::Extent::of(player.screen()),
+                        raster::StretchMode::ColorOnColor);
+    all.emplace_back();
+    for (int i = 0; i < size.width * size.height; ++i) {
+      const Pixel32& pixel = pixelAt(screen, i % size.width, i / size.width);
+      all.back().push_back(pixel.alpha == 0 ? 0 : pixel.colour() + 1);
+    }
+  }
+  return all;
+}
+
+TEST(SeriesResize, AScaledAnimationShowsItsPicturesScaled) {
+  const clsGIF before = animation();
+  for (const int percent : {200, 300, 50}) {
+    clsGIF gif = before.clone();
+    ASSERT_TRUE(resizeGif(gif, byPercent(percent)));
+    const Size size = resizedScreen({6, 4}, byPercent(percent));
+    EXPECT_EQ(GifPlayer::screenSize(gif), size);
+    EXPECT_EQ(shown(gif, size), shown(before, size)) << percent;
+    EXPECT_EQ(gif.CommentText(), "kept");
+    EXPECT_EQ(gif.FrameDelay(3), 7);
+  }
+}
+
+TEST(SeriesResize, SeeThroughPixelsStaySoAndNoOthersBecomeIt) {
+  clsGIF gif = animation();
+  gif.FrameCopy(3, 4);
+  ASSERT_TRUE(resizeGif(gif, byPercent(200)));
+  // White is also at 0, the lowest; index 2 is the see-through one.
+  EXPECT_PICTURE(digits(gif.FrameDIBXOR(3)), ({"00221100", "00221100", "11002222", "11002222"}));
+  EXPECT_EQ(digits(gif.FrameDIBXOR(4)), digits(gif.FrameDIBXOR(3)));
+  EXPECT_PICTURE(rowsOf(gif.FrameDIBAND(3)), ({"##..####", "##..####", "####....", "####...."}));
+}
+
+TEST(SeriesResize, SidesAreExact) {
+  EXPECT_EQ(resizedSide(200, byPercent(115)), 230);
+  EXPECT_EQ(resizedSide(3, byPercent(50)), 1);
+  ResizeOrder area = byPercent(225);
+  area.area = true;
+  EXPECT_EQ(resizedSide(200, area), 300);
+  area.percent = 50;
+  EXPECT_EQ(resizedSide(100, area), 70);
+  EXPECT_EQ(resizedScreen({1, 40}, byPercent(10)), (Size{1, 4}));
+  area.backgroundOnly = true;
+  area.keep = ResizeKeep::Width;
+  EXPECT_EQ(resizedScreen({100, 100}, area), (Size{100, 70}));
+}
+
+TEST(SeriesResize, AGrowingScreenMovesThePicturesByTheOffsets) {
+  const clsGIF before = animation();
+  ResizeOrder order = byPercent(200);
+  order.backgroundOnly = true;
+  clsGIF gif = before.clone();
+  ASSERT_TRUE(resizeGif(gif, order));
+  EXPECT_EQ((Size{gif.BgdWidth(), gif.BgdHeight()}), (Size{12, 8}));
+  EXPECT_EQ(gif.FrameWidth(1), 6);
+  order.offsetX = 3;
+  order.offsetY = 1;
+  gif = before.clone();
+  ASSERT_TRUE(resizeGif(gif, order));
+  EXPECT_EQ((Point{gif.FrameLeft(1), gif.FrameTop(1)}), (Point{0, 0}));
+  EXPECT_EQ((Point{gif.FrameLeft(4), gif.FrameTop(4)}), (Point{7, 3}));
+  EXPECT_EQ(gif.FrameWidth(4), 4) << "frames keep their size";
+  EXPECT_PICTURE(digits(gif.FrameDIBXOR(1)), ({"222222222222", "222123123222", "222231231222", "222312312222",
+                                               "222123123222", "222222222222", "222222222222", "222222222222"}));
+}
+
+TEST(SeriesResize, AShrinkingScreenCutsThePictures) {
+  ResizeOrder order = byPercent(50);
+  order.backgroundOnly = true;
+  clsGIF gif = animation();
+  ASSERT_TRUE(resizeGif(gif, order));
+  EXPECT_PICTURE(digits(gif.FrameDIBXOR(1)), ({"123", "231"}));
+  EXPECT_EQ((Size{gif.FrameWidth(2), gif.FrameHeight(2)}), (Size{2, 1}));
+  EXPECT_EQ((Point{gif.FrameLeft(4), gif.FrameTop(4)}), (Point{4, 2}));
+  EXPECT_EQ(gif.FrameWidth(4), 1);
+
+  order.keep = ResizeKeep::Height;
+  order.offsetX = 1;
+  order.offsetY = 3;
+  gif = animation();
+  gif.setFrameLeft(2, 0);
+  gif.setFrameTop(2, 0);
+  ASSERT_TRUE(resizeGif(gif, order));
+  EXPECT_EQ((Size{gif.BgdWidth(), gif.BgdHeight()}), (Size{3, 4}));
+  EXPECT_PICTURE(digits(gif.FrameDIBXOR(2)), ({"000", "000"})) << "at the origin the picture moves, see-through behind";
+  EXPECT_EQ((Point{gif.FrameLeft(3), gif.FrameTop(3)}), (Point{1, 0})) << "elsewhere the place does, if it can";
+}
+
+TEST(SeriesResize, AScreenThatIsTooSmallForItsFirstFrameIsCorrected) {
+  clsGIF gif;
+  ASSERT_EQ(load(gif, GifBytes(1, 1).control(0).image({"123", "231"}, 1).control(0).image({"3"}, 2, 1).bytes()),
+            kGifOk);
+  const auto before = shown(gif, {6, 4});
+  ASSERT_TRUE(resizeGif(gif, byPercent(200)));
+  EXPECT_EQ((Size{gif.BgdWidth(), gif.BgdHeight()}), (Size{6, 4}));
+  EXPECT_EQ(shown(gif, {6, 4}), before);
+}
+
+TEST(SeriesResize, RefusesAndAsks) {
+  const auto refusal = [](Size screen, const ResizeOrder& order) {
+    clsGIF gif = animation();
+    gif.setBgdWidth(screen.width);
+    gif.setBgdHeight(screen.height);
+    return resizeRefusal(gif, order).value_or("");
+  };
+  EXPECT_EQ(refusal({6, 4}, byPercent(100)), "Please select a size other than 100%");
+  EXPECT_EQ(refusal({1500, 1333}, byPercent(150)), "Background/screen size limited to max of 3,000,000 pixels only");
+  EXPECT_EQ(refusal({1001, 10}, byPercent(200)), "New width or height cannot exceed 2,000 pixels.");
+  EXPECT_EQ(refusal({1000, 10}, byPercent(200)), "");
+  ResizeOrder order = byPercent(50);
+  order.backgroundOnly = true;
+  EXPECT_EQ(refusal({6, 4}, order),
+            "Cannot reduce screen size beyond [left, top] position of smaller frames,\n"
+            "e.g. Frame 4 starts at [4, 2]");
+  order.keep = ResizeKeep::Both;
+  EXPECT_EQ(refusal({6, 4}, order),
+            "New setting does not result in any change in screen width and height.\n"
+            "(Please change resize value, offset value and/or Preserve selection)");
+  order.offsetY = 1;
+  EXPECT_EQ(refusal({6, 4}, order), "");
+
+  clsGIF gif = animation();
+  EXPECT_EQ(resizeQuestions(gif, byPercent(110)),
+            (std::vector<std::string>{"Background both width and height less then 8 (at 6 x 4)\n"
+                                      "appears to be too small.  Proceed still?",
+                                      "Proceed to resize frame series?"}));
+}
+
+}  // namespace
+}  // namespace ruvo
