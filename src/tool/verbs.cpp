@@ -35,6 +35,12 @@ constexpr OptionRow kComposedOptions[] = {
     {"--png", Switch, "", 0, 0, "write frame001.png and so on (the usual)"},
     {"--rgba", Switch, "", 0, 0, "write frame001.rgba and so on: raw, top line first, R G B A"},
 };
+constexpr OptionRow kMinimiseOptions[] = {
+    {"--global", Switch, "", 0, 0, "one colour table for all frames, as far as 256 entries hold them"},
+    {"--unused", Switch, "", 0, 0, "without colours that no pixel has, and each colour once"},
+    {"--slack", Switch, "", 0, 0, "without see-through margins of frames and of the whole animation"},
+    {"--no-interlace", Switch, "", 0, 0, "lines in their order"},
+};
 
 constexpr VerbRow kVerbs[] = {
     {"info",
@@ -106,6 +112,10 @@ constexpr VerbRow kVerbs[] = {
      "Frames, palettes, loops and the first comment survive; other extensions do not.\n",
      {},
      gifRewrite},
+    {"gif minimise", "IN OUT", 2, 2, "Write a GIF in fewer bytes that is shown as before",
+     "Without an option all four are on. Inconsistent data is repaired and the comment goes. Prints both sizes.\n",
+     kMinimiseOptions, gifMinimise},
+    {"gif check", "IN", 1, 1, "Tell what is inconsistent in a GIF's data", "", {}, gifCheck},
 };
 
 }  // namespace

@@ -33,5 +33,7 @@ int exifRestore(const Arguments& arguments, Console& console);
 int gifFrames(const Arguments& arguments, Console& console);
 int gifComposed(const Arguments& arguments, Console& console);
 int gifRewrite(const Arguments& arguments, Console& console);
+int gifMinimise(const Arguments& arguments, Console& console);
+int gifCheck(const Arguments& arguments, Console& console);
 
 }  // namespace ruvo::tool

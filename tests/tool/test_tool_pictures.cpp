@@ -251,5 +251,24 @@ TEST_F(ToolPictures, TakesGifsApartAndWritesThemAnew) {
   EXPECT_EQ(out.substr(out.find('\n')), before);
 }
 
+TEST_F(ToolPictures, MinimisesAndChecksGifs) {
+  putGif("a.gif");
+  const auto before = bytesOf("a.gif").size();
+  const auto shown = decoded("a.gif");
+  ASSERT_EQ(run({"gif", "minimise", "--global", "@a.gif", "@global.gif"}), 0) << err;
+  ASSERT_EQ(run({"info", "@global.gif"}), 0);
+  EXPECT_THAT(out, AllOf(HasSubstr("global entries: 4"), HasSubstr("comment: \n")));
+  ASSERT_EQ(run({"gif", "minimise", "@a.gif", "@a.gif"}), 0) << err;
+  const auto now = bytesOf("a.gif").size();
+  EXPECT_EQ(out, "Orig file size:  " + std::to_string(before) + "       New:  " + std::to_string(now) + " bytes\n");
+  EXPECT_LT(now, before);
+  EXPECT_EQ(decoded("a.gif"), shown);
+  EXPECT_EQ(bytesOf("a.gif"), bytesOf("global.gif"));
+  EXPECT_EQ(run({"gif", "check", "@a.gif"}), 0);
+  EXPECT_THAT(out, StartsWith("No discrepancy found.\n"));
+  EXPECT_EQ(run({"gif", "minimise", "@none.gif", "@o.gif"}), 1);
+  EXPECT_EQ(run({"gif", "check", "@none.gif"}), 1);
+}
+
 }  // namespace
 }  // namespace ruvo
