@@ -31,17 +31,19 @@ Size GifPlayer::screenSize(const clsGIF& gif) {
   return screen.width < first.width || screen.height < first.height ? first : screen;
 }
 
+Point GifPlayer::framePlace(const clsGIF& gif, int frame) {
+  if (frame == 1 && screenSize(gif) != Size{gif.BgdWidth(), gif.BgdHeight()}) return {};
+  return {gif.FrameLeft(frame), gif.FrameTop(frame)};
+}
+
 GifPlayer::GifPlayer(const clsGIF& gif) : gif_(gif) {
   const Size size = screenSize(gif);
-  alone_ = size != Size{gif.BgdWidth(), gif.BgdHeight()};
   screen_.create(size.width, size.height, 32);
 }
 
 Rect GifPlayer::areaOf(int frame) const {
-  const bool atOrigin = alone_ && frame == 1;
-  const int left = atOrigin ? 0 : gif_.FrameLeft(frame);
-  const int top = atOrigin ? 0 : gif_.FrameTop(frame);
-  return Rect::fromSize(left, top, gif_.FrameWidth(frame), gif_.FrameHeight(frame)).intersected(screen_.bounds());
+  const Point at = framePlace(gif_, frame);
+  return Rect::fromSize(at.x, at.y, gif_.FrameWidth(frame), gif_.FrameHeight(frame)).intersected(screen_.bounds());
 }
 
 int GifPlayer::next() {
@@ -76,7 +78,7 @@ void GifPlayer::draw(Rect area) {
   for (std::size_t i = 0; i < colours.size(); ++i) colours[i] = Pixel32::opaque(table[i].colour());
   const int transparent = gif_.FrameUseTransparentColor(frame_) ? gif_.FrameTransparentColorIndex(frame_) : -1;
   const raster::Surface& picture = gif_.FrameDIBXOR(frame_).surface();
-  const Point first = alone_ && frame_ == 1 ? Point{} : Point{gif_.FrameLeft(frame_), gif_.FrameTop(frame_)};
+  const Point first = framePlace(gif_, frame_);
   for (int y = area.top; y < area.bottom; ++y) {
     const std::uint8_t* indices = picture.pictureRow(y - first.y) + (area.left - first.x);
     Pixel32* out = pixelsAt(screen_, area.left, y);

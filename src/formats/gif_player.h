@@ -14,6 +14,8 @@ class GifPlayer {
   // What a viewer takes for the screen: the logical one or, where the first frame is larger in width or height (which
   // is a mistake in the screen's size), that frame's size; it then stands at 0, 0.
   static Size screenSize(const clsGIF& gif);
+  // The place of a frame on it.
+  static Point framePlace(const clsGIF& gif, int frame);
 
   // The model must outlive the player.
   explicit GifPlayer(const clsGIF& gif);
@@ -36,7 +38,6 @@ class GifPlayer {
   raster::Surface screen_;
   raster::Surface saved_;  // what the frame's rectangle hides, for method 3
   int frame_ = 0;
-  bool alone_ = false;  // the first frame gives the screen its size
 };
 
 }  // namespace ruvo

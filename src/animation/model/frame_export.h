@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "formats/clsGIF.h"
 
@@ -12,8 +13,10 @@ struct FrameExport {
   bool transparent = true;  // keep the frame's transparency
   bool uniform = false;     // at the size of the background instead of the frame's own
 };
-// Up to 256 colours are kept exactly and none of them shares its index with the see-through one, which becomes 0; more
-// (a frame with its surround) are reduced. False, with the old file as it was, when it can not be done.
+// Up to 256 colours are kept exactly, and none of them shares its index with the see-through one, which becomes 0; more
+// (a frame with its surround) are reduced. Without a see-through pixel the file is not transparent. What nothing covers
+// is see-through, else of the frame's transparent colour or, for a frame without one, white. False, with the old file
+// as it was, when it can not be done.
 bool exportFrame(const clsGIF& gif, int frame, const std::filesystem::path& target, const FrameExport& how);
 
 inline constexpr const char* kTextSelectFailed = "Failed to select this frame.";

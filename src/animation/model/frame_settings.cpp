@@ -96,6 +96,7 @@ void toLocal(clsGIF& gif, const SettingsOrder& order) {
   for (int frame = 1; frame <= gif.FramesCount(); ++frame) {
     if (!inScope(order, frame) || gif.LocalPaletteUsed(frame)) continue;
     gif.UpdateLocalPalettePerGlobal(frame);
+    gif.setLocalPaletteEntries(frame, entriesNeeded(gif, frame));  // more than none where no table was
     gif.setLocalPaletteSorted(frame, gif.GlobalPaletteSorted());
     gif.setLocalPaletteUsed(frame, true);
   }

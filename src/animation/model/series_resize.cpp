@@ -93,10 +93,7 @@ class Resizer {
     return order_.percent > 100 ? shift(frame) : cut(frame);
   }
 
-  Point placeOf(int frame) const {
-    const bool alone = frame == 1 && GifPlayer::screenSize(from_) != Size{from_.BgdWidth(), from_.BgdHeight()};
-    return alone ? Point{} : Point{from_.FrameLeft(frame), from_.FrameTop(frame)};
-  }
+  Point placeOf(int frame) const { return GifPlayer::framePlace(from_, frame); }
   Size sizeOf(int frame) const { return {from_.FrameWidth(frame), from_.FrameHeight(frame)}; }
   void setPlace(int frame, Point place) {
     to_.setFrameLeft(frame, place.x);
