@@ -1,5 +1,6 @@
 // The surfaces of a frame: how they are made, masked and drawn. Drawing is AND with the mask, then OR with the picture,
 // which is black where the mask is white.
+#include <bit>
 #include <cstring>
 
 #include "formats/clsGIF_Model.h"
@@ -73,16 +74,22 @@ void fillBehind(raster::Surface& target, int x, int y, Size size, Colour colour)
   for (int row = std::max(y, 0); row < bottom; ++row) raster::blit(target, x, row, line.surface());
 }
 
-// The bytes of a table's entry as they lie in a pixel.
-std::uint32_t wordOf(raster::TableEntry entry) {
-  entry.spare = 0;
+std::uint32_t wordAt(const std::uint8_t* bytes) {
   std::uint32_t word;
-  std::memcpy(&word, &entry, sizeof word);
+  std::memcpy(&word, bytes, sizeof word);
   return word;
+}
+void putWord(std::uint8_t* bytes, std::uint32_t word) {
+  std::memcpy(bytes, &word, sizeof word);
+}
+static_assert(std::endian::native == std::endian::little, "pixels are handled as little-endian words");
+// B in the low byte, as pixels lie in memory.
+std::uint32_t wordOf(raster::TableEntry entry) {
+  return rgb(entry.blue, entry.green, entry.red);
 }
 
 // AND with the mask and OR with the picture in one pass, for targets of 24 and 32 bits: an animation draws every frame
-// this way while it runs, so nothing is allocated.
+// this way while it runs, so it is quick and allocates nothing.
 class MaskedDrawing {
  public:
   explicit MaskedDrawing(const GifFrame& frame)
@@ -90,6 +97,9 @@ class MaskedDrawing {
     std::ranges::transform(picture_.table(), colours_.begin(), wordOf);
     // Without transparency nothing of the target is kept.
     if (frame.control.UseTransparentColor) std::ranges::transform(mask_.table(), keep_.begin(), wordOf);
+    for (unsigned bits = 0; bits < keepFour_.size(); ++bits) {
+      keepFour_[bits] = packed(keep_[bits >> 3], keep_[bits >> 2 & 1], keep_[bits >> 1 & 1], keep_[bits & 1]);
+    }
   }
   static bool fits(const raster::Surface& target, const GifImage& image) {
     return target.depth() >= 24 && image.XOR->surface().depth() == 8 && image.AND->surface().depth() == 1 &&
@@ -98,33 +108,57 @@ class MaskedDrawing {
 
   void draw(raster::Surface& target, int x, int y) const {
     const Rect area = Rect::fromSize(x, y, picture_.width(), picture_.height()).intersected(target.bounds());
-    for (int row = area.top; row < area.bottom; ++row) {
-      if (target.depth() == 24) {
-        drawRow<3>(target.pictureRow(row), area, x, row - y);
-      } else {
-        drawRow<4>(target.pictureRow(row), area, x, row - y);
-      }
+    for (int line = area.top; line < area.bottom; ++line) {
+      const Row row{picture_.pictureRow(line - y), mask_.pictureRow(line - y), area.left - x, area.right - x};
+      std::uint8_t* out = target.pictureRow(line) + std::ptrdiff_t{target.depth() / 8} * area.left;
+      target.depth() == 24 ? draw24(row, out) : draw32(row, out);
     }
   }
 
  private:
-  template <int kBytes>
-  void drawRow(std::uint8_t* line, Rect area, int x, int row) const {
-    const std::uint8_t* indices = picture_.pictureRow(row);
-    const std::uint8_t* mask = mask_.pictureRow(row);
-    std::uint8_t* out = line + std::ptrdiff_t{kBytes} * area.left;
-    for (int i = area.left - x; i < area.right - x; ++i, out += kBytes) {
-      std::uint32_t pixel = 0;
-      std::memcpy(&pixel, out, kBytes);
-      pixel = (pixel & keep_[mask[i >> 3] >> (7 - (i & 7)) & 1]) | colours_[indices[i]];
-      std::memcpy(out, &pixel, kBytes);
+  struct Row {
+    const std::uint8_t* indices;
+    const std::uint8_t* mask;
+    int begin, end;  // columns
+  };
+  using FourPixels = std::array<std::uint32_t, 3>;
+
+  // Four pixels of 24 bits side by side.
+  static FourPixels packed(std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint32_t d) {
+    return {a | b << 24, b >> 8 | c << 16, c >> 16 | d << 8};
+  }
+
+  std::uint32_t combined(const Row& row, int x, std::uint32_t under) const {
+    return (under & keep_[row.mask[x >> 3] >> (7 - (x & 7)) & 1]) | colours_[row.indices[x]];
+  }
+  void draw32(const Row& row, std::uint8_t* out) const {
+    for (int x = row.begin; x < row.end; ++x, out += 4) putWord(out, combined(row, x, wordAt(out)));
+  }
+  void drawOne24(const Row& row, int x, std::uint8_t* out) const {
+    const Colour pixel = combined(row, x, rgb(out[0], out[1], out[2]));
+    out[0] = redOf(pixel);  // the bytes are B, G, R on both sides
+    out[1] = greenOf(pixel);
+    out[2] = blueOf(pixel);
+  }
+  void draw24(const Row& row, std::uint8_t* out) const {
+    int x = row.begin;
+    for (; x < row.end && x % 4 != 0; ++x, out += 3) drawOne24(row, x, out);
+    for (; x + 4 <= row.end; x += 4, out += 12) {
+      const std::uint8_t* i = row.indices + x;
+      const FourPixels colours = packed(colours_[i[0]], colours_[i[1]], colours_[i[2]], colours_[i[3]]);
+      const FourPixels& keep = keepFour_[row.mask[x >> 3] >> (4 - (x & 4)) & 15];
+      putWord(out, (wordAt(out) & keep[0]) | colours[0]);
+      putWord(out + 4, (wordAt(out + 4) & keep[1]) | colours[1]);
+      putWord(out + 8, (wordAt(out + 8) & keep[2]) | colours[2]);
     }
+    for (; x < row.end; ++x, out += 3) drawOne24(row, x, out);
   }
 
   const raster::Surface& picture_;
   const raster::Surface& mask_;
   std::array<std::uint32_t, 256> colours_{};
   std::array<std::uint32_t, 2> keep_{};
+  std::array<FourPixels, 16> keepFour_{};  // by four bits of the mask
 };
 
 }  // namespace

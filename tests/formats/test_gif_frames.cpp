@@ -116,6 +116,25 @@ TEST(GifFrames, DrawingGoesThroughTheMask) {
   EXPECT_PICTURE(drawn(2147483647, -2147483647, false, false), ({"....", "...."}));
 }
 
+TEST(GifFrames, DrawingIsTheSameAtEveryDepthAndColumn) {
+  const std::string picture = "1021130221";  // 2 is see-through
+  clsGIF gif;
+  ASSERT_EQ(load(gif, GifBytes(10, 1).control(1, 0, 2).image({picture}).bytes()), kGifOk);
+  const Ink ink = {{'.', kWhite}, {'0', kFourColours[0]}, {'1', kFourColours[1]}, {'3', kFourColours[3]}};
+  for (int left = -6; left < 8; ++left) {
+    std::string expected(9, '.');
+    for (int x = 0; x < 9; ++x) {
+      const int i = x - left;
+      if (i >= 0 && i < 10 && picture[i] != '2') expected[x] = picture[i];
+    }
+    for (const int depth : {24, 32}) {
+      clsDIB target = plainDib(9, 1, kWhite, depth);
+      gif.FrameDraw(target.surface(), 1, left, 0);
+      EXPECT_PICTURE(rowsOf(target, ink), ({expected})) << left << " at " << depth;
+    }
+  }
+}
+
 TEST(GifFrames, AFileComesInWithItsOwnTable) {
   const TempFolder folder;
   const auto other = otherFile(folder);
