@@ -42,6 +42,11 @@ constexpr OptionRow kMinimiseOptions[] = {
     {"--no-interlace", Switch, "", 0, 0, "lines in their order"},
 };
 
+constexpr OptionRow kReduceOptions[] = {
+    {"--entries", Number, "N", 2, 256, "at most so many entries a colour table"},
+    {"--globalise", Switch, "", 0, 0, "one table for all frames"},
+};
+
 constexpr VerbRow kVerbs[] = {
     {"info",
      "FILE...",
@@ -116,6 +121,11 @@ constexpr VerbRow kVerbs[] = {
      "Without an option all four are on. Inconsistent data is repaired and the comment goes. Prints both sizes.\n",
      kMinimiseOptions, gifMinimise},
     {"gif check", "IN", 1, 1, "Tell what is inconsistent in a GIF's data", "", {}, gifCheck},
+    {"gif reduce", "--entries N IN OUT", 2, 2, "Give a GIF fewer colours",
+     "The transparent entry is one of the N. Tables without duplicate and unused entries are reduced one by one, or, "
+     "with\n"
+     "--globalise, all together to one. Colours go to the nearest that stays; nothing is dithered.\n",
+     kReduceOptions, gifReduce},
 };
 
 }  // namespace

@@ -35,5 +35,6 @@ int gifComposed(const Arguments& arguments, Console& console);
 int gifRewrite(const Arguments& arguments, Console& console);
 int gifMinimise(const Arguments& arguments, Console& console);
 int gifCheck(const Arguments& arguments, Console& console);
+int gifReduce(const Arguments& arguments, Console& console);
 
 }  // namespace ruvo::tool

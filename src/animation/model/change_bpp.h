@@ -9,7 +9,7 @@
 
 namespace ruvo {
 
-// Target entries of the list's items, in order, and their texts.
+// Target entries of the list's items (0 to 4), in order, and their texts.
 inline constexpr std::array<int, 5> kBppTargets = {256, 128, 64, 32, 16};
 std::string bppItemText(std::size_t item);
 
@@ -17,7 +17,9 @@ struct ChangeBppOrder {
   int entries = 256;  // 2 to 256
   bool globalise = false;
 };
-// Runs it on the model, masks included. Empty when done, else the words; the model is then in the state reached.
+// Runs it on the model, masks included: unused and duplicate entries go, then the global table and each local one are
+// reduced and their transparent entries come first, or all are brought together to one. Empty when done, else the words;
+// the model is then in the state reached.
 std::string changeBpp(clsGIF& Gif, const ChangeBppOrder& Order, const Progress& progress = {});
 
 }  // namespace ruvo

@@ -1,0 +1,70 @@
+#include "animation/model/change_bpp.h"
+
+#include "random_gif.h"
+
+namespace ruvo {
+namespace {
+
+using test::RandomGif;
+
+struct Steps {
+  std::string told;
+  Progress progress{[this](int percent) { told += std::to_string(percent) + ' '; }, [this] { told += "end"; }};
+};
+
+TEST(ChangeBpp, NamesItsItems) {
+  EXPECT_EQ(bppItemText(0), "Upto 256 entries   (8 BPP)");
+  EXPECT_EQ(bppItemText(1), "Upto 128 entries only   (7 BPP)");
+  EXPECT_EQ(bppItemText(4), "Upto 16 entries only   (4 BPP)");
+}
+
+// The shape of what is shown: see-through or not, pixel by pixel.
+std::vector<std::vector<bool>> holes(const clsGIF& gif) {
+  std::vector<std::vector<bool>> all;
+  for (const auto& screen : test::shown(gif)) {
+    all.emplace_back();
+    for (const std::uint32_t pixel : screen) all.back().push_back(pixel == 0);
+  }
+  return all;
+}
+
+TEST(ChangeBpp, KeepsHolesAndWhatFitsInEveryGif) {
+  for (unsigned seed = 0; seed < 300; ++seed) {
+    SCOPED_TRACE(seed);
+    const clsGIF before = RandomGif(seed).make(true);
+    RandomGif choice(seed + 300);
+    for (const ChangeBppOrder order : {ChangeBppOrder{2 + choice.below(12), choice.chance(50)},
+                                       ChangeBppOrder{256, false}, ChangeBppOrder{256, true}}) {
+      clsGIF gif = RandomGif(seed).make(true);
+      ASSERT_EQ(changeBpp(gif, order), "");
+      EXPECT_EQ(holes(gif), holes(before));
+      if (order.entries == 256) EXPECT_EQ(test::shown(gif), test::shown(before));
+      test::expectInStep(gif);
+      EXPECT_LE(gif.GlobalPaletteEntries(), order.entries);
+      for (int frame = 1; frame <= gif.FramesCount(); ++frame) {
+        EXPECT_LE(gif.LocalPaletteEntries(frame), order.entries);
+        EXPECT_FALSE(order.globalise && gif.LocalPaletteUsed(frame));
+        const int place = order.globalise ? gif.GlobalPaletteEntries() - 1 : 0;
+        if (gif.FrameUseTransparentColor(frame)) EXPECT_EQ(gif.FrameTransparentColorIndex(frame), place) << frame;
+      }
+    }
+  }
+}
+
+TEST(ChangeBpp, TellsHowFarItIs) {
+  clsGIF gif;
+  clsDIB picture = test::plainDib(2, 1, kBlack, 8, true);
+  picture.surface().pictureRow(0)[1] = 1;
+  for (int frame = 1; frame <= 5; ++frame) ASSERT_TRUE(gif.FrameInsertImage(picture, frame));
+  Steps each;
+  EXPECT_EQ(changeBpp(gif, {16, false}, each.progress), "");
+  EXPECT_EQ(each.told, "10 20 30 40 50 60 70 80 end");
+  Steps common;
+  EXPECT_EQ(changeBpp(gif, {16, true}, common.progress), "");
+  EXPECT_EQ(common.told, "10 20 end");
+  clsGIF none;
+  EXPECT_EQ(changeBpp(none, {16, false}), "");
+}
+
+}  // namespace
+}  // namespace ruvo
