@@ -215,6 +215,33 @@ TEST_F(ToolPictures, WritesJpegByBothEncoders) {
   EXPECT_EQ(files.size(), 4u);
 }
 
+TEST_F(ToolPictures, ReducesTheColoursOfAGif) {
+  clsGIF gif;
+  constexpr Colour kDark = rgb(250, 0, 0);
+  ASSERT_TRUE(gif.FrameInsertImage(dibOf({"rdb"}, {{'r', rgb(255, 0, 0)}, {'d', kDark}, {'b', rgb(0, 0, 255)}}), 1));
+  ASSERT_TRUE(gif.FrameInsertImage(dibOf({"dd"}, {{'d', kDark}}), 2));
+  ASSERT_TRUE(gif.Save(folder / "a.gif", 0, "words"));
+  const auto reduced = [&](std::vector<std::string> options) {
+    options.insert(options.begin(), {"gif", "reduce", "@a.gif", "@o.gif"});
+    EXPECT_EQ(run(options), 0) << err;
+    clsGIF made;
+    EXPECT_EQ(made.LoadFromGIFFile(folder / "o.gif"), kGifOk);
+    std::string told = made.CommentText() + ' ' + std::to_string(made.GlobalPaletteEntries());
+    for (int frame = 1; frame <= made.FramesCount(); ++frame) {
+      told += made.LocalPaletteUsed(frame) ? " local" : " global";
+      told += std::to_string(made.LocalPaletteEntries(frame));
+    }
+    return told;
+  };
+  EXPECT_EQ(reduced({"--entries=4"}), "words 0 local4 local2");
+  EXPECT_EQ(reduced({"--entries", "2", "--globalise"}), "words 2 global2 global2");
+  EXPECT_THAT(decoded("o.gif"), ElementsAre("3x1 ??b", "3x1 ??b"));
+  EXPECT_EQ(run({"gif", "reduce", "@a.gif", "@o.gif"}), 1);
+  EXPECT_EQ(err, "ruvotool: gif reduce needs --entries\n");
+  EXPECT_EQ(run({"gif", "reduce", "--entries=1", "@a.gif", "@o.gif"}), 1);
+  EXPECT_EQ(run({"gif", "reduce", "--entries=4", "@none.gif", "@o.gif"}), 1);
+}
+
 TEST_F(ToolPictures, WritesPalettes) {
   putPng("in.png", dibOf({"rb", ".r"}, kInk));
   const auto palette = [&](const char* kind) {
