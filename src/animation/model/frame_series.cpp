@@ -209,7 +209,7 @@ std::optional<std::string> seriesQuestion(const clsGIF& gif, const SeriesOrder& 
       if (way.to != 1) return "Proceed to copy from " + way.words() + '?';
       return firstTouched("Copy from " + way.words(), "Copying to first frame might affect subsequent ones.");
     case Move:
-      if (!way.touchesFirst()) return "Proceed to move current frame from position " + way.words() + '?';
+      if (!way.touchesFirst()) return "Proceed to move current frame from position " + way.words(" to position ") + '?';
       return firstTouched("Move from " + way.words(), "Moving first frame might affect subsequent ones.");
     case Swap:
       if (!way.touchesFirst()) return "Proceed to swap current frame with " + std::to_string(way.to) + '?';

@@ -148,7 +148,7 @@ TEST(FrameSeries, QuestionsTellWhenTheFirstFrameIsTouched) {
             "Copy from 2 to 1.\nCopying to first frame might affect subsequent ones.\nProceed?");
   EXPECT_EQ(question(CopyFrom, 2, 1), "Proceed to copy from 1 to 2?");
   EXPECT_EQ(question(Move, 3, 1), "Move from 3 to 1.\nMoving first frame might affect subsequent ones.\nProceed?");
-  EXPECT_EQ(question(Move, 3, 2), "Proceed to move current frame from position 3 to 2?");
+  EXPECT_EQ(question(Move, 3, 2), "Proceed to move current frame from position 3 to position 2?");
   EXPECT_EQ(question(Swap, 1, 2),
             "Swap 1 with 2.\nSwapping first frame with another frame might affect subsequent ones.\nProceed?");
   EXPECT_EQ(question(Swap, 3, 2), "Proceed to swap current frame with 2?");
