@@ -29,6 +29,9 @@ class UnattendedDesktop : public desktop::Desktop {
   bool clipboardHasPicture() override { return false; }
   std::int64_t freeRamKb() override { return INT64_MAX; }
   int screenBitsPerPixel() override { return 32; }
+  desktop::PrintAnswer print(QWidget*, const desktop::PrintedList&) override {
+    return desktop::PrintAnswer::Cancelled;
+  }
   bool open(const QString&) override { return false; }
 
  private:

@@ -31,6 +31,8 @@ class ScriptedDesktop : public desktop::Desktop {
   void expectFolder(const QString& path) { script_[add("folder", "").index].path = path; }
   void expectColor(std::optional<QColor> colour) { script_[add("colour", "").index].colour = colour; }
 
+  void expectPrint(desktop::PrintAnswer answer) { script_[add("print", "").index].printAnswer = answer; }
+
   // The whole text of each message shown, in order.
   QStringList messages;
   bool clipboardPicture = false;
@@ -57,11 +59,16 @@ class ScriptedDesktop : public desktop::Desktop {
   bool clipboardHasPicture() override { return clipboardPicture; }
   std::int64_t freeRamKb() override { return ramKb; }
   int screenBitsPerPixel() override { return bitsPerPixel; }
+  desktop::PrintAnswer print(QWidget*, const desktop::PrintedList& list) override {
+    printed = list;
+    return take("print", list.title).printAnswer;
+  }
   bool open(const QString& fileOrAddress) override {
     opened << fileOrAddress;
     return true;
   }
 
+  desktop::PrintedList printed;  // the last one
   QString lastFilter;
   QString lastProposed;
 
@@ -72,16 +79,17 @@ class ScriptedDesktop : public desktop::Desktop {
     desktop::Answer answer = desktop::Answer::No;
     QString path;
     std::optional<QColor> colour;
+    desktop::PrintAnswer printAnswer = desktop::PrintAnswer::Failed;
   };
 
   Expectation add(const char* kind, const QString& text) {
-    script_.push_back({kind, text, desktop::Answer::No, {}, {}});
+    script_.push_back({kind, text, desktop::Answer::No, {}, {}, {}});
     return {*this, script_.size() - 1};
   }
   Step take(const std::string& kind, const QString& text) {
     if (script_.empty() || script_.front().kind != kind || !text.contains(script_.front().text)) {
       ADD_FAILURE() << "not expected: " << kind << " \"" << text.toStdString() << '"';
-      return {kind, text, desktop::Answer::No, {}, {}};
+      return {kind, text, desktop::Answer::No, {}, {}, {}};
     }
     Step step = script_.front();
     script_.pop_front();

@@ -10,6 +10,9 @@
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QTextDocument>
@@ -135,6 +138,15 @@ class QtDesktop : public Desktop {
     const QScreen* screen = QApplication::primaryScreen();
     const int depth = screen ? screen->depth() : 32;
     return depth >= 24 ? 32 : depth;
+  }
+
+  PrintAnswer print(QWidget* parent, const PrintedList& list) override {
+    if (QPrinterInfo::availablePrinterNames().isEmpty()) return PrintAnswer::NoPrinter;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(list.title);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    if (QPrintDialog(&printer, parent).exec() != QDialog::Accepted) return PrintAnswer::Cancelled;
+    return paintPages(printer, list) ? PrintAnswer::Printed : PrintAnswer::Failed;
   }
 
   bool open(const QString& fileOrAddress) override {

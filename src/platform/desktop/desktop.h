@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "platform/desktop/list_printing.h"
 #include "platform/raster/surface.h"
 
 class QWidget;
@@ -18,6 +19,9 @@ enum class Icon { None, Information, Exclamation, Critical, Question };
 // YesNoCareful is for questions whose Yes loses work: Enter answers No.
 enum class Buttons { Ok, YesNo, YesNoCareful };
 enum class Answer { Ok, Yes, No };
+
+// What a list that went to a printer came to.
+enum class PrintAnswer { Printed, Cancelled, NoPrinter, Failed };
 
 class Desktop {
  public:
@@ -42,6 +46,8 @@ class Desktop {
   virtual std::int64_t freeRamKb() = 0;
   // Storage bits a pixel of the screen (a depth of 24 or more is 32).
   virtual int screenBitsPerPixel() = 0;
+  // Asks for a printer and prints the list.
+  virtual PrintAnswer print(QWidget* parent, const PrintedList& list) = 0;
   // Opens a file or address with the desktop's program for it; false when there is none.
   virtual bool open(const QString& fileOrAddress) = 0;
 };
