@@ -4,6 +4,8 @@
 #include <QDialog>
 #include <memory>
 
+class QLayout;
+
 namespace ruvo {
 
 class clsGIF;
@@ -17,6 +19,13 @@ class frmRuvoGIFaniDataSummary : public QDialog {
   ~frmRuvoGIFaniDataSummary() override;
 
  private:
+  void buildList();
+  QLayout* buildPicture();
+  QLayout* buildPalette();
+  QLayout* buildButtons();
+  void showFrame(int frame);
+  void printList();
+
   struct Private;
   std::unique_ptr<Private> d_;
 };

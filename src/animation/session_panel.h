@@ -3,7 +3,7 @@
 // Close.
 #pragma once
 
-#include <QWidget>
+#include <QGroupBox>
 
 #include "animation/session_host.h"
 
@@ -11,11 +11,12 @@ class QAbstractButton;
 
 namespace ruvo {
 
-class SessionPanel : public QWidget {
+// A panel is a strip, wide (700 to 780 at the usual font) and low (up to about 230), and is made hidden.
+class SessionPanel : public QGroupBox {
   Q_OBJECT
 
  public:
-  SessionPanel(SessionHost& host, SessionWork work, QWidget* parent);
+  SessionPanel(SessionHost& host, SessionWork work, int index, const QString& title, QWidget* parent);
 
   bool isOpen() const { return open_; }
   // Writes the backup and shows the panel. False, with the words told, when that can not be written.
@@ -44,7 +45,25 @@ class SessionPanel : public QWidget {
   // The panel's own buttons, connected by the base class.
   void setButtons(QAbstractButton* animate, QAbstractButton* stop, QAbstractButton* undo, QAbstractButton* close);
 
+  void tell(const QString& words) const;
+  // Yes or No.
+  bool ask(const QString& question) const;
+  // Runs work that may take long, with the window locked and its progress shown.
+  template <typename Work>
+  auto atWork(Work&& work) const {
+    const Lock lock(host_);
+    return work(lock.progress);
+  }
+
  private:
+  struct Lock {
+    explicit Lock(SessionHost& window) : host(window), progress(window.beginWork()) {}
+    ~Lock() { host.endWork(); }
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+    SessionHost& host;
+    const Progress progress;
+  };
   void undo();
 
   SessionHost& host_;
@@ -53,7 +72,6 @@ class SessionPanel : public QWidget {
   QAbstractButton* animate_ = nullptr;
   QAbstractButton* stop_ = nullptr;
   QAbstractButton* undo_ = nullptr;
-  QAbstractButton* close_ = nullptr;
 };
 
 }  // namespace ruvo

@@ -3,7 +3,12 @@
 
 #include <memory>
 
+#include "animation/model/frame_series.h"
+#include "animation/model/frame_settings.h"
+#include "animation/model/series_resize.h"
 #include "animation/session_panel.h"
+
+class QLayout;
 
 namespace ruvo {
 
@@ -20,6 +25,10 @@ class MinimizePanel : public SessionPanel {
   void undone() override;
 
  private:
+  void showOffered();
+  void showProceed();
+  void proceed();
+
   struct Private;
   std::unique_ptr<Private> d_;
 };
@@ -38,6 +47,12 @@ class SettingsPanel : public SessionPanel {
   void undone() override;
 
  private:
+  QWidget* buildFields();
+  void showFrame();
+  void showWritten();
+  SettingsOrder order() const;
+  void proceed();
+
   struct Private;
   std::unique_ptr<Private> d_;
 };
@@ -62,6 +77,14 @@ class SeriesPanel : public SessionPanel {
   void undone() override;
 
  private:
+  QLayout* buildFrameButtons();
+  QWidget* buildOrderButtons();
+  void showFrames();
+  void edit(SeriesAction action);
+  void edit(SeriesOrder order);
+  bool chooseSize(SeriesOrder& order);
+  bool chooseFile(SeriesOrder& order);
+
   struct Private;
   std::unique_ptr<Private> d_;
 };
@@ -79,6 +102,12 @@ class ResizePanel : public SessionPanel {
   void undone() override;
 
  private:
+  QWidget* buildFields();
+  ResizeOrder order() const;
+  void showNewSize();
+  void proceed();
+  void readAgain();
+
   struct Private;
   std::unique_ptr<Private> d_;
 };

@@ -2,10 +2,25 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QIntValidator>
 #include <QLabel>
 #include <QPushButton>
 
 namespace ruvo {
+namespace {
+
+// Qt's own takes any number with as many digits as the largest, to be refused later.
+class WholeNumbers : public QIntValidator {
+ public:
+  WholeNumbers(int most, QObject* parent) : QIntValidator(0, most, parent) {}
+  State validate(QString& text, int& place) const override {
+    const State state = QIntValidator::validate(text, place);
+    return state == Intermediate && !text.isEmpty() ? Invalid : state;
+  }
+  void fixup(QString& text) const override { text = QStringLiteral("0"); }
+};
+
+}  // namespace
 
 QString controlName(const QString& array, int index) {
   return QStringLiteral("%1(%2)").arg(array).arg(index);
@@ -36,6 +51,10 @@ QLabel* namedLabel(const QString& name, const QString& text, QWidget* parent) {
   made->setObjectName(name);
   made->setTextFormat(Qt::PlainText);
   return made;
+}
+
+QValidator* wholeNumbersUpTo(int most, QObject* parent) {
+  return new WholeNumbers(most, parent);
 }
 
 }  // namespace ruvo

@@ -8,7 +8,9 @@
 class QCheckBox;
 class QComboBox;
 class QLabel;
+class QObject;
 class QPushButton;
+class QValidator;
 class QWidget;
 
 namespace ruvo {
@@ -21,5 +23,8 @@ QCheckBox* namedCheckBox(const QString& name, const QString& text, QWidget* pare
 QComboBox* namedComboBox(const QString& name, const QStringList& items, QWidget* parent);
 // Plain text, whatever it looks like.
 QLabel* namedLabel(const QString& name, const QString& text, QWidget* parent);
+
+// Lets digits be typed as long as their number is at most that; an empty field stands for 0.
+QValidator* wholeNumbersUpTo(int most, QObject* parent);
 
 }  // namespace ruvo

@@ -1,0 +1,149 @@
+#include <QLineEdit>
+#include <QTimer>
+
+#include "animation/panel_fixture.h"
+#include "animation/session_panels.h"
+
+namespace ruvo::test {
+namespace {
+
+class SeriesPanelTest : public PanelTest {
+ protected:
+  void SetUp() override {
+    open(threeFrames());
+    ASSERT_TRUE(panel_.openPanel());
+  }
+  void pressEdit(int index) { press(panel_, QString("cmdEditImageSeries(%1)").arg(index)); }
+  std::vector<int> delays() {
+    std::vector<int> all;
+    for (int frame = 1; frame <= gif().FramesCount(); ++frame) all.push_back(gif().FrameDelay(frame));
+    return all;
+  }
+
+  SeriesPanel panel_{host_, nullptr};
+};
+enum {
+  kBlankAfter = 1,
+  kDuplicateBefore,
+  kDuplicateAfter,
+  kEditSetting,
+  kEditImage,
+  kLoadBefore,
+  kLoadAfter,
+  kDelete,
+  kReplace,
+  kClose = 13
+};
+using Delays = std::vector<int>;
+
+TEST_F(SeriesPanelTest, OpensOnTheTransparentColorAndCloseResetsIt) {
+  EXPECT_EQ(host_.pattern, 1);
+  EXPECT_FALSE(button(panel_, "cmdEditImageSeries(5)")->isEnabled());
+  bool asked = false;
+  QObject::connect(&panel_, &SeriesPanel::settingsAsked, [&] { asked = true; });
+  host_.running = true;
+  pressEdit(kEditSetting);
+  EXPECT_TRUE(asked);
+  EXPECT_FALSE(host_.running);
+  pressEdit(kClose);
+  EXPECT_EQ(host_.pattern, 0);
+  EXPECT_EQ(host_.sizesShown, 0);
+}
+
+TEST_F(SeriesPanelTest, FramesAreCopiedMovedSwappedAndDeleted) {
+  host_.frame = 2;
+  pressEdit(kDuplicateAfter);
+  EXPECT_EQ(delays(), (Delays{10, 300, 300, 20}));
+  EXPECT_EQ(control<QComboBox>(panel_, "cboEditImageSeriesCopy")->count(), 4);
+  host_.frame = 4;
+  choose(panel_, "cboEditImageSeriesCopy", 1);
+  agree("Proceed to move current frame from position 4 to position 2?");
+  press(panel_, "cmdEditImageSeriesCopy(2)");
+  EXPECT_EQ(delays(), (Delays{10, 20, 300, 300}));
+  answer("Swapping first frame with another frame", desktop::Answer::No);
+  host_.frame = 1;
+  press(panel_, "cmdEditImageSeriesCopy(3)");
+  desktop_.expect("Your are at the first frame.");
+  press(panel_, "cmdShift(0)");
+  host_.frame = 2;
+  press(panel_, "cmdShift(1)");
+  EXPECT_EQ(delays(), (Delays{10, 300, 20, 300}));
+  EXPECT_EQ(host_.frame, 3);
+  pressEdit(kDelete);
+  EXPECT_EQ(delays(), (Delays{10, 300, 300}));
+  EXPECT_TRUE(host_.session().unsaved(SessionWork::Series));
+
+  agree("Proceed to move current frame from position 3 to position 2?");
+  panel_.moveFrame(3, 2);
+  panel_.closePanel();
+  panel_.moveFrame(2, 3);  // nothing: it would have no Undo
+  EXPECT_EQ(host_.refreshes, 5);
+}
+
+TEST_F(SeriesPanelTest, ABlankFrameAsksForItsSize) {
+  host_.frame = 3;
+  QString proposed;
+  const auto dialog = [&](const char* pressed) {
+    QTimer::singleShot(0, [&, pressed] {
+      QWidget* window = QApplication::activeModalWidget();
+      ASSERT_NE(window, nullptr);
+      proposed =
+          control<QLineEdit>(*window, "txbWidth")->text() + "," + control<QLineEdit>(*window, "txbHeight")->text();
+      control<QLineEdit>(*window, "txbHeight")->setText("9");
+      button(*window, pressed)->click();
+    });
+  };
+  dialog("cmdCancel");
+  pressEdit(kBlankAfter);
+  EXPECT_EQ(gif().FramesCount(), 3);
+  dialog("cmdOK");
+  pressEdit(kBlankAfter);
+  EXPECT_EQ(proposed, "20,16");
+  ASSERT_EQ(gif().FramesCount(), 4);
+  EXPECT_EQ(gif().FrameWidth(4), 20);
+  EXPECT_EQ(gif().FrameHeight(4), 9);
+  EXPECT_EQ(host_.frame, 4);
+}
+
+TEST_F(SeriesPanelTest, FilesComeInByTheirOwnQuestionsAndWords) {
+  const Rows large(10, std::string(801, '2'));
+  const QString good = QString::fromStdString(written("good.gif", threeFrames()).string());
+  const QString wide = QString::fromStdString(written("wide.gif", GifBytes(801, 10).image(large)).string());
+  const QString bad = QString::fromStdString((temp_ / "none.gif").string());
+
+  host_.frame = 2;
+  desktop_.expectOpen(good);
+  pressEdit(kLoadAfter);
+  EXPECT_EQ(gif().FramesCount(), 4);
+  EXPECT_EQ(desktop_.lastFilter, "(*.gif)|*.gif|");
+  desktop_.expectOpen(bad);
+  desktop_.expect("Failed to load this file.");
+  pressEdit(kLoadBefore);
+  desktop_.expectOpen(wide);
+  answer("Incoming image at 801 x 10", desktop::Answer::No);
+  pressEdit(kReplace);
+  desktop_.expectOpen({});
+  pressEdit(kLoadAfter);
+  EXPECT_EQ(gif().FramesCount(), 4);
+
+  host_.frame = 1;
+  agree("Replacing first frame might affect");
+  desktop_.expectOpen(wide);
+  agree("Incoming image at 801 x 10");
+  pressEdit(kReplace);
+  EXPECT_EQ(gif().FrameWidth(1), 801);
+  EXPECT_EQ(gif().BgdWidth(), 801);
+  EXPECT_EQ(gif().BgdHeight(), 16);
+}
+
+TEST_F(SeriesPanelTest, TheLimitIsToldBeforeAnyPicker) {
+  while (gif().FramesCount() < clsGIF::kMostFrames) ASSERT_TRUE(gif().FrameInsertBlank(2, 20, 16, kWhite));
+  desktop_.expect("Will exceed max number of frames allowed; 120 being the limit.");
+  pressEdit(kLoadAfter);
+  desktop_.expect("Will exceed max number of frames allowed; 120 being the limit.");
+  pressEdit(kDuplicateBefore);
+  EXPECT_EQ(host_.refreshes, 0);
+}
+
+}  // namespace
+}  // namespace ruvo::test
