@@ -3,13 +3,10 @@
 // bench/run begins.
 //
 //   process_bench BIN_FOLDER
-#include <fcntl.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -18,23 +15,12 @@
 #include <vector>
 
 #include "image/clsDIB.h"
+#include "processes.h"
 
 namespace {
-using Clock = std::chrono::steady_clock;
-
-// Starts a command; what it prints goes to `out` (or nowhere, below 0), its complaints nowhere.
-pid_t start(const std::vector<std::string>& command, int out = -1) {
-  const pid_t child = ::fork();
-  if (child != 0) return child;
-  const int sink = ::open("/dev/null", O_WRONLY);
-  ::dup2(out >= 0 ? out : sink, 1);
-  ::dup2(sink, 2);
-  std::vector<char*> arguments;
-  for (const auto& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
-  arguments.push_back(nullptr);
-  ::execv(arguments[0], arguments.data());
-  ::_exit(127);
-}
+using ruvo::bench::Clock;
+using ruvo::bench::median;
+using ruvo::bench::start;
 
 // From the start to the first byte that the command prints, which it does when its window has been painted.
 double secondsToShown(const std::vector<std::string>& command) {
@@ -45,7 +31,7 @@ double secondsToShown(const std::vector<std::string>& command) {
   ::close(pipe[1]);
   char first = 0;
   const bool shown = ::read(pipe[0], &first, 1) == 1;
-  const double seconds = std::chrono::duration<double>(Clock::now() - begin).count();
+  const double seconds = ruvo::bench::secondsSince(begin);
   ::close(pipe[0]);
   ::waitpid(child, nullptr, 0);
   if (!shown) {
@@ -55,14 +41,8 @@ double secondsToShown(const std::vector<std::string>& command) {
   return seconds;
 }
 
-double median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
-
 void startRow(const char* peer, double ours, double theirs, const char* atMost) {
-  std::printf("| Start to shown window against %s | %.3g ms | %.3g ms | %.2f | %s |\n", peer, ours * 1e3, theirs * 1e3,
-              ours / theirs, atMost);
+  ruvo::bench::timesRow(std::string("Start to shown window against ") + peer, ours, theirs, atMost);
 }
 
 double residentMegabytes(pid_t process) {
