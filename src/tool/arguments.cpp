@@ -39,6 +39,8 @@ std::string valueFault(const OptionRow& option, std::string_view text) {
       if (parseSize(text)) return {};
       return "takes WIDTHxHEIGHT: at most " + std::to_string(kMaxPictureSide) + " a side and " +
              std::to_string(kMaxPicturePixels) + " pixels";
+    case OptionKind::Text:
+      return {};
     case OptionKind::Switch:
       break;
   }

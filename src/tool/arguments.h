@@ -12,7 +12,7 @@
 
 namespace ruvo::tool {
 
-enum class OptionKind { Switch, Choice, Number, Size };
+enum class OptionKind { Switch, Choice, Number, Size, Text };
 
 struct OptionRow {
   std::string_view name;  // "--bpp"

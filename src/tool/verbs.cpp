@@ -2,6 +2,9 @@
 
 #include <limits>
 
+#include "animation/model/series_resize.h"
+#include "animation/model/session_limits.h"
+
 namespace ruvo::tool {
 namespace {
 
@@ -45,6 +48,32 @@ constexpr OptionRow kMinimiseOptions[] = {
 constexpr OptionRow kReduceOptions[] = {
     {"--entries", Number, "N", 2, 256, "at most so many entries a colour table"},
     {"--globalise", Switch, "", 0, 0, "one table for all frames"},
+};
+
+constexpr int kMostWord = 65535;  // of a number in a GIF's 16 bits
+
+constexpr OptionRow kSetOptions[] = {
+    {"--frame", Number, "K", 1, clsGIF::kMostFrames, "only frame K, else all; --loops and --comment are the file's"},
+    {"--delay", Number, "N", 0, kMostWord, "hundredths of a second until the next frame"},
+    {"--disposal", Number, "M", 0, 7, "0 unspecified, 1 leave it, 2 to background, 3 to previous"},
+    {"--left", Number, "N", 0, kMostWord, "place on the screen; frame 1 stays at 0"},
+    {"--top", Number, "N", 0, kMostWord, "the same"},
+    {"--interlace", Switch, "", 0, 0, "lines interlaced"},
+    {"--no-interlace", Switch, "", 0, 0, "lines in their order"},
+    {"--local", Switch, "", 0, 0, "a colour table of its own for each frame"},
+    {"--global", Switch, "", 0, 0, "the common colour table, as far as 256 entries hold all"},
+    {"--sorted", Switch, "", 0, 0, "mark colour tables as sorted"},
+    {"--not-sorted", Switch, "", 0, 0, "or not"},
+    {"--loops", Number, "N", 0, kMostLoops, "rounds of the animation, 0 without end"},
+    {"--comment", Text, "TEXT", 0, 0, "at most 255 characters; an empty one goes"},
+};
+constexpr OptionRow kResizeOptions[] = {
+    {"--percent", Number, "P", kLeastResizePercent, kMostResizePercent, "of each side, 10 to 300"},
+    {"--area", Switch, "", 0, 0, "of the area instead"},
+    {"--screen-only", Switch, "", 0, 0, "frames keep their scale; a smaller screen cuts them"},
+    {"--keep", Choice, "width|height|both", 0, 0, "with --screen-only: sides of the screen that stay"},
+    {"--left", Number, "N", 0, kMostScreenSide, "move the frames to the right (a smaller screen: to the left)"},
+    {"--top", Number, "N", 0, kMostScreenSide, "move the frames down (a smaller screen: up)"},
 };
 
 constexpr VerbRow kVerbs[] = {
@@ -120,6 +149,11 @@ constexpr VerbRow kVerbs[] = {
     {"gif minimise", "IN OUT", 2, 2, "Write a GIF in fewer bytes that is shown as before",
      "Without an option all four are on. Inconsistent data is repaired and the comment goes. Prints both sizes.\n",
      kMinimiseOptions, gifMinimise},
+    {"gif set", "IN OUT", 2, 2, "Write a GIF with other settings of its frames",
+     "At least one option besides --frame. Tables that become global lose unused and repeated colours first.\n",
+     kSetOptions, gifSet},
+    {"gif resize", "IN OUT", 2, 2, "Write a GIF with all frames and its screen resized",
+     "--percent is needed. Pixels are picked, so that no new colours arise.\n", kResizeOptions, gifResize},
     {"gif check", "IN", 1, 1, "Tell what is inconsistent in a GIF's data", "", {}, gifCheck},
     {"gif reduce", "--entries N IN OUT", 2, 2, "Give a GIF fewer colours",
      "The transparent entry is one of the N. Tables without duplicate and unused entries are reduced one by one, or, "

@@ -34,6 +34,8 @@ int gifFrames(const Arguments& arguments, Console& console);
 int gifComposed(const Arguments& arguments, Console& console);
 int gifRewrite(const Arguments& arguments, Console& console);
 int gifMinimise(const Arguments& arguments, Console& console);
+int gifSet(const Arguments& arguments, Console& console);
+int gifResize(const Arguments& arguments, Console& console);
 int gifCheck(const Arguments& arguments, Console& console);
 int gifReduce(const Arguments& arguments, Console& console);
 
