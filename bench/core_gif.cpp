@@ -1,7 +1,6 @@
 // Coding the image data of a GIF beside giflib, whole frames in memory: decoding from the same bytes, encoding the same
 // pixels. A dithered photograph, a grainy grey scan, and a flat drawing.
 #include <benchmark/benchmark.h>
-#include <gif_lib.h>
 
 #include <algorithm>
 #include <cmath>
@@ -9,6 +8,7 @@
 #include "base/random_source.h"
 #include "formats/basGIFLZWDec.h"
 #include "formats/basGIFLZWEnc.h"
+#include "giflib_memory.h"
 #include "image/clsPal.h"
 #include "image/clsPalDither.h"
 
@@ -73,25 +73,6 @@ const clsDIB& frame(int kind) {
   return frames[kind];
 }
 
-// A file with the frame as giflib's own functions see it, in pieces.
-struct Memory {
-  std::vector<std::uint8_t> bytes;
-  std::size_t at = 0;
-
-  static int read(GifFileType* gif, GifByteType* target, int count) {
-    auto& self = *static_cast<Memory*>(gif->UserData);
-    const std::size_t part = std::min(static_cast<std::size_t>(count), self.bytes.size() - self.at);
-    std::copy_n(self.bytes.begin() + static_cast<std::ptrdiff_t>(self.at), part, target);
-    self.at += part;
-    return static_cast<int>(part);
-  }
-  static int write(GifFileType* gif, const GifByteType* source, int count) {
-    auto& self = *static_cast<Memory*>(gif->UserData);
-    self.bytes.insert(self.bytes.end(), source, source + count);
-    return count;
-  }
-};
-
 std::vector<std::uint8_t> blocksOf(int kind) {
   ByteWriter out;
   basGIFLZWEnc::Encode(out, frame(kind), 9, false);
@@ -133,11 +114,11 @@ void giflibDecode(benchmark::State& state) {
   file.append(std::vector<std::uint8_t>{0, 8});
   file.append(blocksOf(static_cast<int>(state.range(0))));
   file.append(std::vector<std::uint8_t>{0, 0x3B});
-  Memory memory{file.bytes()};
+  bench::GiflibMemory memory{file.bytes()};
   std::vector<GifPixelType> pixels(static_cast<std::size_t>(kWidth) * kHeight);
   for (auto _ : state) {
     memory.at = 0;
-    GifFileType* gif = DGifOpen(&memory, Memory::read, nullptr);
+    GifFileType* gif = DGifOpen(&memory, bench::GiflibMemory::read, nullptr);
     GifRecordType record{};
     if (DGifGetRecordType(gif, &record) != GIF_OK || DGifGetImageDesc(gif) != GIF_OK ||
         DGifGetLine(gif, pixels.data(), static_cast<int>(pixels.size())) != GIF_OK) {
@@ -164,8 +145,8 @@ void giflibEncode(benchmark::State& state) {
   }
   ColorMapObject* map = GifMakeMapObject(256, nullptr);
   for (auto _ : state) {
-    Memory memory;
-    GifFileType* gif = EGifOpen(&memory, Memory::write, nullptr);
+    bench::GiflibMemory memory;
+    GifFileType* gif = EGifOpen(&memory, bench::GiflibMemory::write, nullptr);
     if (EGifPutScreenDesc(gif, kWidth, kHeight, 8, 0, map) != GIF_OK ||
         EGifPutImageDesc(gif, 0, 0, kWidth, kHeight, false, nullptr) != GIF_OK ||
         EGifPutLine(gif, pixels.data(), static_cast<int>(pixels.size())) != GIF_OK) {

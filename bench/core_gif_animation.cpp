@@ -2,7 +2,6 @@
 // canvas; saving it beside giflib writing the same frames; and a tick of the player. A drawing whose frames are mostly
 // see-through, and a grainy film.
 #include <benchmark/benchmark.h>
-#include <gif_lib.h>
 
 #include <algorithm>
 #include <cmath>
@@ -10,6 +9,7 @@
 #include "animation/model/gif_view.h"
 #include "base/random_source.h"
 #include "base/rounding.h"
+#include "giflib_memory.h"
 
 namespace ruvo {
 namespace {
@@ -79,25 +79,6 @@ void ourGifLoad(benchmark::State& state) {
   }
 }
 
-// giflib's file functions on memory.
-struct Memory {
-  Bytes bytes;
-  std::size_t at = 0;
-
-  static int read(GifFileType* gif, GifByteType* target, int count) {
-    auto& self = *static_cast<Memory*>(gif->UserData);
-    const std::size_t part = std::min(static_cast<std::size_t>(count), self.bytes.size() - self.at);
-    std::copy_n(self.bytes.begin() + static_cast<std::ptrdiff_t>(self.at), part, target);
-    self.at += part;
-    return static_cast<int>(part);
-  }
-  static int write(GifFileType* gif, const GifByteType* source, int count) {
-    auto& self = *static_cast<Memory*>(gif->UserData);
-    self.bytes.insert(self.bytes.end(), source, source + count);
-    return count;
-  }
-};
-
 void compose(const GifFileType& gif, int number, std::vector<Pixel32>& canvas) {
   const SavedImage& image = gif.SavedImages[number];
   GraphicsControlBlock control{};
@@ -119,10 +100,10 @@ void compose(const GifFileType& gif, int number, std::vector<Pixel32>& canvas) {
 }
 
 void giflibLoad(benchmark::State& state) {
-  Memory memory{fileOf(static_cast<int>(state.range(0)))};
+  bench::GiflibMemory memory{fileOf(static_cast<int>(state.range(0)))};
   for (auto _ : state) {
     memory.at = 0;
-    GifFileType* gif = DGifOpen(&memory, Memory::read, nullptr);
+    GifFileType* gif = DGifOpen(&memory, bench::GiflibMemory::read, nullptr);
     if (DGifSlurp(gif) != GIF_OK || gif->ImageCount != clsGIF::kMostFrames) state.SkipWithError("not loaded");
     std::vector<Pixel32> canvas(static_cast<std::size_t>(gif->SWidth) * static_cast<std::size_t>(gif->SHeight));
     for (int i = 0; i < gif->ImageCount; ++i) compose(*gif, i, canvas);
@@ -139,13 +120,13 @@ void ourGifSave(benchmark::State& state) {
 }
 
 void giflibSave(benchmark::State& state) {
-  Memory source{fileOf(static_cast<int>(state.range(0)))};
-  GifFileType* read = DGifOpen(&source, Memory::read, nullptr);
+  bench::GiflibMemory source{fileOf(static_cast<int>(state.range(0)))};
+  GifFileType* read = DGifOpen(&source, bench::GiflibMemory::read, nullptr);
   DGifSlurp(read);
   std::size_t size = 0;
   for (auto _ : state) {
-    Memory memory;
-    GifFileType* gif = EGifOpen(&memory, Memory::write, nullptr);
+    bench::GiflibMemory memory;
+    GifFileType* gif = EGifOpen(&memory, bench::GiflibMemory::write, nullptr);
     EGifSetGifVersion(gif, true);
     gif->SWidth = read->SWidth;
     gif->SHeight = read->SHeight;

