@@ -2,6 +2,8 @@
 // the boxes of the film strip. All surfaces exist before the animation runs; a tick only draws.
 #pragma once
 
+#include <array>
+
 #include "formats/clsGIF.h"
 #include "image/clsDIB.h"
 
@@ -14,6 +16,8 @@ enum BgdPattern {
   kPatternTile = 2,              // a pattern shows through
   kPatternFrameSize = 3,         // as 1, and only the frame's rectangle is shown
 };
+inline constexpr std::array<const char*, 4> kBgdPatternNames = {
+    "Orignal Setting", "Show Transparent Color", "Add Pattern To Transparent Area", "At Actual Frame Sizes"};
 
 // The small picture that shows through where a frame is see-through ("picPattern").
 const clsDIB& transparentPattern();

@@ -37,20 +37,6 @@ void writeColor(clsGIF& gif, int frame, int index, Colour color) {
   }
 }
 
-bool inScope(const clsGIF& gif, int frame, int current, PaletteScope scope) {
-  switch (scope) {
-    case PaletteScope::AllFrames:
-      return true;
-    case PaletteScope::GlobalOnly:
-      return !gif.LocalPaletteUsed(frame);
-    case PaletteScope::AllLocal:
-      return gif.LocalPaletteUsed(frame);
-    case PaletteScope::CurrentLocalOnly:
-      return frame == current && gif.LocalPaletteUsed(frame);
-  }
-  return false;
-}
-
 }  // namespace
 
 void SavedPalettes::save(const clsGIF& Gif) {
@@ -96,10 +82,24 @@ bool changePaletteColor(clsGIF& Gif, int Frame, int Index, Colour Color) {
   return true;
 }
 
+bool inPaletteScope(const clsGIF& Gif, int Frame, int Current, PaletteScope Scope) {
+  switch (Scope) {
+    case PaletteScope::AllFrames:
+      return true;
+    case PaletteScope::GlobalOnly:
+      return !Gif.LocalPaletteUsed(Frame);
+    case PaletteScope::AllLocal:
+      return Gif.LocalPaletteUsed(Frame);
+    case PaletteScope::CurrentLocalOnly:
+      return Frame == Current && Gif.LocalPaletteUsed(Frame);
+  }
+  return false;
+}
+
 int setTransparentIndex(clsGIF& Gif, int Frame, PaletteScope Scope, int Index) {
   int count = 0;
   for (int frame = 1; frame <= Gif.FramesCount(); ++frame) {
-    if (!inScope(Gif, frame, Frame, Scope) || Index >= entriesOf(Gif, frame)) continue;
+    if (!inPaletteScope(Gif, frame, Frame, Scope) || Index >= entriesOf(Gif, frame)) continue;
     const int index = std::max(Index, 0);
     Gif.setFrameUseTransparentColor(frame, Index >= 0);
     Gif.setFrameTransparentColorIndex(frame, index);

@@ -30,6 +30,8 @@ void scalePalette(clsGIF& Gif, int Frame, int Percent);
 bool changePaletteColor(clsGIF& Gif, int Frame, int Index, Colour Color);
 
 enum class PaletteScope { AllFrames = 0, GlobalOnly = 1, AllLocal = 2, CurrentLocalOnly = 3 };
+// True when the scope, as seen from the current frame, holds the frame.
+bool inPaletteScope(const clsGIF& Gif, int Frame, int Current, PaletteScope Scope);
 // Transparency on at that index, or off (-1), for each frame of the scope whose table holds the index; masks follow.
 // The number of frames that were set.
 int setTransparentIndex(clsGIF& Gif, int Frame, PaletteScope Scope, int Index);

@@ -2,6 +2,9 @@
 
 #include <cstdio>
 
+#include "animation/model/basGIFaniMinimize.h"
+#include "animation/model/palette_edit.h"
+
 namespace ruvo {
 namespace {
 
@@ -13,10 +16,14 @@ std::string rgbText(const raster::TableEntry& entry) {
 }  // namespace
 
 FramePalette framePalette(const clsGIF& gif, int frame) {
-  if (frame < 1 || frame > gif.FramesCount()) return {};
-  return {gif.getLocalPalette(frame), gif.LocalPaletteEntries(frame),
-          gif.FrameUseTransparentColor(frame) ? gif.FrameTransparentColorIndex(frame) : -1,
-          !gif.LocalPaletteUsed(frame)};
+  const int transparent = gif.FrameUseTransparentColor(frame) ? gif.FrameTransparentColorIndex(frame) : -1;
+  if (frameUsesGlobalPalette(gif, frame))
+    return {gif.getGlobalPalette(), gif.GlobalPaletteEntries(), transparent, true};
+  return {gif.getLocalPalette(frame), gif.LocalPaletteEntries(frame), transparent, false};
+}
+
+FramePalette globalPalette(const clsGIF& gif) {
+  return {gif.getGlobalPalette(), gif.GlobalPaletteEntries(), gif.GlobalTransparentColorIndex(), true};
 }
 
 std::string paletteHoverText(const GifTable& table, int entries, int index, bool hexDigits) {
@@ -26,6 +33,14 @@ std::string paletteHoverText(const GifTable& table, int entries, int index, bool
   char digits[16] = "";
   if (hexDigits) std::snprintf(digits, sizeof digits, "    %02Xh", static_cast<unsigned>(index));
   return start + digits + "     " + rgbText(table[static_cast<std::size_t>(index)]);
+}
+
+std::string paletteTypeText(const FramePalette& palette, int frame) {
+  const int size = PaletteSizeForEntries(palette.entries);
+  int bits = 2;  // two entries are told as 2 bits too
+  while ((1 << bits) < size) ++bits;
+  return std::string(palette.global ? "Global" : "Local") + " palette - Frame " + std::to_string(frame) + "   (As " +
+         std::to_string(bits) + "-BPP  " + std::to_string(size) + " entries)";
 }
 
 std::string paletteEntriesText(const FramePalette& palette) {

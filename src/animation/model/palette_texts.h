@@ -15,10 +15,13 @@ struct FramePalette {
   bool global = false;
 };
 FramePalette framePalette(const clsGIF& gif, int frame);
+// The table of all frames that have none of their own, with the transparent index that they share.
+FramePalette globalPalette(const clsGIF& gif);
 
 // "Index  10    0Ah     RGB(1, 2, 3)", the digits in hexadecimal on demand; other words past the entries.
 std::string paletteHoverText(const GifTable& table, int entries, int index, bool hexDigits);
-std::string paletteEntriesText(const FramePalette& palette);    // lblEntries
-std::string transparentColorText(const FramePalette& palette);  // lblTranspColor
+std::string paletteTypeText(const FramePalette& palette, int frame);  // lblPaletteType
+std::string paletteEntriesText(const FramePalette& palette);          // lblEntries
+std::string transparentColorText(const FramePalette& palette);        // lblTranspColor
 
 }  // namespace ruvo
