@@ -85,11 +85,10 @@ inline std::vector<std::vector<std::uint32_t>> shown(const clsGIF& gif) {
   std::vector<std::vector<std::uint32_t>> screens;
   for (GifPlayer player(gif); player.next() != 0;) {
     screens.emplace_back();
-    for (int y = 0; y < player.screen().height(); ++y) {
-      for (int x = 0; x < player.screen().width(); ++x) {
-        const Pixel32 pixel = pixelAt(player.screen(), x, y);
-        screens.back().push_back(pixel.alpha == 0 ? 0 : pixel.colour() | 0xFF000000u);
-      }
+    const auto pixels = player.screen().view32();
+    for (int i = 0; i < pixels.width() * pixels.height(); ++i) {
+      const Pixel32 pixel = pixels.at(i % pixels.width(), i / pixels.width());
+      screens.back().push_back(pixel.alpha == 0 ? 0 : pixel.colour() | 0xFF000000u);
     }
   }
   return screens;
@@ -106,12 +105,11 @@ inline void expectInStep(const clsGIF& gif) {
     if (gif.FrameUseTransparentColor(frame))
       table[static_cast<std::size_t>(gif.FrameTransparentColorIndex(frame))] = {};
     EXPECT_TRUE(std::ranges::equal(gif.FrameDIBXOR(frame).surface().table(), table)) << frame;
-    const Rows mask = rowsOf(gif.FrameDIBAND(frame));
-    for (int y = 0; y < gif.FrameHeight(frame); ++y) {
-      for (int x = 0; x < gif.FrameWidth(frame); ++x) {
-        EXPECT_EQ(mask[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] == '.', isSeeThrough(gif, frame, x, y))
-            << frame << ": " << x << ", " << y;
-      }
+    raster::Surface mask = surfaceOf(rowsOf(gif.FrameDIBAND(frame)));
+    for (int i = 0; i < mask.width() * mask.height(); ++i) {
+      const int x = i % mask.width(), y = i / mask.width();
+      ASSERT_EQ(pixelAt(mask, x, y).colour() == kWhite, isSeeThrough(gif, frame, x, y))
+          << frame << ": " << x << ' ' << y;
     }
   }
 }

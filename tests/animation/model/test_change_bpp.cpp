@@ -7,23 +7,17 @@ namespace {
 
 using test::RandomGif;
 
-struct Steps {
-  std::string told;
-  Progress progress{[this](int percent) { told += std::to_string(percent) + ' '; }, [this] { told += "end"; }};
-};
-
 TEST(ChangeBpp, NamesItsItems) {
   EXPECT_EQ(bppItemText(0), "Upto 256 entries   (8 BPP)");
   EXPECT_EQ(bppItemText(1), "Upto 128 entries only   (7 BPP)");
   EXPECT_EQ(bppItemText(4), "Upto 16 entries only   (4 BPP)");
 }
 
-// The shape of what is shown: see-through or not, pixel by pixel.
 std::vector<std::vector<bool>> holes(const clsGIF& gif) {
   std::vector<std::vector<bool>> all;
   for (const auto& screen : test::shown(gif)) {
-    all.emplace_back();
-    for (const std::uint32_t pixel : screen) all.back().push_back(pixel == 0);
+    std::ranges::transform(screen, std::back_inserter(all.emplace_back()),
+                           [](std::uint32_t pixel) { return pixel == 0; });
   }
   return all;
 }
@@ -56,14 +50,11 @@ TEST(ChangeBpp, TellsHowFarItIs) {
   clsDIB picture = test::plainDib(2, 1, kBlack, 8, true);
   picture.surface().pictureRow(0)[1] = 1;
   for (int frame = 1; frame <= 5; ++frame) ASSERT_TRUE(gif.FrameInsertImage(picture, frame));
-  Steps each;
-  EXPECT_EQ(changeBpp(gif, {16, false}, each.progress), "");
-  EXPECT_EQ(each.told, "10 20 30 40 50 60 70 80 end");
-  Steps common;
-  EXPECT_EQ(changeBpp(gif, {16, true}, common.progress), "");
-  EXPECT_EQ(common.told, "10 20 end");
-  clsGIF none;
-  EXPECT_EQ(changeBpp(none, {16, false}), "");
+  std::string told;
+  const Progress progress{[&](int percent) { told += std::to_string(percent) + ' '; }, [&] { told += "end "; }};
+  EXPECT_EQ(changeBpp(gif, {16, false}, progress), "");
+  EXPECT_EQ(changeBpp(gif, {16, true}, progress), "");
+  EXPECT_EQ(told, "10 20 30 40 50 60 70 80 end 10 20 end ");
 }
 
 }  // namespace
