@@ -29,6 +29,11 @@ const Pair kPairs[] = {
      {"ruvotool", "gif", "minimise", "IN", "OUT"},
      {"gifsicle", "-O2", "IN", "-o", "OUT"},
      "1.0"},
+    {"Reducing a GIF of 60 frames to 64 colours, one table for all, against gifsicle --colors 64",
+     60,
+     {"ruvotool", "gif", "reduce", "--entries", "64", "--globalise", "IN", "OUT"},
+     {"gifsicle", "--colors", "64", "IN", "-o", "OUT"},
+     "2.0"},
 };
 
 constexpr int kRounds = 15;
