@@ -10,8 +10,6 @@
 namespace ruvo {
 namespace {
 
-constexpr int kToBackground = 2;
-
 struct Trim {
   Rect box;            // what stays of the frame, in its own coordinates
   bool empty = false;  // all of it is see-through
@@ -113,7 +111,7 @@ void SlackTrimmer::findBoxes() {
 // when the rectangle became smaller. One without a picture is there for nothing else.
 void SlackTrimmer::keepClearedAreas() {
   const auto clears = [this](int frame) {
-    return gif_.FrameDisposalMethod(frame) == kToBackground && hasSlack(gif_, frame, trim(frame));
+    return gif_.FrameDisposalMethod(frame) == kDisposalToBackground && hasSlack(gif_, frame, trim(frame));
   };
   int last = 0;
   for (int frame = 2; frame <= gif_.FramesCount(); ++frame) {

@@ -6,16 +6,13 @@
 namespace ruvo {
 namespace {
 
-constexpr int kToBackground = 2;
-constexpr int kToPrevious = 3;
-
 Rect rectOf(const clsGIF& gif, int frame) {
   return Rect::fromSize(gif.FrameLeft(frame), gif.FrameTop(frame), gif.FrameWidth(frame), gif.FrameHeight(frame));
 }
 
 bool disposedForNothing(const clsGIF& gif, int frame) {
   const int method = gif.FrameDisposalMethod(frame);
-  if ((method != kToBackground && method != kToPrevious) || frame == gif.FramesCount()) return false;
+  if ((method != kDisposalToBackground && method != kDisposalToPrevious) || frame == gif.FramesCount()) return false;
   return !gif.FrameUseTransparentColor(frame + 1) &&
          rectOf(gif, frame).united(rectOf(gif, frame + 1)) == rectOf(gif, frame + 1);
 }
