@@ -157,7 +157,8 @@ void playerTick(benchmark::State& state) {
 BENCHMARK(giflibLoad)->DenseRange(kDrawing, kFilm)->Unit(benchmark::kMillisecond);
 BENCHMARK(ourGifLoad)->DenseRange(kDrawing, kFilm)->Unit(benchmark::kMillisecond);
 BENCHMARK(giflibSave)->DenseRange(kDrawing, kFilm)->Unit(benchmark::kMillisecond);
-BENCHMARK(ourGifSave)->DenseRange(kDrawing, kFilm)->Unit(benchmark::kMillisecond);
+// Frames are coded on several threads, so the time of all of them counts.
+BENCHMARK(ourGifSave)->DenseRange(kDrawing, kFilm)->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(playerTick)->DenseRange(kPatternOriginal, kPatternTile)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -1,9 +1,11 @@
 // From the frames back to the bytes of a GIF89a, part by part in the order of the file.
+#include <atomic>
 #include <bit>
 
 #include "base/byte_writer.h"
 #include "base/file_io.h"
 #include "base/latin1.h"
+#include "base/parallel.h"
 #include "formats/basGIFLZWEnc.h"
 #include "formats/clsGIF_Model.h"
 #include "formats/gif_lines.h"
@@ -74,7 +76,8 @@ void writeDescriptor(ByteWriter& out, int left, int top, const clsDIB& dib, int 
   out.u8(static_cast<std::uint8_t>(packed | (reordered ? 64 : 0)));
 }
 
-void writeFrame(ByteWriter& out, const GifFrame& frame, int globalBits) {
+// All but the pixels.
+void writeFrameHead(ByteWriter& out, const GifFrame& frame) {
   const GifImage& image = frame.image;
   writeControl(out, frame.control);
   const int localBits = image.LocalPaletteUsed ? gifTableBits(image.LocalPaletteEntries) : 0;
@@ -82,7 +85,24 @@ void writeFrame(ByteWriter& out, const GifFrame& frame, int globalBits) {
   if (image.LocalPaletteUsed) packed |= 128 | (localBits - 1);
   writeDescriptor(out, image.Left, image.Top, *image.XOR, packed, image.Interlaced);
   if (image.LocalPaletteUsed) writeTable(out, image.LocalPalette.data(), image.LocalPaletteEntries, localBits);
-  writePixels(out, *image.XOR, image.LocalPaletteUsed ? localBits : globalBits, image.Interlaced);
+}
+
+// The frames' pixels as they stand in the file. Coding them is nearly all of the work, and each is coded by itself.
+std::vector<ByteWriter> codeFrames(std::span<const GifFrame> frames, int globalBits) {
+  std::vector<ByteWriter> coded(frames.size());
+  std::atomic<bool> noMemory = false;
+  forEachParallel(static_cast<int>(frames.size()), [&](int number) {
+    const auto i = static_cast<std::size_t>(number);
+    const GifImage& image = frames[i].image;
+    const int bits = image.LocalPaletteUsed ? gifTableBits(image.LocalPaletteEntries) : globalBits;
+    try {
+      writePixels(coded[i], *image.XOR, bits, image.Interlaced);
+    } catch (const std::bad_alloc&) {
+      noMemory = true;
+    }
+  });
+  if (noMemory) throw std::bad_alloc();
+  return coded;
 }
 
 bool isWritable(const clsDIB& dib) {
@@ -105,8 +125,12 @@ std::vector<std::uint8_t> modelBytes(const GifModel& model, int onlyFrame, const
   if (bits != 0) writeTable(out, model.global.data(), model.globalEntries, bits);
   if (!model.frames.empty()) writeLoops(out, model.loops);
   writeComment(out, comment);
-  for (int i = 1; i <= model.count(); ++i) {
-    if (onlyFrame <= 0 || onlyFrame == i) writeFrame(out, model.frameOrNone(i), bits);
+  const auto frames = onlyFrame > 0 ? std::span(model.frames).subspan(static_cast<std::size_t>(onlyFrame) - 1, 1)
+                                    : std::span(model.frames);
+  std::vector<ByteWriter> coded = codeFrames(frames, bits);
+  for (std::size_t i = 0; i < frames.size(); ++i) {
+    writeFrameHead(out, frames[i]);
+    out.append(coded[i].take());
   }
   return finished(out);
 }

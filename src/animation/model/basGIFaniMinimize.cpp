@@ -1,6 +1,6 @@
 #include "animation/model/basGIFaniMinimize.h"
 
-#include <bit>
+#include <algorithm>
 
 #include "base/number_format.h"
 
@@ -39,7 +39,7 @@ MinimizeOptions applicable(const clsGIF& gif, MinimizeOptions options) {
 }  // namespace
 
 int PaletteSizeForEntries(int Entries) {
-  return static_cast<int>(std::bit_ceil(static_cast<unsigned>(std::clamp(Entries, 2, 256))));
+  return 1 << gifTableBits(std::min(Entries, 256));
 }
 
 bool cleanPalettes(clsGIF& Gif) {
