@@ -11,6 +11,7 @@
 #include "animation/model/gif_texts.h"
 #include "animation/session_panels.h"
 #include "dialogs/named_controls.h"
+#include "platform/theme/controls.h"
 
 namespace ruvo {
 namespace {
@@ -76,16 +77,16 @@ SettingsPanel::SettingsPanel(SessionHost& host, QWidget* parent)
 
   d_->scope =
       namedComboBox("cboScopeModifySettings", {tr("Apply to all frames"), tr("Apply to current frame only")}, this);
-  d_->item = namedComboBox(
+  // Its longest items are wider than the panel can be.
+  d_->item = theme::combo(
       "cboScopeModifySettingsSpecificItem",
       {tr("All items"), tr("Delay only"), tr("Disposal only"), tr("[Left,Top] only"), tr("Palette Scope only"),
        tr("Interlace only"), tr("Palette Sorted only"), tr("Loops only  (Irrespective of Apply selected)"),
        tr("Comment only  (Irrespective of Apply selected)")},
-      this);
+      0, 0, this);
   auto* head = new QHBoxLayout;
   head->addWidget(d_->scope);
-  head->addWidget(d_->item);
-  head->addStretch();
+  head->addWidget(d_->item, 1);
   head->addWidget(buttons[kShowCurrent]);
 
   auto* left = new QVBoxLayout;

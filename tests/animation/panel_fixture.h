@@ -85,7 +85,7 @@ class PanelTest : public testing::Test {
     EXPECT_TRUE(replaceFile(file, bytes.bytes()));
     return file;
   }
-  void open(const GifBytes& bytes) { ASSERT_EQ(host_.session().open(written("a.gif", bytes)), ""); }
+  void SetUp() override { ASSERT_EQ(host_.session().open(written("a.gif", threeFrames())), ""); }
 
   template <typename T>
   static T* control(QWidget& window, const QString& name) {
@@ -93,15 +93,28 @@ class PanelTest : public testing::Test {
     EXPECT_NE(found, nullptr) << name.toStdString();
     return found;
   }
-  static QAbstractButton* button(QWidget& window, const QString& name) {
-    return control<QAbstractButton>(window, name);
+  static bool offered(QWidget& window, const QString& name) { return control<QWidget>(window, name)->isEnabled(); }
+  // Where a check box has its box too.
+  static void press(QWidget& window, const QString& name) {
+    auto* button = control<QAbstractButton>(window, name);
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
   }
-  static void press(QWidget& window, const QString& name) { QTest::mouseClick(button(window, name), Qt::LeftButton); }
   static void choose(QWidget& window, const QString& box, int item) {
     control<QComboBox>(window, box)->setCurrentIndex(item);
   }
-  void answer(const QString& question, desktop::Answer answer) { desktop_.expect(question).answer(answer); }
-  void agree(const QString& question) { answer(question, desktop::Answer::Yes); }
+  void agree(const QString& question) { desktop_.expect(question).answer(desktop::Answer::Yes); }
+  void disagree(const QString& question) { desktop_.expect(question).answer(desktop::Answer::No); }
+};
+
+// With the panel open.
+template <typename Panel>
+class OpenPanelTest : public PanelTest {
+ protected:
+  void SetUp() override {
+    PanelTest::SetUp();
+    ASSERT_TRUE(panel_.openPanel());
+  }
+  Panel panel_{host_, nullptr};
 };
 
 }  // namespace ruvo::test
