@@ -28,6 +28,7 @@ DeleteEntryPanel::DeleteEntryPanel(QWidget* parent) : QWidget(parent) {
   column->addLayout(choices_);
   deleted_ = makeRow(tr("Entry to delete (left click):"), "picColorToDelete");
   replacement_ = makeRow(tr("Replaced with (right click):"), "picColorToReplaceWith");
+  choices_->addWidget(theme::label(tr("(Keys: arrows; with Shift for the second)"), this, theme::LabelKind::Quiet));
   QPushButton* button = namedButton(QStringLiteral("cmdDeleteColor"), tr("Proceed"), this);
   button->setToolTip(tr("Delete the entry"));
   connect(button, &QPushButton::clicked, this, &DeleteEntryPanel::proceed);

@@ -111,10 +111,10 @@ PaletteView frmRuvoGIFaniChangeBPP::Private::buildPalette(Side side, QWidget* pa
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(theme::label(side == kOld ? tr("Old") : tr("New"), parent, theme::LabelKind::Heading));
   view.type = namedLabel(controlName(QStringLiteral("lblPaletteType"), side), QString(), parent);
-  view.type->setWordWrap(true);
   view.grid = new PaletteGrid(parent);
   view.grid->setObjectName(controlName(QStringLiteral("picPalette"), side));
   view.grid->setFixedSize(kGridSide, kGridSide);
+  if (side == kOld) view.grid->setFocusPolicy(Qt::NoFocus);  // there is nothing to choose
   view.hover = theme::label(QString(), parent, theme::LabelKind::Quiet);
   view.hover->setWordWrap(true);
   view.entries = namedLabel(controlName(QStringLiteral("lblEntries"), side), QString(), parent);

@@ -18,6 +18,8 @@
 namespace ruvo {
 namespace {
 
+constexpr int kGridSide = 16 * 21 + 5;  // the longest text about the transparent color has room below
+
 // A swatch in front of the button that is about its colour.
 QHBoxLayout* withSwatch(ColorSwatch* swatch, QWidget* button) {
   auto* row = new QHBoxLayout;
@@ -56,8 +58,8 @@ QWidget* frmRuvoGIFaniEditPalette::Private::buildPalette() {
   auto* column = new QVBoxLayout(side);
   column->setContentsMargins(0, 0, 0, 0);
   type = namedLabel(QStringLiteral("lblPaletteType"), QString(), side);
-  type->setWordWrap(true);
   grid = new PaletteGrid(side);
+  grid->setFixedSize(kGridSide, kGridSide);
   hover = theme::label(QString(), side, theme::LabelKind::Quiet);
   entries = namedLabel(QStringLiteral("lblEntries"), QString(), side);
   transparent = namedLabel(QStringLiteral("lblTranspColor"), QString(), side);
@@ -75,8 +77,8 @@ QWidget* frmRuvoGIFaniEditPalette::Private::buildPalette() {
   column->addLayout(line);
   column->addWidget(transparent);
   column->addStretch();
-  // The labels wrap within the grid's width.
-  side->setFixedWidth(grid->sizeHint().width());
+  // What is told does not change the width.
+  side->setFixedWidth(kGridSide);
   QObject::connect(grid, &PaletteGrid::hovered, &window, [this](int index) { showHover(index); });
   QObject::connect(grid, &PaletteGrid::clicked, &window,
                    [this](int index, Qt::MouseButton button) { choose(index, button); });

@@ -22,6 +22,7 @@ namespace {
 constexpr QSize kLeastPicture(280, 240);
 constexpr int kGap = 10;
 constexpr int kFrameListWidth = 76;
+constexpr double kFrameDataScale = 0.85;  // a whole line is seen in most windows
 constexpr int kFilmPage = 1;
 
 }  // namespace
@@ -45,7 +46,9 @@ void PaletteStage::build(int patterns, const QString& showPalette, QWidget* pale
   frames_->setAccessibleName(tr("Frame"));
   frameData_ = namedComboBox(QStringLiteral("cboFrameData"), {}, this);
   frameData_->setAccessibleName(tr("Frame settings"));
-  frameData_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  QFont columns = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  columns.setPointSizeF(columns.pointSizeF() * kFrameDataScale);
+  frameData_->setFont(columns);
   frameData_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   lists->addWidget(new QLabel(tr("Frame:"), this));
   lists->addWidget(frames_);
@@ -58,6 +61,7 @@ void PaletteStage::build(int patterns, const QString& showPalette, QWidget* pale
   auto* filmPage = new QWidget(this);
   auto* filmRow = new QHBoxLayout(filmPage);
   filmRow->setContentsMargins(0, 0, 0, 0);
+  filmRow->addStretch();
   filmRow->addWidget(film_);
   filmRow->addStretch();
   pages_ = new QStackedWidget(this);
@@ -137,6 +141,7 @@ void PaletteStage::selectFrame(int frame) {
   const QSignalBlocker quietFrames(frames_), quietData(frameData_);
   frames_->setCurrentIndex(frame - 1);
   frameData_->setCurrentIndex(frame - 1);
+  frameData_->setToolTip(desktop::plainToolTip(frameData_->currentText()));
   film_->setSelected(frame);
   field_->showFrame(frame);
   Q_EMIT shown();

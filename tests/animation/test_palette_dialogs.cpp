@@ -83,7 +83,7 @@ using ChangeBppTest = PaletteDialogTest<frmRuvoGIFaniChangeBPP>;
 
 TEST_F(EditPaletteTest, ColoursAreSelectedAndChangedOnGridAndPicture) {
   open();
-  EXPECT_EQ(text("lblPaletteType"), "Global palette - Frame 1   (As 2-BPP  4 entries)");
+  EXPECT_EQ(text("lblPaletteType"), "Global palette - Frame 1\n(As 2-BPP  4 entries)");
   EXPECT_EQ(text("lblTranspColor"), "Transparent color:  RGB(255, 0, 0)    At index  1");
   desktop.expect("No currently selected index yet.");
   press("cmdChangeColor");

@@ -39,7 +39,7 @@ std::string paletteTypeText(const FramePalette& palette, int frame) {
   const int size = PaletteSizeForEntries(palette.entries);
   int bits = 2;  // two entries are told as 2 bits too
   while ((1 << bits) < size) ++bits;
-  return std::string(palette.global ? "Global" : "Local") + " palette - Frame " + std::to_string(frame) + "   (As " +
+  return std::string(palette.global ? "Global" : "Local") + " palette - Frame " + std::to_string(frame) + "\n(As " +
          std::to_string(bits) + "-BPP  " + std::to_string(size) + " entries)";
 }
 

@@ -20,7 +20,7 @@ FramePalette globalPalette(const clsGIF& gif);
 
 // "Index  10    0Ah     RGB(1, 2, 3)", the digits in hexadecimal on demand; other words past the entries.
 std::string paletteHoverText(const GifTable& table, int entries, int index, bool hexDigits);
-std::string paletteTypeText(const FramePalette& palette, int frame);  // lblPaletteType
+std::string paletteTypeText(const FramePalette& palette, int frame);  // lblPaletteType, two lines
 std::string paletteEntriesText(const FramePalette& palette);          // lblEntries
 std::string transparentColorText(const FramePalette& palette);        // lblTranspColor
 

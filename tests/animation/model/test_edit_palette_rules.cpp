@@ -42,8 +42,8 @@ clsGIF gifOf(int bits) {
 TEST(PaletteTexts, TellWhatAFrameUses) {
   const clsGIF gif = mixedGif();
   const FramePalette first = framePalette(gif, 1), third = framePalette(gif, 3);
-  EXPECT_EQ(paletteTypeText(first, 1), "Global palette - Frame 1   (As 2-BPP  4 entries)");
-  EXPECT_EQ(paletteTypeText(third, 3), "Local palette - Frame 3   (As 2-BPP  2 entries)");
+  EXPECT_EQ(paletteTypeText(first, 1), "Global palette - Frame 1\n(As 2-BPP  4 entries)");
+  EXPECT_EQ(paletteTypeText(third, 3), "Local palette - Frame 3\n(As 2-BPP  2 entries)");
   EXPECT_THAT(paletteTypeText(framePalette(gifOf(8), 1), 1), testing::EndsWith("(As 8-BPP  256 entries)"));
   EXPECT_EQ(paletteEntriesText(third), "2 entries.   ");
   EXPECT_EQ(transparentColorText(first), "Transparent color:  RGB(255, 0, 0)    At index  1");
