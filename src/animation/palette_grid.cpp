@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "animation/model/palette_texts.h"
 
@@ -146,30 +147,17 @@ void PaletteGrid::mousePressEvent(QMouseEvent* event) {
 
 // The box that a key leads to; -1 for a key that leads nowhere. Without a start, the first box.
 int PaletteGrid::stepFrom(int index, int key) const {
+  static constexpr std::pair<int, int> kSteps[] = {
+      {Qt::Key_Left, -1}, {Qt::Key_Right, 1}, {Qt::Key_Up, -kSide}, {Qt::Key_Down, kSide}};
   const int last = std::max(entries_ - 1, 0);
-  int step = 0;
-  switch (key) {
-    case Qt::Key_Home:
-      return 0;
-    case Qt::Key_End:
-      return last;
-    case Qt::Key_Left:
-      step = -1;
-      break;
-    case Qt::Key_Right:
-      step = 1;
-      break;
-    case Qt::Key_Up:
-      step = -kSide;
-      break;
-    case Qt::Key_Down:
-      step = kSide;
-      break;
-    default:
-      return -1;
+  if (key == Qt::Key_Home) return 0;
+  if (key == Qt::Key_End) return last;
+  for (const auto& [arrow, step] : kSteps) {
+    if (arrow != key) continue;
+    if (index < 0) return 0;
+    return index + step >= 0 && index + step <= last ? index + step : std::min(index, last);
   }
-  if (index < 0) return 0;
-  return index + step >= 0 && index + step <= last ? index + step : std::min(index, last);
+  return -1;
 }
 
 void PaletteGrid::keyPressEvent(QKeyEvent* event) {
