@@ -92,6 +92,19 @@ class GifBytes {
 inline int load(clsGIF& gif, Bytes bytes) {
   return gif.LoadStream(bytes);
 }
+// Frames of 2 x 1 told apart by their delays 1, 2, 3..., and those delays in a row.
+inline clsGIF framesOf(int count, Size screen = {2, 1}) {
+  GifBytes bytes(screen.width, screen.height);
+  for (int i = 1; i <= count; ++i) bytes.control(0, i).image({"01"});
+  clsGIF gif;
+  EXPECT_EQ(load(gif, bytes.bytes()), kGifOk);
+  return gif;
+}
+inline std::string delays(const clsGIF& gif) {
+  std::string all;
+  for (int i = 1; i <= gif.FramesCount(); ++i) all += std::to_string(gif.FrameDelay(i));
+  return all;
+}
 inline int codeOf(Bytes bytes) {
   clsGIF gif;
   return gif.LoadStream(bytes);

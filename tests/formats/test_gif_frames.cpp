@@ -8,21 +8,6 @@ namespace {
 
 using namespace test;
 
-// Frames told apart by their delays 1, 2, 3...
-clsGIF framesOf(int count) {
-  GifBytes bytes(2, 1);
-  for (int i = 1; i <= count; ++i) bytes.control(0, i).image({"01"});
-  clsGIF gif;
-  EXPECT_EQ(load(gif, bytes.bytes()), kGifOk);
-  return gif;
-}
-
-std::string delays(const clsGIF& gif) {
-  std::string all;
-  for (int i = 1; i <= gif.FramesCount(); ++i) all += std::to_string(gif.FrameDelay(i));
-  return all;
-}
-
 // A GIF file of its own: 3 x 2, delay 50, see-through index 1, on a screen of 5 x 5.
 std::filesystem::path otherFile(const TempFolder& folder, const std::vector<Colour>& table = {kWhite, kBlack}) {
   const auto path = folder / "other.gif";

@@ -71,36 +71,36 @@ TEST(FrameExport, KeepsColoursAndSeeThroughPixels) {
   }
   clsGIF whole = animation(1);
   whole.setFrameTransparentColorIndex(2, 3);
-  ASSERT_TRUE(exportFrame(whole, 2, folder / "frame.gif", {true, false}));
+  ASSERT_TRUE(exportFrame(whole, 2, folder / "frame.gif", {}));
   int transparent = -2;
-  EXPECT_EQ(readBack(folder / "frame.gif", transparent), (Pixels{{w, w, r}, {r, r, w}}));
+  EXPECT_EQ(readBack(folder / "frame.gif", transparent)[0], (std::vector<int>{w, w, r}));
   EXPECT_EQ(transparent, -1) << "no pixel is see-through";
 }
 
 // All 256 colours of a table, and a surround that is none of them.
 TEST(FrameExport, ReducesOnlyWhatNoTableHolds) {
   const TempFolder folder;
-  clsDIB full = plainDib(16, 16, kWhite, 8, true);
+  const auto colour = [](int i) { return static_cast<int>(rgb(i, 7 * i & 255, 90)); };
+  clsDIB full = plainDib(256, 1, kWhite, 8, true);
   for (int i = 0; i < 256; ++i) {
-    full.surface().pictureRow(i / 16)[i % 16] = static_cast<std::uint8_t>(i);
-    full.surface().table()[i] = raster::TableEntry::of(rgb(i, 7 * i & 255, 90));
+    full.surface().pictureRow(0)[i] = static_cast<std::uint8_t>(i);
+    full.surface().table()[i] = raster::TableEntry::of(static_cast<Colour>(colour(i)));
   }
   clsGIF gif;
   ASSERT_TRUE(gif.FrameInsertImage(full, 1));
-  int transparent = 0;
-  ASSERT_TRUE(exportFrame(gif, 1, folder / "a.gif", {true, true}));
-  const Pixels exact = readBack(folder / "a.gif", transparent);
-  ASSERT_EQ(exact.size(), 16u);
-  for (int i = 0; i < 256; ++i) EXPECT_EQ(exact[i / 16][i % 16], static_cast<int>(rgb(i, 7 * i & 255, 90)));
-
-  gif.setBgdWidth(40);
-  ASSERT_TRUE(exportFrame(gif, 1, folder / "a.gif", {true, true}));
-  const Pixels reduced = readBack(folder / "a.gif", transparent);
-  ASSERT_EQ(reduced.size(), 16u);
-  EXPECT_EQ(reduced[3][39], static_cast<int>(kWhite));
-  const auto red = [&](int x) { return redOf(static_cast<Colour>(reduced[8][x])); };
-  EXPECT_NEAR(red(0), 128, 12);
-  EXPECT_NEAR(red(15), 143, 12);
+  const auto exported = [&] {
+    int transparent = 0;
+    EXPECT_TRUE(exportFrame(gif, 1, folder / "a.gif", {true, true}));
+    return readBack(folder / "a.gif", transparent);
+  };
+  const Pixels exact = exported();
+  ASSERT_EQ(exact.size(), 1u);
+  for (int i = 0; i < 256; ++i) EXPECT_EQ(exact[0][i], colour(i));
+  gif.setBgdHeight(9);
+  const Pixels reduced = exported();
+  ASSERT_EQ(reduced.size(), 9u);
+  EXPECT_EQ(reduced[8][39], static_cast<int>(kWhite));
+  EXPECT_NEAR(redOf(static_cast<Colour>(reduced[0][200])), 200, 40);
 }
 
 TEST(FrameExport, AFailureLeavesTheOldFile) {

