@@ -28,14 +28,6 @@ int entriesOfAll(const clsGIF& gif) {
   return entries;
 }
 
-// A choice that has nothing to work on does not count: its cleaning is not done either.
-MinimizeOptions applicable(const clsGIF& gif, MinimizeOptions options) {
-  options.localToGlobal &= anyFrameUsesLocal(gif);
-  options.removeInterlace &= anyFrame(gif, &clsGIF::FrameInterlaced);
-  options.removeSlack &= anyFrame(gif, &clsGIF::FrameUseTransparentColor);
-  return options;
-}
-
 }  // namespace
 
 int PaletteSizeForEntries(int Entries) {
@@ -54,9 +46,17 @@ bool cleanPalettes(clsGIF& Gif) {
   return changed || entriesOfAll(Gif) != before;
 }
 
+MinimizeOptions minimizeOffers(const clsGIF& Gif) {
+  return {.localToGlobal = anyFrameUsesLocal(Gif),
+          .removeUnused = true,
+          .removeInterlace = anyFrame(Gif, &clsGIF::FrameInterlaced),
+          .removeSlack = anyFrame(Gif, &clsGIF::FrameUseTransparentColor)};
+}
+
 MinimizeResult minimizeGif(clsGIF& Gif, const MinimizeOptions& Options, const Progress& progress) {
   MinimizeResult result;
-  const MinimizeOptions options = applicable(Gif, Options);
+  // What is not offered does not count, so its cleaning is not done either.
+  const MinimizeOptions options = Options & minimizeOffers(Gif);
   if (!options.any()) return result;
   progress.report(0);
   result.changed = RectifyGIFData(Gif);

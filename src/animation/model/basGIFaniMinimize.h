@@ -48,7 +48,14 @@ struct MinimizeOptions {
   bool removeSlack = false;
 
   bool any() const { return localToGlobal || removeUnused || removeInterlace || removeSlack; }
+  friend MinimizeOptions operator&(const MinimizeOptions& a, const MinimizeOptions& b) {
+    return {a.localToGlobal && b.localToGlobal, a.removeUnused && b.removeUnused,
+            a.removeInterlace && b.removeInterlace, a.removeSlack && b.removeSlack};
+  }
 };
+
+// The steps that the animation has something for.
+MinimizeOptions minimizeOffers(const clsGIF& Gif);
 
 struct MinimizeResult {
   bool endedEarly = false;  // some local frame could not become global: the later steps were not done
@@ -58,7 +65,7 @@ struct MinimizeResult {
   bool changed = false;
 };
 
-// Runs the chosen steps in their fixed order and remasks. A full run also empties the comment; one that ended early
+// Runs the chosen steps, those that are offered, in their fixed order and remasks. A full run also empties the comment; one that ended early
 // does not.
 MinimizeResult minimizeGif(clsGIF& Gif, const MinimizeOptions& Options, const Progress& progress = {});
 // What is told of a run that ended early; empty for any other.
