@@ -1,5 +1,4 @@
 #include <QCheckBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -12,7 +11,7 @@
 namespace ruvo {
 namespace {
 
-enum Button { kProceed, kAnimate, kStop, kUndo, kClose, kButtons };
+enum Button { kProceed, kAnimate, kStop, kUndo, kClose };
 
 bool anyFrame(const clsGIF& gif, bool (clsGIF::*has)(int) const) {
   for (int frame = 1; frame <= gif.FramesCount(); ++frame) {
@@ -54,18 +53,9 @@ MinimizePanel::MinimizePanel(SessionHost& host, QWidget* parent)
     options->addWidget(widget);
   options->addStretch();
 
-  const QString texts[kButtons] = {tr("Proceed"), tr("Animate"), tr("Stop"), tr("Undo"), tr("Close")};
-  QPushButton* buttons[kButtons];
-  auto* column = new QVBoxLayout;
-  for (int i = 0; i < kButtons; ++i) {
-    buttons[i] = namedButton(controlName("cmdMinimize", i), texts[i], this);
-    column->addWidget(buttons[i]);
-  }
-  column->addStretch();
-  auto* all = new QHBoxLayout(this);
-  all->addLayout(options, 1);
-  all->addLayout(column);
-
+  const auto buttons =
+      namedButtons("cmdMinimize", {tr("Proceed"), tr("Animate"), tr("Stop"), tr("Undo"), tr("Close")}, this);
+  layOut(options, buttons);
   setButtons(buttons[kAnimate], buttons[kStop], buttons[kUndo], buttons[kClose]);
   d_->proceed = buttons[kProceed];
   connect(d_->proceed, &QPushButton::clicked, this, &MinimizePanel::proceed);

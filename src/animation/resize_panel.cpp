@@ -1,11 +1,9 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include "animation/model/session_limits.h"
 #include "animation/session_panels.h"
@@ -15,7 +13,7 @@
 namespace ruvo {
 namespace {
 
-enum Button { kProceed, kAnimate, kStop, kUndo, kClose, kButtons };
+enum Button { kProceed, kAnimate, kStop, kUndo, kClose };
 constexpr int kUnchanged = 100;  // percent
 constexpr const char* kIntermediaryFile = "tmpResizedIntermediary.tmp";
 
@@ -38,18 +36,9 @@ struct ResizePanel::Private {
 
 ResizePanel::ResizePanel(SessionHost& host, QWidget* parent)
     : SessionPanel(host, SessionWork::Resize, 4, tr("Resize "), parent), d_(new Private) {
-  const QString texts[kButtons] = {tr("Proceed"), tr("Animate"), tr("Stop"), tr("Undo"), tr("Close")};
-  QPushButton* buttons[kButtons];
-  auto* column = new QVBoxLayout;
-  for (int i = 0; i < kButtons; ++i) {
-    buttons[i] = namedButton(controlName("cmdResize", i), texts[i], this);
-    column->addWidget(buttons[i]);
-  }
-  column->addStretch();
-  auto* all = new QHBoxLayout(this);
-  all->addWidget(buildFields(), 1);
-  all->addLayout(column);
-
+  const auto buttons =
+      namedButtons("cmdResize", {tr("Proceed"), tr("Animate"), tr("Stop"), tr("Undo"), tr("Close")}, this);
+  layOut(buildFields(), buttons);
   setButtons(buttons[kAnimate], buttons[kStop], buttons[kUndo], buttons[kClose]);
   connect(buttons[kProceed], &QPushButton::clicked, this, &ResizePanel::proceed);
   for (QComboBox* box : {d_->percent, d_->mode, d_->keep, d_->offset[0], d_->offset[1]})
@@ -62,29 +51,26 @@ ResizePanel::ResizePanel(SessionHost& host, QWidget* parent)
 
 ResizePanel::~ResizePanel() = default;
 
-QWidget* ResizePanel::buildFields() {
-  auto* fields = new QWidget(this);
-  d_->percent = namedComboBox(controlName("cboResizePercent", 0), percentages(), fields);
-  d_->mode = namedComboBox(controlName("cboResizePercent", 1), {tr("Width/Height"), tr("Area")}, fields);
-  d_->backgroundOnly =
-      namedCheckBox("ckbResizeBgdOnly", tr("Change background/screen size only when over 100%"), fields);
+QLayout* ResizePanel::buildFields() {
+  d_->percent = namedComboBox(controlName("cboResizePercent", 0), percentages(), this);
+  d_->mode = namedComboBox(controlName("cboResizePercent", 1), {tr("Width/Height"), tr("Area")}, this);
+  d_->backgroundOnly = namedCheckBox("ckbResizeBgdOnly", tr("Change background/screen size only when over 100%"), this);
   d_->keep = namedComboBox("cboRightBottom",
                            {tr("Allow change both right & bottom sides"), tr("Preserve right side"),
                             tr("Preserve bottom side"), tr("Preserve right & bottom sides")},
-                           fields);
+                           this);
   for (int i = 0; i < 2; ++i) {
-    QComboBox* box = namedComboBox(controlName("cboResizeOffset", i), {QStringLiteral("0")}, fields);
+    QComboBox* box = namedComboBox(controlName("cboResizeOffset", i), {QStringLiteral("0")}, this);
     box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
     box->setValidator(wholeNumbersUpTo(kMostScreenSide, box));
     d_->offset[i] = box;
   }
-  d_->newSize = namedLabel("lblNewSize", {}, fields);
+  d_->newSize = namedLabel("lblNewSize", {}, this);
 
-  auto* grid = new QGridLayout(fields);
-  grid->setContentsMargins(0, 0, 0, 0);
+  auto* grid = new QGridLayout;
   const auto put = [&](int row, int column, const QString& text, QWidget* field) {
-    auto* label = namedLabel({}, text, fields);
+    auto* label = namedLabel({}, text, this);
     label->setBuddy(field);
     grid->addWidget(label, row, column);
     grid->addWidget(field, row, column + 1);
@@ -98,7 +84,7 @@ QWidget* ResizePanel::buildFields() {
   grid->addWidget(d_->newSize, 4, 0, 1, 4);
   grid->setColumnStretch(4, 1);
   grid->setRowStretch(5, 1);
-  return fields;
+  return grid;
 }
 
 void ResizePanel::opened() {

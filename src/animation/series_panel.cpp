@@ -4,8 +4,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QSignalBlocker>
-#include <QVBoxLayout>
 #include <array>
 #include <optional>
 
@@ -114,13 +112,10 @@ SeriesPanel::SeriesPanel(SessionHost& host, QWidget* parent)
     Q_EMIT settingsAsked();
   });
 
-  auto* all = new QHBoxLayout(this);
-  all->addLayout(buildFrameButtons());
-  all->addWidget(buildOrderButtons(), 1);
-  auto* column = new QVBoxLayout;
-  for (const Button button : {kAnimate, kStop, kUndo, kClose}) column->addWidget(d_->buttons[button]);
-  column->addStretch();
-  all->addLayout(column);
+  auto* fields = new QHBoxLayout;
+  fields->addLayout(buildFrameButtons());
+  fields->addLayout(buildOrderButtons(), 1);
+  layOut(fields, {d_->buttons[kAnimate], d_->buttons[kStop], d_->buttons[kUndo], d_->buttons[kClose]});
 }
 
 SeriesPanel::~SeriesPanel() = default;
@@ -139,24 +134,22 @@ QLayout* SeriesPanel::buildFrameButtons() {
   return grid;
 }
 
-QWidget* SeriesPanel::buildOrderButtons() {
-  auto* side = new QWidget(this);
-  auto* grid = new QGridLayout(side);
-  grid->setContentsMargins(0, 0, 0, 0);
-  d_->other = namedComboBox("cboEditImageSeriesCopy", {}, side);
-  auto* label = namedLabel({}, tr("Other frame:"), side);
+QLayout* SeriesPanel::buildOrderButtons() {
+  auto* grid = new QGridLayout;
+  d_->other = namedComboBox("cboEditImageSeriesCopy", {}, this);
+  auto* label = namedLabel({}, tr("Other frame:"), this);
   label->setBuddy(d_->other);
   grid->addWidget(label, 0, 0, Qt::AlignRight);
   grid->addWidget(d_->other, 0, 1, Qt::AlignLeft);
   const auto put = [&](const char* array, int index, const NamedAction& row, int line) {
-    QPushButton* button = namedButton(controlName(QString::fromLatin1(array), index), tr(row.text), side);
+    QPushButton* button = namedButton(controlName(QString::fromLatin1(array), index), tr(row.text), this);
     connect(button, &QPushButton::clicked, this, [this, action = row.action] { edit(action); });
     grid->addWidget(button, line, index % 2);
   };
   for (int i = 0; i < 4; ++i) put("cmdEditImageSeriesCopy", i, kCopyButtons[i], 1 + i / 2);
   for (int i = 0; i < 2; ++i) put("cmdShift", i, kShiftButtons[i], 3);
   grid->setRowStretch(4, 1);
-  return side;
+  return grid;
 }
 
 void SeriesPanel::opened() {

@@ -1,6 +1,8 @@
 #include "animation/session_panel.h"
 
-#include <QAbstractButton>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 #include "dialogs/named_controls.h"
 #include "platform/desktop/desktop.h"
@@ -13,15 +15,23 @@ SessionPanel::SessionPanel(SessionHost& host, SessionWork work, int index, const
   hide();
 }
 
-void SessionPanel::setButtons(QAbstractButton* animate, QAbstractButton* stop, QAbstractButton* undo,
-                              QAbstractButton* close) {
+void SessionPanel::setButtons(QPushButton* animate, QPushButton* stop, QPushButton* undo, QPushButton* close) {
   animate_ = animate;
   stop_ = stop;
   undo_ = undo;
-  connect(animate, &QAbstractButton::clicked, this, [this] { host_.startAnimation(); });
-  connect(stop, &QAbstractButton::clicked, this, [this] { host_.stopAnimation(); });
-  connect(undo, &QAbstractButton::clicked, this, &SessionPanel::undo);
-  connect(close, &QAbstractButton::clicked, this, &SessionPanel::closePanel);
+  connect(animate, &QPushButton::clicked, this, [this] { host_.startAnimation(); });
+  connect(stop, &QPushButton::clicked, this, [this] { host_.stopAnimation(); });
+  connect(undo, &QPushButton::clicked, this, &SessionPanel::undo);
+  connect(close, &QPushButton::clicked, this, &SessionPanel::closePanel);
+}
+
+void SessionPanel::layOut(QLayout* fields, const QList<QPushButton*>& column) {
+  auto* all = new QHBoxLayout(this);
+  all->addLayout(fields, 1);
+  auto* buttons = new QVBoxLayout;
+  for (QPushButton* button : column) buttons->addWidget(button);
+  buttons->addStretch();
+  all->addLayout(buttons);
 }
 
 bool SessionPanel::openPanel() {

@@ -7,7 +7,8 @@
 
 #include "animation/session_host.h"
 
-class QAbstractButton;
+class QLayout;
+class QPushButton;
 
 namespace ruvo {
 
@@ -43,7 +44,10 @@ class SessionPanel : public QGroupBox {
   // A change was made: Undo works, the work is unsaved, and the window shows it with that frame selected.
   void changeMade(int frame);
   // The panel's own buttons, connected by the base class.
-  void setButtons(QAbstractButton* animate, QAbstractButton* stop, QAbstractButton* undo, QAbstractButton* close);
+  void setButtons(QPushButton* animate, QPushButton* stop, QPushButton* undo, QPushButton* close);
+
+  // Lays out what the panel holds: its fields with a column of buttons at their right.
+  void layOut(QLayout* fields, const QList<QPushButton*>& column);
 
   void tell(const QString& words) const;
   // Yes or No.
@@ -69,9 +73,9 @@ class SessionPanel : public QGroupBox {
   SessionHost& host_;
   SessionWork work_;
   bool open_ = false;
-  QAbstractButton* animate_ = nullptr;
-  QAbstractButton* stop_ = nullptr;
-  QAbstractButton* undo_ = nullptr;
+  QPushButton* animate_ = nullptr;
+  QPushButton* stop_ = nullptr;
+  QPushButton* undo_ = nullptr;
 };
 
 }  // namespace ruvo

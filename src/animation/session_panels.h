@@ -8,8 +8,6 @@
 #include "animation/model/series_resize.h"
 #include "animation/session_panel.h"
 
-class QLayout;
-
 namespace ruvo {
 
 // "Minimize file size"
@@ -47,7 +45,7 @@ class SettingsPanel : public SessionPanel {
   void undone() override;
 
  private:
-  QWidget* buildFields();
+  QLayout* buildFields();
   void showFrame();
   void showWritten();
   SettingsOrder order() const;
@@ -78,7 +76,7 @@ class SeriesPanel : public SessionPanel {
 
  private:
   QLayout* buildFrameButtons();
-  QWidget* buildOrderButtons();
+  QLayout* buildOrderButtons();
   void showFrames();
   void edit(SeriesAction action);
   void edit(SeriesOrder order);
@@ -102,7 +100,7 @@ class ResizePanel : public SessionPanel {
   void undone() override;
 
  private:
-  QWidget* buildFields();
+  QLayout* buildFields();
   ResizeOrder order() const;
   void showNewSize();
   void proceed();

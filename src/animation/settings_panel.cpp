@@ -16,7 +16,7 @@
 namespace ruvo {
 namespace {
 
-enum Button { kProceed, kUndo, kClose, kAnimate, kStop, kShowCurrent, kButtons };
+enum Button { kProceed, kUndo, kClose, kAnimate, kStop, kShowCurrent };
 constexpr int kLongestListedDelay = 180;
 constexpr int kMostOfField = 0xFFFF;  // a GIF keeps places and loops in 16 bits
 constexpr int kCommentHeight = 72;
@@ -70,11 +70,10 @@ struct SettingsPanel::Private {
 
 SettingsPanel::SettingsPanel(SessionHost& host, QWidget* parent)
     : SessionPanel(host, SessionWork::Settings, 2, tr("Modify settings"), parent), d_(new Private) {
-  const QString texts[kButtons] = {tr("Proceed"), tr("Undo"), tr("Close"),
-                                   tr("Animate"), tr("Stop"), tr("Show current  settings of current frame")};
-  QPushButton* buttons[kButtons];
-  for (int i = 0; i < kButtons; ++i) buttons[i] = namedButton(controlName("cmdModifySettings", i), texts[i], this);
-
+  const auto buttons = namedButtons("cmdModifySettings",
+                                    {tr("Proceed"), tr("Undo"), tr("Close"), tr("Animate"), tr("Stop"),
+                                     tr("Show current  settings of current frame")},
+                                    this);
   d_->scope =
       namedComboBox("cboScopeModifySettings", {tr("Apply to all frames"), tr("Apply to current frame only")}, this);
   // Its longest items are wider than the panel can be.
@@ -91,14 +90,9 @@ SettingsPanel::SettingsPanel(SessionHost& host, QWidget* parent)
 
   auto* left = new QVBoxLayout;
   left->addLayout(head);
-  left->addWidget(buildFields());
+  left->addLayout(buildFields());
   left->addStretch();
-  auto* column = new QVBoxLayout;
-  for (const Button button : {kProceed, kAnimate, kStop, kUndo, kClose}) column->addWidget(buttons[button]);
-  column->addStretch();
-  auto* all = new QHBoxLayout(this);
-  all->addLayout(left, 1);
-  all->addLayout(column);
+  layOut(left, {buttons[kProceed], buttons[kAnimate], buttons[kStop], buttons[kUndo], buttons[kClose]});
 
   setButtons(buttons[kAnimate], buttons[kStop], buttons[kUndo], buttons[kClose]);
   connect(buttons[kProceed], &QPushButton::clicked, this, &SettingsPanel::proceed);
@@ -110,27 +104,25 @@ SettingsPanel::SettingsPanel(SessionHost& host, QWidget* parent)
 
 SettingsPanel::~SettingsPanel() = default;
 
-QWidget* SettingsPanel::buildFields() {
-  auto* fields = new QWidget(this);
+QLayout* SettingsPanel::buildFields() {
   const QStringList noYes{tr("No"), tr("Yes")};
-  d_->delay = namedComboBox("cboDelay", delays(), fields);
-  d_->disposal = namedComboBox("cboDisposal", disposals(), fields);
-  d_->left = placeField("cboPosLeft", fields);
-  d_->top = placeField("cboPosTop", fields);
-  d_->paletteScope = namedComboBox("cboPaletteScope", {tr("Global"), tr("Local")}, fields);
-  d_->interlaced = namedComboBox("cboInterlaced", noYes, fields);
-  d_->sorted = namedComboBox("cboPaletteSorted", noYes, fields);
-  d_->transparent = namedButton("picFrameTransparentColor", {}, fields);
-  d_->loops = new QLineEdit(fields);
+  d_->delay = namedComboBox("cboDelay", delays(), this);
+  d_->disposal = namedComboBox("cboDisposal", disposals(), this);
+  d_->left = placeField("cboPosLeft", this);
+  d_->top = placeField("cboPosTop", this);
+  d_->paletteScope = namedComboBox("cboPaletteScope", {tr("Global"), tr("Local")}, this);
+  d_->interlaced = namedComboBox("cboInterlaced", noYes, this);
+  d_->sorted = namedComboBox("cboPaletteSorted", noYes, this);
+  d_->transparent = namedButton("picFrameTransparentColor", {}, this);
+  d_->loops = new QLineEdit(this);
   d_->loops->setObjectName("txbLoops");
   d_->loops->setValidator(wholeNumbersUpTo(kMostOfField, d_->loops));
-  d_->comment = new CommentField("txbModifyComment", clsGIF::kMostCommentBytes, fields);
+  d_->comment = new CommentField("txbModifyComment", clsGIF::kMostCommentBytes, this);
   d_->comment->setFixedHeight(kCommentHeight);
 
-  auto* grid = new QGridLayout(fields);
-  grid->setContentsMargins(0, 0, 0, 0);
+  auto* grid = new QGridLayout;
   const auto put = [&](int row, int column, const QString& text, QWidget* field) {
-    auto* label = namedLabel({}, text, fields);
+    auto* label = namedLabel({}, text, this);
     label->setBuddy(field);
     grid->addWidget(label, row, 2 * column);
     grid->addWidget(field, row, 2 * column + 1);
@@ -147,7 +139,7 @@ QWidget* SettingsPanel::buildFields() {
   put(1, 2, tr("Comment:"), d_->comment);
   grid->addWidget(d_->comment, 1, 5, 3, 1);
   grid->setColumnStretch(5, 1);
-  return fields;
+  return grid;
 }
 
 void SettingsPanel::opened() {
@@ -221,8 +213,9 @@ SettingsOrder SettingsPanel::order() const {
 }
 
 void SettingsPanel::proceed() {
-  host().stopAnimation();
+  // Before the animation stops: the window may tell of the selected frame then, and the fields are read anew.
   const SettingsOrder wanted = order();
+  host().stopAnimation();
   clsGIF& gif = session().gif();
   if (const auto refusal = settingsRefusal(gif, wanted)) {
     tell(QString::fromStdString(*refusal));

@@ -33,6 +33,13 @@ QPushButton* namedButton(const QString& name, const QString& text, QWidget* pare
   return made;
 }
 
+QList<QPushButton*> namedButtons(const QString& array, const QStringList& texts, QWidget* parent) {
+  QList<QPushButton*> made;
+  for (const QString& text : texts)
+    made << namedButton(controlName(array, static_cast<int>(made.size())), text, parent);
+  return made;
+}
+
 QCheckBox* namedCheckBox(const QString& name, const QString& text, QWidget* parent) {
   auto* made = new QCheckBox(text, parent);
   made->setObjectName(name);

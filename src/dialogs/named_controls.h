@@ -2,6 +2,7 @@
 // array is named "array(index)".
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -19,6 +20,8 @@ QString controlName(const QString& array, int index);
 
 // Never the default of its dialog until it is made so.
 QPushButton* namedButton(const QString& name, const QString& text, QWidget* parent);
+// The members of a control array, from index 0.
+QList<QPushButton*> namedButtons(const QString& array, const QStringList& texts, QWidget* parent);
 QCheckBox* namedCheckBox(const QString& name, const QString& text, QWidget* parent);
 QComboBox* namedComboBox(const QString& name, const QStringList& items, QWidget* parent);
 // Plain text, whatever it looks like.
