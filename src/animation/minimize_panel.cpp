@@ -13,13 +13,6 @@ namespace {
 
 enum Button { kProceed, kAnimate, kStop, kUndo, kClose };
 
-bool anyFrame(const clsGIF& gif, bool (clsGIF::*has)(int) const) {
-  for (int frame = 1; frame <= gif.FramesCount(); ++frame) {
-    if ((gif.*has)(frame)) return true;
-  }
-  return false;
-}
-
 }  // namespace
 
 struct MinimizePanel::Private {
@@ -78,10 +71,11 @@ void MinimizePanel::undone() {
 
 // Each option is offered when the animation has something for it.
 void MinimizePanel::showOffered() {
-  const clsGIF& gif = session().gif();
-  d_->localToGlobal->setEnabled(anyFrame(gif, &clsGIF::LocalPaletteUsed));
-  d_->interlace->setEnabled(anyFrame(gif, &clsGIF::FrameInterlaced));
-  d_->slack->setEnabled(anyFrame(gif, &clsGIF::FrameUseTransparentColor));
+  const MinimizeOptions offers = minimizeOffers(session().gif());
+  d_->localToGlobal->setEnabled(offers.localToGlobal);
+  d_->unused->setEnabled(offers.removeUnused);
+  d_->interlace->setEnabled(offers.removeInterlace);
+  d_->slack->setEnabled(offers.removeSlack);
 }
 
 void MinimizePanel::showProceed() {
