@@ -19,6 +19,7 @@
 #include "dialogs/named_controls.h"
 #include "platform/desktop/desktop.h"
 #include "platform/theme/controls.h"
+#include "platform/theme/theme.h"
 
 namespace ruvo {
 namespace {
@@ -43,7 +44,7 @@ class FramePicture : public QWidget {
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
-    painter.fillRect(rect(), palette().color(QPalette::Base));
+    painter.fillRect(rect(), theme::roles().workspace);
     const QRect place = centredBox({picture_.width(), picture_.height()}, rect());
     painter.setRenderHint(QPainter::SmoothPixmapTransform, place.width() < picture_.width());
     painter.drawImage(place, picture_);

@@ -50,6 +50,7 @@ QComboBox* namedComboBox(const QString& name, const QStringList& items, QWidget*
   auto* made = new QComboBox(parent);
   made->setObjectName(name);
   made->addItems(items);
+  made->setMaxVisibleItems(20);
   return made;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/theme/theme_style.h"
 
+#include <QComboBox>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -134,6 +135,12 @@ int ShellStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
       return 0;
     case SH_WindowFrame_Mask:
       return 0;  // no rounded corners cut out of a document window
+    case SH_ComboBox_Popup: {
+      // A long list with a scroll bar below its box; as a menu it would take the height of the screen.
+      const auto* box = qobject_cast<const QComboBox*>(widget);
+      if (box && box->count() > box->maxVisibleItems()) return 0;
+      return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
     default:
       return QProxyStyle::styleHint(hint, option, widget, returned);
   }
