@@ -17,9 +17,11 @@ std::int64_t bytesOf(const std::string& file) {
 }
 
 // What can not all be made global is told, and the other steps are done all the same: nobody sits before a script who
-// could choose again.
+// could choose again. The repair is made and the comment goes also when no step that was asked for has anything to do.
 void minimise(clsGIF& gif, MinimizeOptions options, Console& console) {
   const std::string words = minimizeMessage(minimizeGif(gif, options));
+  RectifyGIFData(gif);
+  gif.setCommentText({});
   if (words.empty()) return;
   console.out() << words << '\n';
   options.localToGlobal = false;

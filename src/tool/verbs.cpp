@@ -143,11 +143,13 @@ constexpr VerbRow kVerbs[] = {
      2,
      2,
      "Read a GIF and write it anew",
-     "Frames, palettes, loops and the first comment survive; other extensions do not.\n",
+     "Frames, palettes, loops and the ASCII characters of the first comment survive; other extensions do not.\n",
      {},
      gifRewrite},
     {"gif minimise", "IN OUT", 2, 2, "Write a GIF in fewer bytes that is shown as before",
-     "Without an option all four are on. Inconsistent data is repaired and the comment goes. Prints both sizes.\n",
+     "Without an option all four are on. Inconsistent data is repaired and the comment goes. Prints both sizes: a "
+     "file\n"
+     "that was small already, or was packed more tightly, may grow.\n",
      kMinimiseOptions, gifMinimise},
     {"gif set", "IN OUT", 2, 2, "Write a GIF with other settings of its frames",
      "At least one option besides --frame. Tables that become global lose unused and repeated colours first.\n",

@@ -293,6 +293,10 @@ TEST_F(ToolPictures, MinimisesAndChecksGifs) {
   EXPECT_EQ(bytesOf("a.gif"), bytesOf("global.gif"));
   EXPECT_EQ(run({"gif", "check", "@a.gif"}), 0);
   EXPECT_THAT(out, StartsWith("No discrepancy found.\n"));
+  // The comment goes also when there is nothing else to do.
+  ASSERT_EQ(run({"gif", "set", "--comment", "words", "@a.gif", "@worded.gif"}), 0) << err;
+  ASSERT_EQ(run({"gif", "minimise", "--no-interlace", "@worded.gif", "@worded.gif"}), 0) << err;
+  EXPECT_EQ(bytesOf("worded.gif"), bytesOf("a.gif"));
   EXPECT_EQ(run({"gif", "minimise", "@none.gif", "@o.gif"}), 1);
   EXPECT_EQ(run({"gif", "check", "@none.gif"}), 1);
 }

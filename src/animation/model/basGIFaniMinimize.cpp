@@ -77,7 +77,8 @@ MinimizeResult minimizeGif(clsGIF& Gif, const MinimizeOptions& Options, const Pr
     progress.report(60);
     if (options.removeSlack) {
       cleanOnce();
-      RemoveSlackTransparentAreas(Gif);
+      // A frame that lost all that was see-through is not transparent any more, and its table may do with an entry less.
+      if (RemoveSlackTransparentAreas(Gif)) cleanPalettes(Gif);
     }
     progress.report(85);
     for (int frame = 1; frame <= Gif.FramesCount() && options.removeInterlace; ++frame) {

@@ -65,8 +65,8 @@ struct MinimizeResult {
   bool changed = false;
 };
 
-// Runs the chosen steps, those that are offered, in their fixed order and remasks. A full run also empties the comment; one that ended early
-// does not.
+// Runs the chosen steps, those that are offered, in their fixed order and remasks. A full run also empties the comment;
+// one that ended early does not.
 MinimizeResult minimizeGif(clsGIF& Gif, const MinimizeOptions& Options, const Progress& progress = {});
 // What is told of a run that ended early; empty for any other.
 std::string minimizeMessage(const MinimizeResult& Result);

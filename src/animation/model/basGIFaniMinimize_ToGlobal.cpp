@@ -12,10 +12,12 @@ constexpr int kMostEntries = 256;
 class WorkingTable {
  public:
   explicit WorkingTable(const clsGIF& gif) {
-    if (!gif.GlobalPaletteExists()) return;
-    table_ = gif.getGlobalPalette();
-    count_ = gif.GlobalPaletteEntries();
-    // New entries must not land where pixels past the table already stand.
+    if (gif.GlobalPaletteExists()) {
+      table_ = gif.getGlobalPalette();
+      count_ = gif.GlobalPaletteEntries();
+    }
+    // New entries must not land where pixels past the table already stand, or those of frames that have no table at all
+    // and are shown black.
     for (int frame = 1; frame <= gif.FramesCount(); ++frame) {
       if (!gif.LocalPaletteUsed(frame)) count_ = std::max(count_, entriesNeeded(gif, frame));
     }

@@ -209,6 +209,15 @@ TEST(Minimize, LocalTablesFindTheirColoursInTheGlobalOne) {
     EXPECT_EQ(LocalToGlobalOneFrame(gif, 2), moves);
     EXPECT_EQ(gif.GlobalPaletteEntries(), moves ? 256 : 250);
   }
+  // A frame without any table is shown black, and its see-through index has no room of others.
+  gif = loaded(GifBytes(2, 1, "89a", 1, {})
+                   .control(kSeeThrough, 0, 2)
+                   .image({"02"})
+                   .control(0)
+                   .image({"0"}, 0, 0, kTwo, {kRed, kGreen}));
+  EXPECT_EQ(LocalToGlobalAllFrames(gif), 1);
+  EXPECT_THAT(globalTable(gif), ElementsAre(kBlack, kBlack, kBlack, kRed, kGreen));
+
   for (const auto& [count, size] : {std::pair{0, 2}, {1, 2}, {3, 4}, {128, 128}, {129, 256}, {300, 256}}) {
     EXPECT_EQ(PaletteSizeForEntries(count), size);
   }
@@ -345,6 +354,9 @@ TEST(Minimize, AWholeRunDoesWhatWasChosen) {
   EXPECT_THAT(steps, ElementsAre(0, 30, 60, 85, 90, 100, -1));
   EXPECT_FALSE(gif.hasComment() || gif.FrameInterlaced(1) || gif.LocalPaletteUsed(2));
   EXPECT_EQ(gif.BgdWidth(), 1);
+  // Nothing see-through is left in the boxes, and no entry for it.
+  EXPECT_FALSE(gif.FrameUseTransparentColor(1) || gif.FrameUseTransparentColor(2));
+  EXPECT_EQ(gif.GlobalPaletteEntries(), 2);
   EXPECT_EQ(minimizedSizeText(1234567, 987), "Orig file size:  1,234,567       New:  987 bytes");
 }
 
