@@ -143,7 +143,8 @@ constexpr VerbRow kVerbs[] = {
      2,
      2,
      "Read a GIF and write it anew",
-     "Frames, palettes, loops and the ASCII characters of the first comment survive; other extensions do not.\n",
+     "Frames, palettes, loops and the ASCII characters of the first comment survive; other extensions do not.\n"
+     "A file without a loop count is written with 0, which is without end.\n",
      {},
      gifRewrite},
     {"gif minimise", "IN OUT", 2, 2, "Write a GIF in fewer bytes that is shown as before",
