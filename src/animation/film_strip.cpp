@@ -242,6 +242,7 @@ void FilmStrip::Film::mouseReleaseEvent(QMouseEvent*) {
 // --- The strip
 
 FilmStrip::FilmStrip(QWidget* parent) : QWidget(parent) {
+  setObjectName("FilmStrip");
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(0);

@@ -10,12 +10,6 @@
 #include "platform/theme/theme.h"
 
 namespace ruvo {
-namespace {
-
-// Free room around the picture, both sides together.
-constexpr int kAround = 4;
-
-}  // namespace
 
 GifField::GifField(QWidget* parent) : QWidget(parent) {
   setObjectName("picDisp");
@@ -72,7 +66,7 @@ void GifField::tick() {
 }
 
 QRect GifField::pictureRect() const {
-  constexpr int kEachSide = kAround / 2;
+  constexpr int kEachSide = kDisplayMargin / 2;
   return centredBox({view_.width(), view_.height()}, rect().adjusted(kEachSide, kEachSide, -kEachSide, -kEachSide));
 }
 

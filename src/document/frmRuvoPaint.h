@@ -39,6 +39,8 @@ class frmRuvoPaint : public QWidget {
   // --- Operations that others call by name
   // openMode is the number of the pending open command; 2 is quiet (no message boxes).
   bool LoadOpenFile(const QString& FileSpec, int openMode, bool inUpdateFileHistory);
+  // A frame of an animation, which is not from a file of its own then.
+  bool openFirstFrame(const QString& file);
   void UpdateDisplay();
   bool AskSaveCurr();
   // Before another picture takes the place of this one: ends a stroke that the mouse still holds and, when something is

@@ -28,11 +28,7 @@ bool frmRuvoPaint::firstActivation(PendingOpen command, const QString& file) {
                          d_->session().newImageHeight);
     }
     case PendingOpen::FirstFrame:
-      if (!LoadOpenFile(file, openMode, false)) return false;
-      d_->record.name = untitledFrameName(d_->slot);
-      d_->setTitle(d_->record.name);
-      d_->updatePanels();
-      return true;
+      return openFirstFrame(file);
     case PendingOpen::CommandLine:
     case PendingOpen::FileOpen:
     case PendingOpen::Browser:
@@ -40,6 +36,14 @@ bool frmRuvoPaint::firstActivation(PendingOpen command, const QString& file) {
       return LoadOpenFile(file, openMode, true);
   }
   return false;
+}
+
+bool frmRuvoPaint::openFirstFrame(const QString& file) {
+  if (!LoadOpenFile(file, static_cast<int>(PendingOpen::FirstFrame), false)) return false;
+  d_->record.name = untitledFrameName(d_->slot);
+  d_->setTitle(d_->record.name);
+  d_->updatePanels();
+  return true;
 }
 
 void frmRuvoPaint::activated() {

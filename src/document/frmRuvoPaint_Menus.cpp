@@ -28,6 +28,8 @@ void frmRuvoPaint::Private::runMenu(const QString& control, int index) {
   static const QHash<QString, Run> kCommands = {
       {"mnuFileSub", [](Private& d, int i) { d.runFileMenu(i); }},
       {"mnuFileHistory", [](Private& d, int i) { d.link.openFromHistory(i - 1); }},
+      {"mnuAnimatedGIFNew", [](Private& d, int i) { d.link.mnuAnimatedGIFNew_Click(i); }},
+      {"mnuFileHistoryGIFani", [](Private& d, int i) { d.link.mnuFileHistoryGIFani_Click(i); }},
       {"mnuFileCloseCurrent", [](Private& d, int) { closeWindow(d.self); }},
       {"mnuFileCloseAll", [](Private& d, int) { d.link.closeAllDocuments(); }},
       {"mnuFileExit", [](Private& d, int) { d.link.mnuFileExit_Click(); }},
@@ -113,15 +115,8 @@ void frmRuvoPaint::updateOptionMenus() {
 }
 
 void frmRuvoPaint::rebuildFileHistoryMenu() {
-  QStringList shortened;
-  QStringList whole;
-  for (const auto& path : d_->session().fileHistory) {
-    if (path.empty()) continue;
-    const std::string text = utf8Of(path);
-    shortened << qt(shortenPath(text));
-    whole << qt(text);
-  }
-  d_->menus->setHistory(QStringLiteral("mnuFileHistory"), shortened, whole);
+  d_->menus->setHistory(QStringLiteral("mnuFileHistory"), d_->session().fileHistory);
+  d_->menus->setHistory(QStringLiteral("mnuFileHistoryGIFani"), d_->session().fileHistoryGifAni);
 }
 
 // --- What is enabled

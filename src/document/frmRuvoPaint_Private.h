@@ -1,7 +1,6 @@
 // The inside of a paint document, shared by its source files and seen by nobody else.
 #pragma once
 
-#include <QGuiApplication>
 #include <QString>
 #include <memory>
 #include <vector>
@@ -14,32 +13,14 @@
 #include "document/model/open_rules.h"
 #include "document/model/save_rules.h"
 #include "document/model/undo_history.h"
+#include "platform/desktop/cursors.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/texts.h"
 
 namespace ruvo {
 
 struct ReductionItem;
 struct WriteOrder;
-
-inline QString qt(const std::string& text) {
-  return QString::fromStdString(text);
-}
-
-// A cursor for the whole program while it lives.
-class CursorShown {
- public:
-  explicit CursorShown(Qt::CursorShape shape) { QGuiApplication::setOverrideCursor(shape); }
-  ~CursorShown() { QGuiApplication::restoreOverrideCursor(); }
-  CursorShown(const CursorShown&) = delete;
-  CursorShown& operator=(const CursorShown&) = delete;
-};
-struct WaitCursor : CursorShown {
-  WaitCursor() : CursorShown(Qt::WaitCursor) {}
-};
-// For a window within the work of a wait cursor.
-struct ArrowCursor : CursorShown {
-  ArrowCursor() : CursorShown(Qt::ArrowCursor) {}
-};
 
 // The main window's progress bar for a piece of long work; it goes away with this object.
 class ProgressShown {

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include "document/model/session_state.h"
+#include "document/model/window_placement.h"
 
 class QWidget;
 
@@ -67,13 +68,20 @@ class MainWindowLink {
   virtual void unloadToolWindows(bool spareBrowser) = 0;
   virtual void addToFileHistory(const QString& path) = 0;
   virtual void openFromHistory(int index) = 0;  // index 0 to 7, as clicked on a document's menu
+  virtual void addToAnimationHistory(const QString& path) = 0;
+  virtual void openAnimation(const QString& file) = 0;  // in the animation window, of which there is at most one
   virtual void ramReminder() = 0;
   // The message of an operation that needs the imaging service and does not have it; `prefix` may be empty.
   virtual void gdiPlusMissingMessage(const QString& prefix) = 0;
   virtual QString lastFolder(const QString& key) const = 0;  // settings "Last Folder"
   virtual void setLastFolder(const QString& key, const QString& folder) = 0;
+  // Where a window stood, by the section of the settings file that keeps it.
+  virtual WindowPlacement placement(const QString& section) const = 0;
+  virtual void setPlacement(const QString& section, const WindowPlacement& placement) = 0;
 
   // --- Commands that a document's menu shares with the main window
+  virtual void mnuAnimatedGIFNew_Click(int index) = 0;
+  virtual void mnuFileHistoryGIFani_Click(int index) = 0;  // 1 to 8
   virtual void mnuOptionsSub_Click(int index) = 0;
   virtual void mnuSubMonitorRAM_Click(int index) = 0;
   virtual void mnuOptionsSessionOnlySub_Click(int index) = 0;

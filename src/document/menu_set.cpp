@@ -3,6 +3,7 @@
 
 #include "document/menu_table.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/texts.h"
 
 namespace ruvo {
 namespace {
@@ -13,9 +14,9 @@ QString rowName(const MenuRow& row) {
   return row.index < 0 ? control : QStringLiteral("%1(%2)").arg(control).arg(row.index);
 }
 
-bool hasChildren(const MenuRow& row) {
+bool hasChildren(std::span<const MenuRow> table, const MenuRow& row) {
   const QString name = rowName(row);
-  for (const MenuRow& other : menuTable()) {
+  for (const MenuRow& other : table) {
     if (name == QLatin1String(other.parent)) return true;
   }
   return false;
@@ -23,13 +24,13 @@ bool hasChildren(const MenuRow& row) {
 
 }  // namespace
 
-MenuSet::MenuSet(unsigned scope, QWidget* owner, std::function<void(const QString& control, int index)> trigger) {
+MenuSet::MenuSet(std::span<const MenuRow> table, unsigned scope, QWidget* owner, const Trigger& trigger) {
   QHash<QString, QMenu*> byName;
-  for (const MenuRow& row : menuTable()) {
+  for (const MenuRow& row : table) {
     if (!(row.scope & scope)) continue;
     QMenu* above = byName.value(QString::fromLatin1(row.parent));
     const QString name = rowName(row);
-    if (!*row.parent || hasChildren(row)) {
+    if (!*row.parent || hasChildren(table, row)) {
       auto* menu = new QMenu(QString::fromUtf8(row.text), owner);
       menu->setObjectName(name);
       menu->setToolTipsVisible(true);
@@ -90,6 +91,17 @@ void MenuSet::setHistory(const QString& control, const QStringList& shortened, c
     entry.action->setText(QStringLiteral("&%1 %2").arg(place).arg(text.replace('&', QLatin1String("&&"))));
     entry.action->setToolTip(desktop::plainToolTip(wholePaths.value(place - 1)));
   }
+}
+
+void MenuSet::setHistory(const QString& control, std::span<const std::filesystem::path> paths) {
+  QStringList shortened;
+  QStringList whole;
+  for (const std::filesystem::path& path : paths) {
+    if (path.empty()) continue;
+    whole << toText(path);
+    shortened << qt(shortenPath(utf8Of(path)));
+  }
+  setHistory(control, shortened, whole);
 }
 
 }  // namespace ruvo

@@ -1,9 +1,10 @@
-// All menus of the program as one table of rows: text, shortcut, when enabled, whose. The main window and every document
-// build their menus from it, tests walk it, and a command is told by its control name and index.
+// Menus as tables of rows: text, shortcut, when enabled, whose. The main window and every document build their menus from
+// one, tests walk it, and a command is told by its control name and index. (The animation window has a table of its own.)
 #pragma once
 
 #include <QList>
 #include <QString>
+#include <filesystem>
 #include <functional>
 #include <span>
 
@@ -47,7 +48,10 @@ std::span<const MenuRow> menuTable();
 class MenuSet {
  public:
   // `trigger` is called with the control name and index of each row that the user picks.
-  MenuSet(unsigned scope, QWidget* owner, std::function<void(const QString& control, int index)> trigger);
+  using Trigger = std::function<void(const QString& control, int index)>;
+  MenuSet(unsigned scope, QWidget* owner, Trigger trigger) : MenuSet(menuTable(), scope, owner, std::move(trigger)) {}
+  // The rows outlive it.
+  MenuSet(std::span<const MenuRow> table, unsigned scope, QWidget* owner, const Trigger& trigger);
   const QList<QMenu*>& menus() const { return bar_; }
   QAction* action(const QString& control, int index = -1) const;  // null when this scope has no such row
   QMenu* menu(const QString& control, int index = -1) const;      // the submenu of a row with children
@@ -55,6 +59,8 @@ class MenuSet {
   void setHave(unsigned have);
   // The history rows (item 0 is the separator): shown for each text, hidden beyond.
   void setHistory(const QString& control, const QStringList& shortened, const QStringList& wholePaths);
+  // The same from paths, which are shortened; empty ones are passed over.
+  void setHistory(const QString& control, std::span<const std::filesystem::path> paths);
 
  private:
   struct Entry {

@@ -15,6 +15,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/per_user_store.h"
 #include "platform/desktop/single_instance.h"
+#include "platform/desktop/texts.h"
 #include "platform/imaging/imaging_service.h"
 #include "shell/basWinVer.h"
 #include "shell/frmRuvoAbout.h"
@@ -35,10 +36,6 @@ constexpr const char* kProgramFolderVariable = "RUVO_PROGRAM_FOLDER";
 constexpr milliseconds kRetry{100};
 // What the window system puts around the main window, about.
 constexpr QSize kAroundWindow(8, 36);
-
-QString textOf(const std::filesystem::path& path) {
-  return QString::fromStdString(utf8Of(path));
-}
 
 std::filesystem::path findProgramFolder() {
   const char* named = std::getenv(kProgramFolderVariable);
@@ -111,6 +108,7 @@ void basRuvoMain::findFolders() {
   // Before anything changes the current folder.
   std::error_code ignored;
   startFile_ = outsidePathFromArgument(arguments_.file, std::filesystem::current_path(ignored));
+  if (arguments_.animation && !startFile_.empty()) startFile_.insert(0, kAnimationMark);
   if (arguments_.screenshot) arguments_.screenshot = std::filesystem::absolute(*arguments_.screenshot, ignored);
   temp_ = std::make_unique<SessionTemp>(
       systemTempFolder(), alone ? SessionTemp::Use::Alone : SessionTemp::Use::Instance, state_.programFolder);
@@ -123,7 +121,7 @@ void basRuvoMain::findFolders() {
 
 std::optional<int> basRuvoMain::claimInstance() {
   store_ = std::make_unique<desktop::PerUserStore>();
-  instance_ = std::make_unique<desktop::SingleInstance>(*store_, textOf(temp_->userFolder()));
+  instance_ = std::make_unique<desktop::SingleInstance>(*store_, toText(temp_->userFolder()));
   instance_->setAnimationTest(animationWindowOpen);
   // The first one may end while it is being asked; then this one's turn has come.
   for (;;) {
@@ -173,7 +171,7 @@ void basRuvoMain::openMainWindow() {
       SessionServices{state_, *settings_, *fileHistory_, *fileHistoryGifAni_,
                       [this](const std::string& text, PendingOpen command) { openFromOutside(text, command); }});
   window_ = std::make_unique<frmRuvomain>(*services_);
-  if (arguments_.size) {
+  if (arguments_.size && !arguments_.animation) {
     window_->resize(arguments_.size->width, arguments_.size->height);
   } else if (!arguments_.alone()) {
     // On a small or strongly scaled screen no part of it begins outside.
@@ -188,6 +186,8 @@ void basRuvoMain::openMainWindow() {
   QCoreApplication::processEvents();
   opener_->push(startFile_, PendingOpen::CommandLine);
   runWaiting();
+  QWidget* animation = window_->animationWindow();
+  if (arguments_.size && animation) animation->resize(arguments_.size->width, arguments_.size->height);
   std::error_code ignored;
   std::filesystem::current_path(state_.programFolder, ignored);
 }
@@ -224,15 +224,17 @@ int basRuvoMain::loop() {
 }
 
 int basRuvoMain::pictureOrLeave() {
-  const bool painted = waitUntilPainted(*window_);
+  QWidget* animation = window_->animationWindow();
+  QWidget& shown = animation ? *animation : *window_;
+  const bool painted = waitUntilPainted(shown);
   int status = 0;
-  if (!startFile_.empty() && window_->documentCount() == 0) {
+  if (!startFile_.empty() && !animation && window_->documentCount() == 0) {
     std::fprintf(stderr, "ruvopaint: cannot open %s\n", arguments_.file.c_str());
     status = 1;
   } else if (!painted) {
     std::fprintf(stderr, "ruvopaint: the window was not shown\n");
     status = 1;
-  } else if (arguments_.screenshot && !writePictureOf(*window_, *arguments_.screenshot)) {
+  } else if (arguments_.screenshot && !writePictureOf(shown, *arguments_.screenshot)) {
     std::fprintf(stderr, "ruvopaint: cannot write %s\n", utf8Of(*arguments_.screenshot).c_str());
     status = 1;
   }
@@ -278,9 +280,10 @@ OutsideHost basRuvoMain::outsideHost() {
       .anyDocumentOpen = [this] { return window_->documentCount() > 0; },
       .sdiOnly = [this] { return state_.options.sdiOnly; },
       .openInNewWindow = [this](const std::filesystem::path& file,
-                                PendingOpen command) { window_->openDocument(command, textOf(file)); },
+                                PendingOpen command) { window_->openDocument(command, toText(file)); },
       .openInActiveDocument = [this](const std::filesystem::path& file,
-                                     PendingOpen command) { window_->openInActiveDocument(command, textOf(file)); }};
+                                     PendingOpen command) { window_->openInActiveDocument(command, toText(file)); },
+      .openAnimation = [this](const std::filesystem::path& file) { window_->openAnimation(toText(file)); }};
 }
 
 void basRuvoMain::openFromOutside(const std::string& text, PendingOpen command) {

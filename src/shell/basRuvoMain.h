@@ -73,7 +73,7 @@ class basRuvoMain {
   ProgramArguments arguments_;
   SplashClock clock_;
   SessionState state_;
-  std::string startFile_;  // absolute; empty when none
+  std::string startFile_;  // absolute, with the mark of an animation; empty when none
   bool ended_ = false;     // the system asked to end
   std::unique_ptr<UnattendedDesktop> unattended_;
   std::unique_ptr<TerminationSignals> signals_;

@@ -23,14 +23,6 @@ constexpr QSize kFirstSize(1180, 800);
 
 }  // namespace
 
-QString toText(const std::filesystem::path& path) {
-  return QString::fromStdString(utf8Of(path));
-}
-
-std::filesystem::path toPath(const QString& text) {
-  return pathOf(text.toStdString());
-}
-
 Workspace::Workspace(QWidget* parent) : QMdiArea(parent) {
   setObjectName("mdiWorkspace");
   setBackground(theme::roles().workspace);
@@ -84,8 +76,9 @@ frmRuvomain::frmRuvomain(SessionServices& services) : d_(std::make_unique<Privat
 }
 
 frmRuvomain::~frmRuvomain() {
-  // Documents talk back to this window while they go: they go first.
+  // Documents and the animation talk back to this window while they go: they go first.
   d_->unloading = true;
+  d_->animation.reset();
   for (frmRuvoPaint* document : d_->documents)
     if (document != nullptr) delete windowOf(document);
 }
@@ -111,6 +104,7 @@ void frmRuvomain::buildControls() {
 QWidget* frmRuvomain::buildToolbar(QWidget* parent) {
   d_->toolbar = new shell::Toolbar(parent, {.newPicture = [this] { newClicked(); },
                                             .openPicture = [this] { openClicked(); },
+                                            .openAnimation = [this] { mnuAnimatedGIFNew_Click(kOpenAnimation); },
                                             .edit = [this](int index) { editButtonClicked(index); },
                                             .glass = [this] { cmdGlass_Click(); },
                                             .glassFactor = [this] { tell(&frmRuvoPaint::Do_cboGlassClick); },

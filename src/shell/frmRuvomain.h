@@ -32,6 +32,9 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   // A file from outside when only one window is allowed: asks first when there are changes.
   void openInActiveDocument(PendingOpen command, const QString& file);
 
+  // The animation window; null while none is open.
+  QWidget* animationWindow() const;
+
   // --- Operations that others call by name
   void updateColorToUse();  // gives the current colour to the box that was asked for
   void cmdGlass_Click();
@@ -69,11 +72,17 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   void showCustomPictures() override;
   void unloadToolWindows(bool spareBrowser) override;
   void addToFileHistory(const QString& path) override;
+  void addToAnimationHistory(const QString& path) override;
+  void openAnimation(const QString& file) override;
   void openFromHistory(int index) override;
   void ramReminder() override;
   void gdiPlusMissingMessage(const QString& prefix) override;
   QString lastFolder(const QString& key) const override;
   void setLastFolder(const QString& key, const QString& folder) override;
+  WindowPlacement placement(const QString& section) const override;
+  void setPlacement(const QString& section, const WindowPlacement& placement) override;
+  void mnuAnimatedGIFNew_Click(int index) override;
+  void mnuFileHistoryGIFani_Click(int index) override;
   void mnuOptionsSub_Click(int index) override;
   void mnuSubMonitorRAM_Click(int index) override;
   void mnuOptionsSessionOnlySub_Click(int index) override;
@@ -122,6 +131,7 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   void showMenusOf(frmRuvoPaint* document);
   void updateMainMenu();
   void historyClicked(int index);
+  void listHistory(const QString& control, const FileHistory& history, HistoryPaths& paths);
   void toggleOption(const QString& control, int index);
   void listWindows(QMenu& menu);
   // Documents
@@ -136,6 +146,9 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   bool closeDocuments();
   bool confirmClosing();
   frmRuvoPaint* documentAt(int slot) const;
+  // Animation
+  void animationEnded(const QString& selectedFrameFile);
+  bool closeAnimation();
 
   std::unique_ptr<Private> d_;
 };

@@ -138,7 +138,10 @@ void frmRuvomain::openInActiveDocument(PendingOpen command, const QString& file)
   frmRuvoPaint* document = activeDocument();
   if (document == nullptr) return openDocument(command, file);
   if (!document->mayReplacePicture()) return;
-  document->LoadOpenFile(file, static_cast<int>(command), true);
+  if (command == PendingOpen::FirstFrame)
+    document->openFirstFrame(file);
+  else
+    document->LoadOpenFile(file, static_cast<int>(command), true);
 }
 
 void frmRuvomain::windowActivated(QMdiSubWindow* window) {
@@ -288,7 +291,7 @@ bool frmRuvomain::confirmClosing() {
 }
 
 void frmRuvomain::closeEvent(QCloseEvent* event) {
-  if (!confirmClosing()) return event->ignore();
+  if (!closeAnimation() || !confirmClosing()) return event->ignore();
   unloadToolWindows(false);
   d_->unloading = true;
   for (frmRuvoPaint* document : std::vector(d_->documents))

@@ -1,6 +1,7 @@
 // The main window's own menus, the options, the file histories and what menus of a document ask of it.
 #include <QAction>
 #include <QMenuBar>
+#include <algorithm>
 
 #include "base/paths.h"
 #include "document/frmRuvoPaint.h"
@@ -40,6 +41,8 @@ void frmRuvomain::menuTriggered(const QString& control, int index) {
   if (control == "mnuFileSub" && index == 0) return newClicked();
   if (control == "mnuFileSub" && index == 1) return openClicked();
   if (control == "mnuFileHistory") return historyClicked(index - 1);
+  if (control == "mnuAnimatedGIFNew") return mnuAnimatedGIFNew_Click(index);
+  if (control == "mnuFileHistoryGIFani") return mnuFileHistoryGIFani_Click(index);
   if (control == "mnuFileExit") return mnuFileExit_Click();
   if (control == "mnuEditPaste") return openDocument(PendingOpen::Paste, QString());
   if (control == "mnuOptionsSub") return mnuOptionsSub_Click(index);
@@ -94,31 +97,22 @@ void frmRuvomain::gdiPlusMissingMessage(const QString& prefix) {
 // --- Histories
 
 void frmRuvomain::MDI_List_File_History() {
-  const auto paths = d_->services.fileHistory.list();
-  if (!paths) return;
-  session().fileHistory.fill({});
-  QStringList shortened;
-  QStringList whole;
-  for (std::size_t i = 0; i < paths->size(); ++i) {
-    session().fileHistory[i] = (*paths)[i];
-    whole << toText((*paths)[i]);
-    shortened << QString::fromStdString(shortenPath(utf8Of((*paths)[i])));
-  }
-  d_->menus->setHistory("mnuFileHistory", shortened, whole);
-  for (frmRuvoPaint* document : d_->documents)
-    if (document != nullptr) document->rebuildFileHistoryMenu();
+  listHistory("mnuFileHistory", d_->services.fileHistory, session().fileHistory);
 }
 
 void frmRuvomain::MDI_List_File_History_GIFani() {
-  const auto paths = d_->services.fileHistoryGifAni.list();
-  if (!paths) return;
-  QStringList shortened;
-  QStringList whole;
-  for (const auto& path : *paths) {
-    whole << toText(path);
-    shortened << QString::fromStdString(shortenPath(utf8Of(path)));
-  }
-  d_->menus->setHistory("mnuFileHistoryGIFani", shortened, whole);
+  listHistory("mnuFileHistoryGIFani", d_->services.fileHistoryGifAni, session().fileHistoryGifAni);
+}
+
+// Without a settings file the menus are left as they are.
+void frmRuvomain::listHistory(const QString& control, const FileHistory& history, HistoryPaths& paths) {
+  const auto stored = history.list();
+  if (!stored) return;
+  paths.fill({});
+  std::ranges::copy(*stored, paths.begin());
+  d_->menus->setHistory(control, paths);
+  for (frmRuvoPaint* document : d_->documents)
+    if (document != nullptr) document->rebuildFileHistoryMenu();
 }
 
 void frmRuvomain::addToFileHistory(const QString& path) {

@@ -6,9 +6,11 @@
 #include <QPointer>
 #include <vector>
 
+#include "animation/frmRuvoGIFani.h"
 #include "dialogs/frmRuvoColorChart.h"
 #include "document/menu_table.h"
 #include "image/clsDIB.h"
+#include "platform/desktop/texts.h"
 #include "shell/frmRuvomain.h"
 #include "shell/frmRuvomain_Colors.h"
 #include "shell/frmRuvomain_OptionFrames.h"
@@ -53,9 +55,6 @@ class LoadingFlag {
   bool before_;
 };
 
-QString toText(const std::filesystem::path& path);
-std::filesystem::path toPath(const QString& text);
-
 // The loaded pictures that custom tools use. The canvas of every document gets the same ones.
 struct CustomTools {
   clsDIB brush;
@@ -64,6 +63,9 @@ struct CustomTools {
   clsDIB stamp;
   clsDIB stampMask;
 };
+
+// Index of `mnuAnimatedGIFNew`.
+inline constexpr int kOpenAnimation = 2;
 
 struct frmRuvomain::Private {
   explicit Private(SessionServices& s) : services(s) {}
@@ -83,6 +85,7 @@ struct frmRuvomain::Private {
   frmRuvoPaint* active = nullptr;
   frmRuvoPaint* menusShownOf = nullptr;
   bool unloading = false;
+  std::unique_ptr<frmRuvoGIFani> animation;
 
   // Which box the next chosen colour goes to, and the colour.
   bool forFirst = true;

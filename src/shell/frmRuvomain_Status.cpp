@@ -1,12 +1,9 @@
 #include "shell/frmRuvomain_Status.h"
 
-#include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 
 #include "canvas/ucProgress.h"
 #include "document/main_window_link.h"
-#include "platform/desktop/desktop.h"
 #include "shell/shell_controls.h"
 #include "platform/theme/theme.h"
 
@@ -21,26 +18,6 @@ constexpr std::array<const char*, kStatusPanelCount> kPanelTips = {"", "Size of 
                                                                    "Net image size"};
 
 }  // namespace
-
-ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
-  setTextFormat(Qt::PlainText);
-  setMinimumWidth(0);
-}
-
-void ElidedLabel::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.setPen(palette().color(foregroundRole()));
-  painter.drawText(rect(), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                   fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
-}
-
-bool ElidedLabel::event(QEvent* event) {
-  if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && fontMetrics().horizontalAdvance(text()) > width()) {
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), desktop::plainToolTip(text()), this);
-    return true;
-  }
-  return QLabel::event(event);
-}
 
 StatusBar::StatusBar(QWidget* parent) : Panel(Border::Top, parent) {
   setObjectName("picStatusBar");

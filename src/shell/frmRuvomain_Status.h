@@ -15,16 +15,6 @@ namespace ruvo::shell {
 
 inline constexpr int kStatusPanelCount = 5;
 
-// A label that shows as much of its text as there is room for; the whole text is its tool tip when some is left out.
-class ElidedLabel : public QLabel {
- public:
-  explicit ElidedLabel(QWidget* parent);
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-  bool event(QEvent* event) override;
-};
-
 class StatusBar : public Panel {
  public:
   explicit StatusBar(QWidget* parent);

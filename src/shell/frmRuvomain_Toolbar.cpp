@@ -95,10 +95,11 @@ void Toolbar::buildFileAndEdit() {
   QWidget* file = addGroup();
   addButton(file, "cmdNew", "new", withShortcut("New", "Ctrl+N"), calls_.newPicture);
   addButton(file, "cmdOpen", "open", withShortcut("Open", "Ctrl+O"), calls_.openPicture);
-  // The animation windows are not built yet.
+  // The assembler of frames is not built yet.
   QWidget* animation = addGroup();
   addButton(animation, "cmdGIFaniNew", "ani_new", "Assemble frames from files", {})->setEnabled(false);
-  addButton(animation, "cmdGIFaniOpen", "ani_open", "Open animated GIF file", {})->setEnabled(false);
+  addButton(animation, "cmdGIFaniOpen", "ani_open", withShortcut("Open animated GIF file", "Ctrl+G"),
+            calls_.openAnimation);
 
   QWidget* group = nullptr;
   for (int i = 0; i < kEditButtonCount; ++i) {

@@ -33,6 +33,7 @@ class Toolbar : public Panel {
   struct Calls {
     std::function<void()> newPicture;
     std::function<void()> openPicture;
+    std::function<void()> openAnimation;
     std::function<void(int)> edit;
     std::function<void()> glass;
     std::function<void()> glassFactor;

@@ -27,6 +27,7 @@ class UnattendedDesktop : public desktop::Desktop {
   QString pickFolder(QWidget*, const QString&, const QString&) override { return {}; }
   std::optional<QColor> pickColor(QWidget*, const QColor&) override { return std::nullopt; }
   bool clipboardHasPicture() override { return false; }
+  void putOnClipboard(const QImage&) override {}
   std::int64_t freeRamKb() override { return INT64_MAX; }
   int screenBitsPerPixel() override { return 32; }
   desktop::PrintAnswer print(QWidget*, const desktop::PrintedList&) override {

@@ -11,6 +11,7 @@ namespace ruvo::shell {
 
 using theme::combo;
 using theme::divider;
+using theme::ElidedLabel;
 using theme::fromQColor;
 using theme::label;
 using theme::LabelKind;

@@ -3,6 +3,7 @@
 
 #include <QMap>
 #include <QWidget>
+#include <algorithm>
 
 #include "document/main_window_link.h"
 
@@ -23,6 +24,8 @@ class FakeMainWindow : public MainWindowLink {
   bool zoomOut = false;
   bool corners = false;
   QStringList history;                        // as added, newest last
+  QStringList animationHistory;               // the same
+  QMap<QString, WindowPlacement> placements;
   QList<QPair<PendingOpen, QString>> opened;  // windows asked for
   QStringList calls;                          // everything else, "name" or "name(argument)"
   QMap<QString, QString> folders;
@@ -77,6 +80,12 @@ class FakeMainWindow : public MainWindowLink {
   void unloadToolWindows(bool spareBrowser) override { calls << QString("unloadToolWindows(%1)").arg(spareBrowser); }
   void addToFileHistory(const QString& path) override { history << path; }
   void openFromHistory(int index) override { calls << QString("openFromHistory(%1)").arg(index); }
+  void addToAnimationHistory(const QString& path) override {
+    animationHistory << path;
+    std::rotate(state.fileHistoryGifAni.begin(), state.fileHistoryGifAni.end() - 1, state.fileHistoryGifAni.end());
+    state.fileHistoryGifAni[0] = path.toStdString();
+  }
+  void openAnimation(const QString& file) override { calls << QString("openAnimation(%1)").arg(file); }
   void ramReminder() override { calls << "ramReminder"; }
   void gdiPlusMissingMessage(const QString& prefix) override {
     calls << QString("gdiPlusMissingMessage(%1)").arg(prefix);
@@ -84,6 +93,13 @@ class FakeMainWindow : public MainWindowLink {
   QString lastFolder(const QString& key) const override { return folders.value(key); }
   void setLastFolder(const QString& key, const QString& folder) override { folders[key] = folder; }
 
+  WindowPlacement placement(const QString& section) const override { return placements.value(section); }
+  void setPlacement(const QString& section, const WindowPlacement& placement) override {
+    placements[section] = placement;
+  }
+
+  void mnuAnimatedGIFNew_Click(int index) override { calls << QString("mnuAnimatedGIFNew(%1)").arg(index); }
+  void mnuFileHistoryGIFani_Click(int index) override { calls << QString("mnuFileHistoryGIFani(%1)").arg(index); }
   void mnuOptionsSub_Click(int index) override {
     calls << QString("mnuOptionsSub(%1)").arg(index);
     if (index == 1) state.options.sdiOnly = !state.options.sdiOnly;

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
 #include <deque>
 
 #include "platform/desktop/desktop.h"
@@ -36,6 +37,7 @@ class ScriptedDesktop : public desktop::Desktop {
   // The whole text of each message shown, in order.
   QStringList messages;
   bool clipboardPicture = false;
+  QImage clipboard;  // what was put there
   std::int64_t ramKb = 1 << 22;
   int bitsPerPixel = 32;
   QStringList opened;
@@ -56,6 +58,7 @@ class ScriptedDesktop : public desktop::Desktop {
   }
   QString pickFolder(QWidget*, const QString& title, const QString&) override { return take("folder", title).path; }
   std::optional<QColor> pickColor(QWidget*, const QColor&) override { return take("colour", "").colour; }
+  void putOnClipboard(const QImage& picture) override { clipboard = picture; }
   bool clipboardHasPicture() override { return clipboardPicture; }
   std::int64_t freeRamKb() override { return ramKb; }
   int screenBitsPerPixel() override { return bitsPerPixel; }

@@ -48,6 +48,9 @@ struct DocumentFlags {
   bool free = false;     // the slot has no window
 };
 
+// The files used last, newest first; empty behind the last.
+using HistoryPaths = std::array<std::filesystem::path, 8>;
+
 struct SessionState {
   // Folders end without a separator; join with operator/.
   std::filesystem::path programFolder;
@@ -70,7 +73,8 @@ struct SessionState {
   int newImageHeight = 480;
 
   std::vector<DocumentFlags> documents;  // parallel to the document windows, index = slot
-  std::array<std::filesystem::path, 8> fileHistory;
+  HistoryPaths fileHistory;
+  HistoryPaths fileHistoryGifAni;
   std::filesystem::path fileToDeleteAtExit;
 
   OptionFlags options;

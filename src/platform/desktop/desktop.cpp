@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QImage>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPrintDialog>
@@ -125,6 +126,8 @@ class QtDesktop : public Desktop {
     const QMimeData* data = QApplication::clipboard()->mimeData();
     return data && data->hasImage();
   }
+
+  void putOnClipboard(const QImage& picture) override { QApplication::clipboard()->setImage(picture); }
 
   std::int64_t freeRamKb() override {
     QFile file("/proc/meminfo");

@@ -11,6 +11,7 @@
 #include "platform/desktop/list_printing.h"
 #include "platform/raster/surface.h"
 
+class QImage;
 class QWidget;
 
 namespace ruvo::desktop {
@@ -41,6 +42,7 @@ class Desktop {
 
   // The clipboard's picture test: true when it holds something that Paste can take.
   virtual bool clipboardHasPicture() = 0;
+  virtual void putOnClipboard(const QImage& picture) = 0;
 
   // Memory available without swapping, in KB.
   virtual std::int64_t freeRamKb() = 0;

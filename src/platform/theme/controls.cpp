@@ -3,9 +3,11 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QFrame>
-#include <QLabel>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
+#include "platform/desktop/desktop.h"
 #include "platform/theme/theme.h"
 
 namespace ruvo::theme {
@@ -108,6 +110,26 @@ QLabel* label(const QString& text, QWidget* parent, LabelKind kind) {
     made->setPalette(palette);
   }
   return made;
+}
+
+ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setMinimumWidth(0);
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setPen(palette().color(foregroundRole()));
+  painter.drawText(rect(), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                   fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
+}
+
+bool ElidedLabel::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && fontMetrics().horizontalAdvance(text()) > width()) {
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), desktop::plainToolTip(text()), this);
+    return true;
+  }
+  return QLabel::event(event);
 }
 
 }  // namespace ruvo::theme

@@ -2,6 +2,7 @@
 // objectName.
 #pragma once
 
+#include <QLabel>
 #include <QToolButton>
 #include <QWidget>
 
@@ -9,7 +10,6 @@
 
 class QComboBox;
 class QFrame;
-class QLabel;
 
 namespace ruvo::theme {
 
@@ -45,5 +45,15 @@ QFrame* divider(Qt::Orientation orientation, QWidget* parent);
 QComboBox* combo(const QString& name, const QStringList& items, int first, int width, QWidget* parent);
 enum class LabelKind { Plain, Heading, Quiet };
 QLabel* label(const QString& text, QWidget* parent, LabelKind kind = LabelKind::Plain);
+
+// A label that shows as much of its text as there is room for; the whole text is its tool tip when some is left out.
+class ElidedLabel : public QLabel {
+ public:
+  explicit ElidedLabel(QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool event(QEvent* event) override;
+};
 
 }  // namespace ruvo::theme

@@ -31,10 +31,8 @@ class Parser {
         options = false;
       } else if (options && argument.size() > 1 && argument[0] == '-') {
         option(argument);
-      } else if (result_.file.empty()) {
-        result_.file = argument;
       } else {
-        result_.error = "only one FILE can be named";
+        takeFile(argument);
       }
     }
     return result_;
@@ -47,10 +45,15 @@ class Parser {
     return argument;
   }
 
+  void takeFile(const std::string& file) {
+    if (!result_.file.empty()) result_.error = "only one FILE can be named";
+    result_.file = file;
+  }
+
   void option(const std::string& argument) {
     const std::size_t equals = argument.find('=');
     const std::string name = argument.substr(0, equals);
-    if (name == "--screenshot" || name == "--size") {
+    if (name == "--screenshot" || name == "--size" || name == "--animated-gif") {
       if (equals == std::string::npos && rest_.empty()) {
         result_.error = name + " needs a value";
         return;
@@ -75,6 +78,12 @@ class Parser {
       if (value.empty()) result_.error = "--screenshot needs a file name";
       return;
     }
+    if (name == "--animated-gif") {
+      result_.animation = true;
+      takeFile(value);
+      if (value.empty()) result_.error = "--animated-gif needs a file name";
+      return;
+    }
     result_.size = sizeOf(value);
     if (!result_.size) result_.error = "--size needs a size such as 1200x800";
   }
@@ -94,17 +103,23 @@ std::string_view helpText() {
 
 SYNOPSIS
     ruvopaint [OPTION]... [FILE]
+    ruvopaint [OPTION]... --animated-gif FILE
 
 DESCRIPTION
     Opens the program, with the picture FILE when one is named. When the
-    program already runs for this user, FILE is handed to it and opens there.
+    program already runs for this user, FILE is handed to it and opens there;
+    while an animation is open there, the second start ends and FILE is not
+    opened.
 
+    --animated-gif FILE   open FILE to view and edit the animation, in a
+                          window of its own
     --no-splash           do not show the start window
-    --screenshot OUT.png  show FILE in the main window, write a picture of the
-                          window to OUT.png and end. Such a run stands apart:
+    --screenshot OUT.png  show FILE, write a picture of its window (the main
+                          window, or that of the animation) to OUT.png and
+                          end. Such a run stands apart:
                           it hands no file over and writes no settings. With
                           no display it draws without one.
-    --size WxH            size of the main window (it has a least size)
+    --size WxH            size of that window (it has a least size)
     --exit-when-shown     end as soon as the window was painted, to measure
                           how long a start takes; stands apart as well
     --help, -h            show this text

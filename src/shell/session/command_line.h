@@ -17,8 +17,9 @@ struct ProgramArguments {
   bool noSplash = false;
   bool exitWhenShown = false;
   std::optional<std::filesystem::path> screenshot;
-  std::optional<Size> size;  // of the main window, logical pixels
+  std::optional<Size> size;  // of the window that is shown, logical pixels
   std::string file;          // as typed; empty when none
+  bool animation = false;    // the file opens in the animation window
   std::string error;         // one line; empty when the command line is understood
 
   // A run that shows or pictures the window for itself and is not the one instance: it hands nothing over, takes

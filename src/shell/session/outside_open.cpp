@@ -51,6 +51,8 @@ void OutsideOpener::run() {
 
 void OutsideOpener::open(const Waiting& next) {
   host_.unloadToolWindows();
+  if (next.command == PendingOpen::CommandLine && next.text.starts_with(kAnimationMark))
+    return host_.openAnimation(pathOf(std::string_view(next.text).substr(kAnimationMark.size())));
   const auto file = next.command == PendingOpen::CommandLine ? fileFromOutside(next.text) : pathOf(next.text);
   if (!file) return;
   if (host_.sdiOnly() && host_.anyDocumentOpen()) {

@@ -21,6 +21,10 @@ std::string outsidePathFromArgument(std::string_view argument, const std::filesy
 // Nothing otherwise; nobody is told.
 std::optional<std::filesystem::path> fileFromOutside(std::string_view text);
 
+// A second start hands its file over as one text: the path, with this in front when it opens as an animation. (A path
+// that is handed over begins with a slash, or is too short to be opened.)
+inline constexpr std::string_view kAnimationMark = "animated-gif:";
+
 // What opening needs of the main window.
 struct OutsideHost {
   std::function<bool()> busy;  // a modal dialog is up or a command runs: everything waits
@@ -30,6 +34,7 @@ struct OutsideHost {
   std::function<void(const std::filesystem::path&, PendingOpen)> openInNewWindow;
   // Asks first when there are changes.
   std::function<void(const std::filesystem::path&, PendingOpen)> openInActiveDocument;
+  std::function<void(const std::filesystem::path&)> openAnimation;
 };
 
 class OutsideOpener {
@@ -37,7 +42,7 @@ class OutsideOpener {
   explicit OutsideOpener(OutsideHost host) : host_(std::move(host)) {}
 
   // Every text acts, equal to the one before or not. An empty one is left out. With CommandLine a text that names no
-  // file to open is passed over in silence; with FileOpen (a dropped file) the opening says what is wrong.
+  // file to open is passed over in silence, and one with the mark opens an animation; with FileOpen (a dropped file) the opening says what is wrong.
   void push(std::string text, PendingOpen command);
   bool waiting() const { return !queue_.empty(); }
   // Opens what waits, in order, until the host is busy. Safe to call from within an opening.

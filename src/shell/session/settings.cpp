@@ -169,4 +169,41 @@ void rememberLastFolder(const SettingsFile& file, std::string_view key, const st
   file.write(kLastFolderSection, key, utf8Of(folder));
 }
 
+// --- Places of windows
+
+namespace {
+
+constexpr const char* kWindowStateKey = "WinState";
+
+struct PlacementKey {
+  const char* key;
+  std::optional<int> WindowPlacement::*length;
+};
+constexpr PlacementKey kPlacementKeys[] = {{"Left", &WindowPlacement::left},
+                                           {"Top", &WindowPlacement::top},
+                                           {"Width", &WindowPlacement::width},
+                                           {"Height", &WindowPlacement::height}};
+
+}  // namespace
+
+WindowPlacement readPlacement(const SettingsFile& file, std::string_view section) {
+  const IniDocument ini = file.load();
+  const auto number = [&](const char* key) { return leadingNumber(ini.value(section, key).value_or("")); };
+  WindowPlacement placement;
+  for (const PlacementKey& row : kPlacementKeys)
+    if (const auto twips = number(row.key)) placement.*row.length = toInt(*twips / kTwipsPerPixel);
+  if (const auto state = number(kWindowStateKey); state && *state >= 0 && *state <= 2)
+    placement.state = static_cast<WindowState>(toInt(*state));
+  return placement;
+}
+
+void writePlacement(const SettingsFile& file, std::string_view section, const WindowPlacement& placement) {
+  file.update([&](IniDocument& ini) {
+    for (const PlacementKey& row : kPlacementKeys)
+      if (const auto length = placement.*row.length)
+        ini.setValue(section, row.key, std::to_string(static_cast<std::int64_t>(*length) * kTwipsPerPixel));
+    ini.setValue(section, kWindowStateKey, std::to_string(static_cast<int>(placement.state)));
+  });
+}
+
 }  // namespace ruvo

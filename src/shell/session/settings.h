@@ -9,6 +9,7 @@
 
 #include "base/geometry.h"
 #include "document/model/session_state.h"
+#include "document/model/window_placement.h"
 #include "shell/session/basINI.h"
 
 namespace ruvo {
@@ -58,5 +59,10 @@ Point clampColorChart(Point position, Size screen);
 std::filesystem::path lastFolder(const SettingsFile& file, std::string_view key,
                                  const std::filesystem::path& programFolder);
 void rememberLastFolder(const SettingsFile& file, std::string_view key, const std::filesystem::path& folder);
+
+// The place of a window in a section of its own: "Left", "Top", "Width", "Height" in twips and "WinState". A text that is
+// empty or no number is a value that is absent.
+WindowPlacement readPlacement(const SettingsFile& file, std::string_view section);
+void writePlacement(const SettingsFile& file, std::string_view section, const WindowPlacement& placement);
 
 }  // namespace ruvo

@@ -19,6 +19,9 @@ TEST(CommandLine, OptionsAndTheFile) {
   EXPECT_TRUE(shot.alone());
   EXPECT_TRUE(parse({"--exit-when-shown"}).alone());
   EXPECT_TRUE(parse({"x.png", "--no-splash"}).noSplash);
+  EXPECT_FALSE(shot.animation);
+  const ProgramArguments animation = parse({"--animated-gif", "a.gif"});
+  EXPECT_TRUE(animation.animation && animation.file == "a.gif" && animation.error.empty());
   EXPECT_EQ(parse({"--", "--help"}).file, "--help");
   EXPECT_EQ(parse({"-"}).file, "-");
   EXPECT_TRUE(parse({"-h"}).help);
@@ -27,6 +30,8 @@ TEST(CommandLine, OptionsAndTheFile) {
 
 TEST(CommandLine, WhatIsNotUnderstoodIsSaid) {
   EXPECT_EQ(parse({"a.png", "b.png"}).error, "only one FILE can be named");
+  EXPECT_EQ(parse({"a.png", "--animated-gif=b.gif"}).error, "only one FILE can be named");
+  EXPECT_EQ(parse({"--animated-gif"}).error, "--animated-gif needs a value");
   EXPECT_EQ(parse({"--frobnicate"}).error, "unknown option --frobnicate");
   EXPECT_EQ(parse({"--screenshot"}).error, "--screenshot needs a value");
   EXPECT_EQ(parse({"--screenshot="}).error, "--screenshot needs a file name");
@@ -36,8 +41,8 @@ TEST(CommandLine, WhatIsNotUnderstoodIsSaid) {
 }
 
 TEST(CommandLine, TheHelpNamesEveryOption) {
-  for (const char* option :
-       {"--no-splash", "--screenshot", "--size", "--exit-when-shown", "--version", "FILE", "RUVO_PROGRAM_FOLDER"}) {
+  for (const char* option : {"--no-splash", "--animated-gif", "--screenshot", "--size", "--exit-when-shown",
+                             "--version", "FILE", "RUVO_PROGRAM_FOLDER"}) {
     EXPECT_THAT(std::string(helpText()), testing::HasSubstr(option));
   }
 }

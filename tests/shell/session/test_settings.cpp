@@ -70,6 +70,28 @@ TEST_F(Settings, EachRuleOnOddTexts) {
   EXPECT_EQ(readWith("Last Folder", "PAL", (folder_ / "gone").string()).palFolder, folder_.path());
 }
 
+TEST_F(Settings, AWindowComesUpWhereItStoodIfItCanBeSeenThere) {
+  EXPECT_FALSE(readPlacement(file_, "Some Pos").left);
+  writePlacement(file_, "Some Pos",
+                 {.left = -3, .top = 40, .width = 900, .height = 700, .state = WindowState::Maximised});
+  EXPECT_EQ(file_.read("Some Pos", "Width"), "13500");
+  EXPECT_EQ(file_.read("Some Pos", "WinState"), "2");
+  file_.write("Some Pos", "Top", "");
+  const WindowPlacement stored = readPlacement(file_, "Some Pos");
+  EXPECT_EQ(stored.left, -3);
+  EXPECT_FALSE(stored.top);
+  EXPECT_EQ(stored.state, WindowState::Maximised);
+
+  const Rect screen = Rect::fromSize(0, 20, 1280, 1004);
+  EXPECT_EQ(placeOnScreen(stored, screen, {1000, 800}, {800, 600}), Rect::fromSize(0, 172, 900, 700));
+  EXPECT_EQ(placeOnScreen({}, screen, {1000, 800}, {800, 600}), Rect::fromSize(140, 122, 1000, 800));
+  EXPECT_EQ(placeOnScreen({.left = 5000, .width = 30}, screen, {1000, 800}, {800, 600}),
+            Rect::fromSize(480, 122, 800, 800));
+  // On a small screen the stored size does not count.
+  EXPECT_EQ(placeOnScreen(stored, Rect::fromSize(0, 0, 700, 500), {640, 480}, {600, 400}),
+            Rect::fromSize(0, 10, 640, 480));
+}
+
 TEST_F(Settings, TheColourChartStaysOnTheScreen) {
   EXPECT_EQ(readWith("ColorChart Pos", "Left", "-5").colorChartPosition.x, 0);
   EXPECT_EQ(readWith("ColorChart Pos", "Left", "100000").colorChartPosition.x, 1280 * 15 - 2790);

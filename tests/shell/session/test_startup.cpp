@@ -103,7 +103,8 @@ TEST(OutsideOpen, WaitsWhileBusyAndActsOnEveryText) {
                           document = true;
                           self->run();  // an opening that lets events in must not start the next one inside
                         },
-                        [&](const auto&, PendingOpen) { log.push_back("here"); }});
+                        [&](const auto&, PendingOpen) { log.push_back("here"); },
+                        [&](const auto& path) { log.push_back("animation " + path.string()); }});
   self = &opener;
   opener.push(file.string(), PendingOpen::CommandLine);
   opener.push(file.string(), PendingOpen::CommandLine);
@@ -131,6 +132,11 @@ TEST(OutsideOpen, WaitsWhileBusyAndActsOnEveryText) {
   opener.push("/none/such.png", PendingOpen::FileOpen);
   opener.run();
   EXPECT_EQ(log, (std::vector<std::string>{"unload", "here"}));
+  // An animation goes to its own window in either mode.
+  log.clear();
+  opener.push("animated-gif:/a/b.gif", PendingOpen::CommandLine);
+  opener.run();
+  EXPECT_EQ(log.back(), "animation /a/b.gif");
 }
 
 }  // namespace
