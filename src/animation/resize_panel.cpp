@@ -9,6 +9,7 @@
 #include "animation/session_panels.h"
 #include "base/paths.h"
 #include "dialogs/named_controls.h"
+#include "formats/gif_player.h"
 
 namespace ruvo {
 namespace {
@@ -114,7 +115,7 @@ ResizeOrder ResizePanel::order() const {
 
 void ResizePanel::showNewSize() {
   const clsGIF& gif = session().gif();
-  const Size size = resizedScreen({gif.BgdWidth(), gif.BgdHeight()}, order());
+  const Size size = resizedScreen(GifPlayer::screenSize(gif), order());
   d_->newSize->setText(tr("New size:  %1 x %2").arg(size.width).arg(size.height));
 }
 
