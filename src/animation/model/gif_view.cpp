@@ -27,6 +27,7 @@ const clsDIB& transparentPattern() {
 
 bool GifView::create(const clsGIF& gif, Colour ground) {
   clear();
+  transparentPattern();  // is made when it is first asked for, which no tick shall be
   for (clsDIB* surface : {&ground_, &still_, &animation_}) {
     if (surface->CreateBlankDIB(gif.BgdWidth(), gif.BgdHeight(), 24, ground, true)) continue;
     clear();
