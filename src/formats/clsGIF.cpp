@@ -6,8 +6,9 @@
 namespace ruvo {
 
 const GifFrame& GifModel::frameOrNone(int number) const {
+  if (has(number)) return frames[static_cast<std::size_t>(number) - 1];
   static const GifFrame none = {{}, {std::make_shared<clsDIB>(), std::make_shared<clsDIB>()}};
-  return has(number) ? frames[static_cast<std::size_t>(number) - 1] : none;
+  return none;
 }
 
 clsGIF::clsGIF() : model_(std::make_unique<GifModel>()) {}
