@@ -37,9 +37,7 @@ bool frmRuvoGIFani::openFile(const QString& file, bool atStart) {
   }
   d_->endOperations();
   d_->showModel(1);
-  d_->lblFileSize->setText(qt(fileSizeText(d_->session.firstFileSize())));
-  d_->link.addToAnimationHistory(file);
-  d_->showHistory();
+  d_->showFile(file);
   return true;
 }
 

@@ -18,7 +18,7 @@ namespace {
 
 // 12015 x 9000 twips.
 constexpr Size kLeastSize = {801, 600};
-constexpr Size kUsualSize = {1080, 800};
+constexpr Size kUsualSize = {1160, 800};
 constexpr int kMargin = 9;
 constexpr int kButtonSide = 32;
 constexpr int kBarHeight = 28;

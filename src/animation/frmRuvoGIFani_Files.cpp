@@ -84,9 +84,7 @@ void frmRuvoGIFani::Private::save() {
   }
   if (!words.empty()) return tell(qt(words));
   showModel(shown);
-  lblFileSize->setText(qt(fileSizeText(session.firstFileSize())));
-  link.addToAnimationHistory(file);
-  showHistory();
+  showFile(file);
 }
 
 bool frmRuvoGIFani::Private::exportTo(int frame, const std::filesystem::path& file) {

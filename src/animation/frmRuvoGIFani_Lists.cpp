@@ -49,13 +49,20 @@ void frmRuvoGIFani::Private::fillLists() {
 void frmRuvoGIFani::Private::showLabels() {
   const clsGIF& gif = session.gif();
   const bool any = session.hasFrames();
-  lblInfoOrigFile->setText(any ? qt(originalFileText(gif, session.firstFileSize())) : QString());
   lblCurrentFrameCount->setText(any ? qt(currentTotalText(gif)) : QString());
   lblBgdInfo->setText(any ? qt(backgroundText(gif)) : QString());
   QString file = session.path().empty() ? qt(session.title()) : qt(shortenPath(utf8Of(session.path())));
   if (session.unsaved()) file += "   (changed)";
   lblFile->setText(any ? file : QString());
   lblFile->setToolTip(any ? desktop::plainToolTip(toText(session.path())) : QString());
+}
+
+// What stays as it is while the animation changes.
+void frmRuvoGIFani::Private::showFile(const QString& file) {
+  lblInfoOrigFile->setText(qt(originalFileText(session.gif(), session.firstFileSize())));
+  lblFileSize->setText(qt(fileSizeText(session.firstFileSize())));
+  link.addToAnimationHistory(file);
+  showHistory();
 }
 
 void frmRuvoGIFani::Private::showTimes() {

@@ -47,6 +47,7 @@ struct frmRuvoGIFani::Private {
   void showModel(int frame);  // everything anew
   void fillLists();
   void showLabels();
+  void showFile(const QString& file);  // that was opened or saved
   void showTimes();
   void showHistory();
   void enableControls();
