@@ -79,6 +79,7 @@ frmRuvomain::~frmRuvomain() {
   // Documents and the animation talk back to this window while they go: they go first.
   d_->unloading = true;
   d_->animation.reset();
+  d_->endedAnimation.reset();
   for (frmRuvoPaint* document : d_->documents)
     if (document != nullptr) delete windowOf(document);
 }

@@ -1,5 +1,6 @@
 // The animation window: at most one, opened from menus, toolbar and command line, and what comes back from it.
 #include <QDir>
+#include <QTimer>
 
 #include "animation/frmRuvoGIFani.h"
 #include "document/frmRuvoPaint.h"
@@ -37,9 +38,10 @@ void frmRuvomain::openAnimation(const QString& file) {
   bringForward(*d_->animation);
 }
 
-// The window is within its own closing.
+// The window is within its own closing: it goes from the event loop, or with this window.
 void frmRuvomain::animationEnded(const QString& selectedFrameFile) {
-  d_->animation.release()->deleteLater();
+  d_->endedAnimation = std::move(d_->animation);
+  QTimer::singleShot(0, this, [this] { d_->endedAnimation.reset(); });
   if (selectedFrameFile.isEmpty()) return;
   if (session().options.sdiOnly && documentCount() > 0)
     openInActiveDocument(PendingOpen::FirstFrame, selectedFrameFile);

@@ -86,6 +86,7 @@ struct frmRuvomain::Private {
   frmRuvoPaint* menusShownOf = nullptr;
   bool unloading = false;
   std::unique_ptr<frmRuvoGIFani> animation;
+  std::unique_ptr<frmRuvoGIFani> endedAnimation;  // closed, and about to go
 
   // Which box the next chosen colour goes to, and the colour.
   bool forFirst = true;

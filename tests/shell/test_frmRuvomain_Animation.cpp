@@ -35,8 +35,6 @@ class MainWindowAnimation : public MainWindowTest {
       if (action->isEnabled() && action->isVisible()) return action->trigger();
     ADD_FAILURE() << "no command " << name.toStdString();
   }
-  // Lets a window go that has closed.
-  void settle() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 };
 
 TEST_F(MainWindowAnimation, ThereIsOneWindowAndEveryWayLeadsToIt) {
@@ -77,7 +75,6 @@ TEST_F(MainWindowAnimation, TheMainWindowClosesOnlyWithIt) {
   desktop.expect("You have not saved changes yet.  Proceed still?").answer(Answer::Yes);
   EXPECT_TRUE(window->close());
   EXPECT_EQ(animation(), nullptr);
-  settle();
 }
 
 TEST_F(MainWindowAnimation, TheSelectedFrameBecomesADocumentAndTheNextSessionStandsWhereThisOneStood) {
@@ -86,7 +83,6 @@ TEST_F(MainWindowAnimation, TheSelectedFrameBecomesADocumentAndTheNextSessionSta
   const QSize size = animation()->size();
   desktop.expect("Load current frame to program main screen").answer(Answer::Yes);
   animation()->cmdGIFaniMain_Click(0);
-  settle();
   EXPECT_EQ(animation(), nullptr);
   ASSERT_NE(window->activeDocument(), nullptr);
   EXPECT_EQ(frameOf(*window->activeDocument()).windowTitle(), "Untitled_0_Frame");
@@ -103,7 +99,6 @@ TEST_F(MainWindowAnimation, InSdiModeTheSelectedFrameTakesTheDocumentsPlace) {
   window->openAnimation(gifFile("a.gif"));
   desktop.expect("Load current frame to program main screen").answer(Answer::Yes);
   animation()->cmdGIFaniMain_Click(0);
-  settle();
   EXPECT_EQ(window->activeDocument(), &document);
   EXPECT_EQ(document.canvas()->DIB().DIBWidth(), 12);
   EXPECT_EQ(frameOf(document).windowTitle(), "Untitled_0_Frame");
