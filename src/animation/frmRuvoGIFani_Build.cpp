@@ -25,9 +25,6 @@ constexpr int kBarHeight = 28;
 constexpr int kProgressWidth = 120;
 constexpr int kPatternWidth = 232;
 
-constexpr const char* kPatternItems[] = {"Orignal Setting", "Show Transparent Color", "Add Pattern To Transparent Area",
-                                         "At Actual Frame Sizes"};
-
 QString withShortcut(const QString& tip, const char* shortcut) {
   const QString keys = QKeySequence(QString::fromLatin1(shortcut)).toString(QKeySequence::NativeText);
   return keys.isEmpty() ? tip : tip + "  (" + keys + ")";
@@ -160,7 +157,7 @@ QWidget* frmRuvoGIFani::Private::buildOptionRow() {
   line->setContentsMargins(0, 0, 0, 0);
   line->setSpacing(4);
   QStringList patterns;
-  for (const char* item : kPatternItems) patterns << QString::fromLatin1(item);
+  for (const char* item : kBgdPatternNames) patterns << QString::fromLatin1(item);
   cboBgdPattern = theme::combo("cboBgdPattern", patterns, 0, 0, row);
   cboBgdPattern->setMaximumWidth(kPatternWidth);
   cboBgdPattern->setToolTip("What shows through where a frame is transparent");

@@ -35,9 +35,9 @@ void frmRuvoGIFani::Private::fillLists() {
   const clsGIF& gif = session.gif();
   QStringList numbers;
   QStringList lines;
-  for (int frame = 1; frame <= gif.FramesCount(); ++frame) {
-    numbers << QString::number(frame);
-    lines << qt(frameLine(gif, frame));
+  for (const std::string& line : frameLines(gif)) {
+    lines << qt(line);
+    numbers << QString::number(lines.size());
   }
   for (auto [list, items] : {std::pair{cboFrame, &numbers}, {cboFrameData, &lines}}) {
     list->clear();

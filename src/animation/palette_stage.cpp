@@ -129,9 +129,9 @@ void PaletteStage::fillFrames() {
   const QSignalBlocker quietFrames(frames_), quietData(frameData_);
   frames_->clear();
   frameData_->clear();
-  for (int frame = 1; frame <= work_.gif().FramesCount(); ++frame) {
-    frames_->addItem(QString::number(frame));
-    frameData_->addItem(QString::fromStdString(frameLine(work_.gif(), frame)));
+  for (const std::string& line : frameLines(work_.gif())) {
+    frameData_->addItem(QString::fromStdString(line));
+    frames_->addItem(QString::number(frameData_->count()));
   }
   frameData_->view()->setMinimumWidth(frameData_->view()->sizeHintForColumn(0));
 }

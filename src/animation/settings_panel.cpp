@@ -18,8 +18,7 @@ namespace {
 
 enum Button { kProceed, kUndo, kClose, kAnimate, kStop, kShowCurrent };
 constexpr int kLongestListedDelay = 180;
-constexpr int kMostOfField = 0xFFFF;  // a GIF keeps places and loops in 16 bits
-constexpr int kCommentHeight = 72;
+constexpr int kMostOfField = 0xFFFF;  // a GIF keeps delays, places and loops in 16 bits
 
 // Selects the item of that value; one that the list does not have comes behind the others until the next call.
 void showValue(QComboBox* box, int listed, int value, const QString& text) {
@@ -28,12 +27,14 @@ void showValue(QComboBox* box, int listed, int value, const QString& text) {
   box->setCurrentIndex(value >= listed ? listed : value);
 }
 int valueOf(const QComboBox* box) {
+  if (box->isEditable()) return box->currentText().toInt();
   const QVariant extra = box->currentData();
   return extra.isValid() ? extra.toInt() : box->currentIndex();
 }
 
-QComboBox* placeField(const QString& name, QWidget* parent) {
-  QComboBox* box = namedComboBox(name, {QStringLiteral("0")}, parent);
+// A list into which other numbers can be typed.
+QComboBox* numberField(const QString& name, const QStringList& items, QWidget* parent) {
+  QComboBox* box = namedComboBox(name, items, parent);
   box->setEditable(true);
   box->setInsertPolicy(QComboBox::NoInsert);
   box->setValidator(wholeNumbersUpTo(kMostOfField, box));
@@ -106,10 +107,10 @@ SettingsPanel::~SettingsPanel() = default;
 
 QLayout* SettingsPanel::buildFields() {
   const QStringList noYes{tr("No"), tr("Yes")};
-  d_->delay = namedComboBox("cboDelay", delays(), this);
+  d_->delay = numberField("cboDelay", delays(), this);
   d_->disposal = namedComboBox("cboDisposal", disposals(), this);
-  d_->left = placeField("cboPosLeft", this);
-  d_->top = placeField("cboPosTop", this);
+  d_->left = numberField("cboPosLeft", {QStringLiteral("0")}, this);
+  d_->top = numberField("cboPosTop", {QStringLiteral("0")}, this);
   d_->paletteScope = namedComboBox("cboPaletteScope", {tr("Global"), tr("Local")}, this);
   d_->interlaced = namedComboBox("cboInterlaced", noYes, this);
   d_->sorted = namedComboBox("cboPaletteSorted", noYes, this);
@@ -118,7 +119,7 @@ QLayout* SettingsPanel::buildFields() {
   d_->loops->setObjectName("txbLoops");
   d_->loops->setValidator(wholeNumbersUpTo(kMostOfField, d_->loops));
   d_->comment = new CommentField("txbModifyComment", clsGIF::kMostCommentBytes, this);
-  d_->comment->setFixedHeight(kCommentHeight);
+  d_->comment->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
 
   auto* grid = new QGridLayout;
   const auto put = [&](int row, int column, const QString& text, QWidget* field) {
@@ -136,7 +137,10 @@ QLayout* SettingsPanel::buildFields() {
   put(2, 1, tr("Palette sorted:"), d_->sorted);
   put(3, 1, tr("Transparent color:"), d_->transparent);
   put(0, 2, tr("Loops (0: endless):"), d_->loops);
-  put(1, 2, tr("Comment:"), d_->comment);
+  // As high as the three rows beside it, and no row is made higher for it.
+  auto* label = namedLabel({}, tr("Comment:"), this);
+  label->setBuddy(d_->comment);
+  grid->addWidget(label, 1, 4);
   grid->addWidget(d_->comment, 1, 5, 3, 1);
   grid->setColumnStretch(5, 1);
   return grid;
@@ -202,8 +206,8 @@ SettingsOrder SettingsPanel::order() const {
   order.frame = host().selectedFrame();
   order.values.delay = valueOf(d_->delay);
   order.values.disposal = valueOf(d_->disposal);
-  order.values.left = d_->left->currentText().toInt();
-  order.values.top = d_->top->currentText().toInt();
+  order.values.left = valueOf(d_->left);
+  order.values.top = valueOf(d_->top);
   order.values.localPalette = d_->paletteScope->currentIndex() == 1;
   order.values.interlaced = d_->interlaced->currentIndex() == 1;
   order.values.sorted = d_->sorted->currentIndex() == 1;

@@ -196,7 +196,10 @@ TEST_F(AnimationWindow, BrightensDarkensAndTakesItBack) {
 
 TEST_F(AnimationWindow, SavingProposesANameAndEndsTheUnsavedWork) {
   openThree();
-  session().setUnsaved(SessionWork::Resize);
+  run(kEditSeries);
+  press(*window_, "cmdEditImageSeries(3)");
+  EXPECT_TRUE(label("lblCurrentFrameCount").endsWith("4"));
+  EXPECT_TRUE(label("lblInfoOrigFile").contains(" 3 frames ")) << "as long as the file is what it was";
   desktop_.expectSave(pathText(temp_ / "no folder" / "x.gif"), "three_X.gif");
   desktop_.expect("Failed to save to ");
   run(kSaveFile);
@@ -205,10 +208,11 @@ TEST_F(AnimationWindow, SavingProposesANameAndEndsTheUnsavedWork) {
   run(kSaveFile);
   EXPECT_FALSE(session().unsaved());
   EXPECT_TRUE(label("lblFile").endsWith("other.gif"));
+  EXPECT_TRUE(label("lblInfoOrigFile").contains(" 4 frames "));
   EXPECT_TRUE(link_.animationHistory.last().endsWith("other.gif"));
   clsGIF saved;
   EXPECT_EQ(saved.LoadFromGIFFile(temp_ / "other.gif"), kGifOk);
-  EXPECT_EQ(saved.FramesCount(), 3);
+  EXPECT_EQ(saved.FramesCount(), 4);
 }
 
 TEST_F(AnimationWindow, FramesGoToFilesAndToTheClipboard) {

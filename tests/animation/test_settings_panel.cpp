@@ -55,18 +55,20 @@ TEST_F(SettingsPanelTest, OnlyWhatTheItemNamesIsOfferedAndWritten) {
   scope(kAllFrames, SettingsItem::Delay);
   EXPECT_TRUE(offered(panel_, "cboDelay"));
   EXPECT_FALSE(offered(panel_, "cboDisposal"));
-  QTest::keyClicks(control<QComboBox>(panel_, "cboDelay"), "42");
+  QLineEdit* delay = control<QComboBox>(panel_, "cboDelay")->lineEdit();
+  delay->selectAll();
+  QTest::keyClicks(delay, "500");
   disagree("Proceed to change settings of all frames?");
   press(panel_, kProceed);
   EXPECT_EQ(gif().FrameDelay(1), 10);
   agree("Proceed to change settings of all frames?");
   press(panel_, kProceed);
-  for (int frame = 1; frame <= 3; ++frame) EXPECT_EQ(gif().FrameDelay(frame), 42) << frame;
+  for (int frame = 1; frame <= 3; ++frame) EXPECT_EQ(gif().FrameDelay(frame), 500) << frame;
 
   // What was changed and not written yet is read anew.
   choose(panel_, "cboDelay", 7);
   press(panel_, "cmdModifySettings(5)");
-  EXPECT_EQ(shown("cboDelay"), "42");
+  EXPECT_EQ(shown("cboDelay"), "500");
 }
 
 TEST_F(SettingsPanelTest, RefusalsAreToldAndNothingIsAsked) {

@@ -41,7 +41,11 @@ std::string load(const fs::path& file, clsGIF& gif, bool atStart = false) {
   if (code == kGifBadSize && !screenAllowed(gif.statedWidth(), gif.statedHeight())) {
     return screenRefused(file, gif.statedWidth(), gif.statedHeight());
   }
-  if (code != kGifOk) return atStart ? std::string(kNotLoadedAtStart) + "\n" + utf8Of(file) : kNotLoaded;
+  if (code != kGifOk) {
+    const std::string words = atStart ? std::string(kNotLoadedAtStart) + "\n" + utf8Of(file) : kNotLoaded;
+    // Such a file is sound: without the reason nobody would know what is wrong with it.
+    return code == kGifTooManyFrames ? words + "\n\n" + clsGIF::FlagErrMessage(code) : words;
+  }
   if (!screenAllowed(gif.BgdWidth(), gif.BgdHeight())) return screenRefused(file, gif.BgdWidth(), gif.BgdHeight());
   return {};
 }

@@ -71,18 +71,24 @@ std::vector<std::string> frameLinePieces(const clsGIF& gif, int frame) {
   };
 }
 
-std::string frameLine(const clsGIF& gif, int frame) {
-  // Wide enough for every value that frames usually have; a longer one moves what follows it.
-  constexpr std::array<std::size_t, 10> kWidths = {3, 9, 12, 9, 25, 13, 6, 12, 10, 0};
+std::vector<std::string> frameLines(const clsGIF& gif) {
   constexpr std::size_t kGap = 2;
-  std::string text;
-  const auto pieces = frameLinePieces(gif, frame);
-  for (std::size_t i = 0; i < pieces.size(); ++i) {
-    text += pieces[i];
-    if (i + 1 == pieces.size()) break;
-    text.append(kGap + std::max(kWidths[i], pieces[i].size()) - pieces[i].size(), ' ');
+  std::vector<std::vector<std::string>> frames;
+  std::vector<std::size_t> widths;
+  for (int frame = 1; frame <= gif.FramesCount(); ++frame) {
+    const auto& pieces = frames.emplace_back(frameLinePieces(gif, frame));
+    widths.resize(pieces.size());
+    for (std::size_t i = 0; i < pieces.size(); ++i) widths[i] = std::max(widths[i], pieces[i].size());
   }
-  return text;
+  std::vector<std::string> lines;
+  for (const auto& pieces : frames) {
+    std::string& text = lines.emplace_back();
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+      text += pieces[i];
+      if (i + 1 < pieces.size()) text.append(kGap + widths[i] - pieces[i].size(), ' ');
+    }
+  }
+  return lines;
 }
 
 std::string frameLineTabbed(const clsGIF& gif, int frame) {

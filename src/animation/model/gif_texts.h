@@ -18,8 +18,9 @@ std::string disposalName(int method);  // "Disposal ?" for others
 
 // The pieces of a frame's line in `cboFrameData`, in order; none when there is no such frame.
 std::vector<std::string> frameLinePieces(const clsGIF& gif, int frame);
-// The same as one line: its columns padded, for a font of one width, or with tabs between them.
-std::string frameLine(const clsGIF& gif, int frame);
+// The lines of all frames, for a font of one width: each column is as wide as the widest piece in it.
+std::vector<std::string> frameLines(const clsGIF& gif);
+// A line with tabs between the pieces.
 std::string frameLineTabbed(const clsGIF& gif, int frame);
 
 // The summary labels.
