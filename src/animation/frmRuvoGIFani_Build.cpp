@@ -73,9 +73,13 @@ void frmRuvoGIFani::Private::build() {
   picDisp->setMinimumSize(160, 120);
   picDisp->setFocusPolicy(Qt::ClickFocus);
   column->addWidget(picDisp, 1);
-  buildPanels(*column);
   middle->addLayout(column, 1);
   rows->addLayout(middle, 1);
+  // Under the film as well: beside it they would be cut in a window of the least size.
+  auto* operations = new QVBoxLayout;
+  operations->setContentsMargins(kMargin, 0, kMargin, 0);
+  buildPanels(*operations);
+  rows->addLayout(operations);
   rows->addWidget(buildStatus());
   self.setCentralWidget(centre);
   buildMenus();
