@@ -54,6 +54,7 @@ DeleteEntryPanel::Row DeleteEntryPanel::makeRow(const QString& text, const char*
 }
 
 void DeleteEntryPanel::choose(int index, Qt::MouseButton button) {
+  if (index >= entries_) return;
   if (button == Qt::LeftButton) deleted_.index = index;
   if (button == Qt::RightButton) replacement_.index = index;
 }
@@ -67,7 +68,11 @@ void DeleteEntryPanel::showRow(const Row& row, const FramePalette& palette) {
   showEntryColor(*row.swatch, palette, row.index);
 }
 
-void DeleteEntryPanel::showOn(PaletteGrid& grid, const FramePalette& palette) {
+void DeleteEntryPanel::showOn(PaletteGrid& grid, const FramePalette& palette, int frame) {
+  const int table = palette.global ? 0 : frame;
+  if (table != table_) clearChoice();
+  table_ = table;
+  entries_ = palette.entries;
   grid.setPalette(palette.table, palette.entries, palette.transparentIndex);
   grid.setSelectedIndex(deleted_.index);
   grid.setSecondIndex(replacement_.index);

@@ -22,11 +22,11 @@ class DeleteEntryPanel : public QWidget {
  public:
   explicit DeleteEntryPanel(QWidget* parent);
 
-  // A left click chooses the entry to delete, a right click its replacement.
+  // A left click chooses the entry to delete, a right click its replacement; a box without an entry is none.
   void choose(int index, Qt::MouseButton button);
   void clearChoice();
-  // Shows the choice on the palette that it is about.
-  void showOn(PaletteGrid& grid, const FramePalette& palette);
+  // Shows the choice on the palette that it is about, that of the frame. With another table nothing is chosen yet.
+  void showOn(PaletteGrid& grid, const FramePalette& palette, int frame);
   // Room above the button, for what else a window lets choose.
   QVBoxLayout* choices() { return choices_; }
 
@@ -48,6 +48,8 @@ class DeleteEntryPanel : public QWidget {
   QVBoxLayout* choices_ = nullptr;
   Row deleted_;
   Row replacement_;
+  int table_ = -1;  // that was shown last: the frame that owns it, 0 for the global one
+  int entries_ = 0;
 };
 
 // The colour of an entry; the swatch is empty for an index outside the palette.

@@ -178,7 +178,7 @@ void frmRuvoGIFaniChangeBPP::Private::show() {
   palettes[kOld].grid->setPalette(before.table, before.entries, before.transparentIndex);
   palettes[kOld].tell(before, frame);
   const FramePalette now = framePalette(work.gif(), frame);
-  deletion->showOn(*palettes[kNew].grid, now);
+  deletion->showOn(*palettes[kNew].grid, now, frame);
   palettes[kNew].tell(now, frame);
 }
 

@@ -14,6 +14,7 @@
 
 #include "animation/model/gif_texts.h"
 #include "animation/model/gif_view.h"
+#include "animation/model/palette_texts.h"
 #include "animation/palette_grid.h"
 #include "animation/surface_drawing.h"
 #include "dialogs/named_controls.h"
@@ -189,6 +190,9 @@ QLayout* frmRuvoGIFaniDataSummary::buildPalette() {
   d_->palette = new PaletteGrid(this);
   d_->palette->setObjectName("picPalette");
   d_->entry = namedLabel("lblPaletteEntry", {}, this);
+  // As wide as the longest that it tells, so that moving over the palette does not move the window's parts.
+  const QString longest = QString::fromStdString(paletteHoverText({}, 0, 255, false));
+  d_->entry->setMinimumWidth(d_->entry->fontMetrics().horizontalAdvance(longest) + 4);
   d_->remarks = namedLabel("lblRemarks", {}, this);
   column->addWidget(d_->palette);
   column->addWidget(d_->entry);

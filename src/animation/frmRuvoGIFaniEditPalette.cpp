@@ -68,8 +68,9 @@ bool frmRuvoGIFaniEditPalette::Private::deletesGlobal() const {
 }
 
 FramePalette frmRuvoGIFaniEditPalette::Private::shownPalette() const {
-  return deleting() && deletesGlobal() && work.gif().GlobalPaletteExists() ? globalPalette(work.gif())
-                                                                           : framePalette(work.gif(), frame());
+  const FramePalette own = framePalette(work.gif(), frame());
+  const bool ofOthers = !own.global && deleting() && deletesGlobal() && work.gif().GlobalPaletteExists();
+  return ofOthers ? globalPalette(work.gif()) : own;
 }
 
 // With another frame the deletion is about the palette that this one uses.
@@ -77,7 +78,6 @@ void frmRuvoGIFaniEditPalette::Private::frameShown() {
   if (shownFrame != frame()) {
     const QSignalBlocker quiet(deleteScope);
     deleteScope->setCurrentIndex(work.gif().LocalPaletteUsed(frame()) ? kGlobalScope + 1 : kGlobalScope);
-    deletion->clearChoice();
   }
   shownFrame = frame();
   show();
@@ -85,7 +85,7 @@ void frmRuvoGIFaniEditPalette::Private::frameShown() {
 
 void frmRuvoGIFaniEditPalette::Private::show() {
   const FramePalette palette = shownPalette();
-  deletion->showOn(*grid, palette);
+  deletion->showOn(*grid, palette, frame());
   if (!deleting()) {
     grid->setSelectedIndex(selected);
     grid->setSecondIndex(-1);

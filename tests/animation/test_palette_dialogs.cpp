@@ -171,6 +171,23 @@ TEST_F(EditPaletteTest, AnEntryIsDeletedByBothButtonsOfTheMouse) {
   EXPECT_FALSE(gif.FrameUseTransparentColor(1));
 }
 
+TEST_F(EditPaletteTest, ADeletionIsAboutTheTableThatIsShown) {
+  open(2);
+  child<QTabWidget>("tabTools")->setCurrentIndex(1);
+  EXPECT_EQ(text("lblTranspColor"), "  (No transparent color)") << "of the frame, not of the others";
+  clickEntry(2, Qt::LeftButton);
+  clickEntry(200, Qt::RightButton);  // no entry stands there
+  desktop.expect("No palette index to be replaced with yet.");
+  press("cmdDeleteColor");
+  clickEntry(0, Qt::RightButton);
+  child<QComboBox>("cboFrame")->setCurrentIndex(0);
+  EXPECT_EQ(text("lblTranspColor"), "Transparent color:  RGB(255, 0, 0)    At index  1");
+  child<QComboBox>("cboFrame")->setCurrentIndex(2);
+  desktop.expect("No palette index selected to delete yet.");
+  press("cmdDeleteColor");
+  close(false);
+}
+
 TEST_F(EditPaletteTest, PaletteIsSavedCleanedAndRestored) {
   open();
   link.folders["PAL_GIFani"] = QString::fromStdString(folder.path().string());

@@ -1,9 +1,11 @@
 #include <QLabel>
+#include <QLayout>
 #include <QPlainTextEdit>
 #include <QTableWidget>
 
 #include "animation/frmRuvoGIFaniDataSummary.h"
 #include "animation/frmRuvoGIFaniDiscrepReport.h"
+#include "animation/palette_grid.h"
 #include "animation/panel_fixture.h"
 
 namespace ruvo::test {
@@ -37,6 +39,14 @@ TEST_F(ReportWindowTest, TheSummaryFollowsItsListAndButtons) {
   EXPECT_EQ(control<QComboBox>(window, "cboFrame")->currentText(), "3");
   EXPECT_EQ(remarks(), "20 x 16   [0, 0]\nTransp index 3   RGB(0, 0, 255)");
   EXPECT_FALSE(offered(window, "cmdUpDown(1)"));
+
+  // Moving over the palette tells about a box and moves nothing.
+  auto* grid = control<PaletteGrid>(window, "picPalette");
+  const QRect place = grid->geometry();
+  Q_EMIT grid->hovered(255);
+  EXPECT_EQ(control<QLabel>(window, "lblPaletteEntry")->text(), "Index  255     (Outside applicable palette entries) ");
+  window.layout()->activate();
+  EXPECT_EQ(grid->geometry(), place);
 
   // A frame smaller than the background is shown by itself, or at its place.
   gif().setFrameLeft(2, 10);

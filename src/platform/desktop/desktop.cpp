@@ -78,6 +78,18 @@ QString breakable(const QString& text) {
   return shown;
 }
 
+// Room for the text's own lines where it has some: the box would break them again in the middle.
+int messageWidth(const QFontMetrics& metrics, const QString& text) {
+  constexpr int kBesideText = 120;  // the icon and the margins
+  constexpr int kMostMessageWidth = 800;
+  const QStringList lines = text.split('\n');
+  if (lines.size() < 2) return kLeastMessageWidth;
+  int widest = 0;
+  for (const QString& line : lines) widest = std::max(widest, metrics.horizontalAdvance(line));
+  const int wanted = widest + kBesideText;
+  return wanted <= kMostMessageWidth ? std::max(wanted, kLeastMessageWidth) : kLeastMessageWidth;
+}
+
 class QtDesktop : public Desktop {
  public:
   Answer message(QWidget* parent, const QString& text, Icon icon, Buttons buttons) override {
@@ -90,9 +102,10 @@ class QtDesktop : public Desktop {
                          : buttons == Buttons::YesNo ? QMessageBox::Yes
                                                      : QMessageBox::No);
     if (buttons != Buttons::Ok) box.setEscapeButton(QMessageBox::No);
-    // As wide as its title wants it.
+    // As wide as its title and its lines want it.
     if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
-      grid->addItem(new QSpacerItem(kLeastMessageWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
+      grid->addItem(new QSpacerItem(messageWidth(box.fontMetrics(), text), 0), grid->rowCount(), 0, 1,
+                    grid->columnCount());
     const int pressed = box.exec();
     if (buttons == Buttons::Ok) return Answer::Ok;
     return pressed == QMessageBox::Yes ? Answer::Yes : Answer::No;
