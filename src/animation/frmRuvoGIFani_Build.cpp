@@ -265,12 +265,15 @@ void frmRuvoGIFani::Private::restorePlacement() {
   const WindowPlacement stored = link.placement(kPlacementSection);
   const Rect place =
       placeOnScreen(stored, Rect::fromSize(free.x(), free.y(), free.width(), free.height()), kUsualSize, least);
-  self.setGeometry(place.left, place.top, place.width(), place.height());
+  // The place is that of the frame: its title bar stays on the screen.
+  self.move(place.left, place.top);
+  self.resize(place.width(), place.height());
   if (stored.state == WindowState::Maximised) self.setWindowState(Qt::WindowMaximized);
 }
 
 void frmRuvoGIFani::Private::storePlacement() {
-  const QRect normal = self.isMaximized() || self.isMinimized() ? self.normalGeometry() : self.geometry();
+  const QRect inner = self.isMaximized() || self.isMinimized() ? self.normalGeometry() : self.geometry();
+  const QRect normal = inner.translated(self.pos() - self.geometry().topLeft());
   link.setPlacement(kPlacementSection, {.left = normal.x(),
                                         .top = normal.y(),
                                         .width = normal.width(),

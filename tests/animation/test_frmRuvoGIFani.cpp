@@ -281,7 +281,8 @@ TEST_F(AnimationWindow, SelectBackHandsTheFrameOverAndEndsTheSession) {
 TEST_F(AnimationWindow, UnsavedWorkIsAskedAboutAndThePlaceIsKept) {
   openThree();
   const QRect place(70, 60, 900, 650);
-  window_->setGeometry(place);
+  window_->move(place.topLeft());
+  window_->resize(place.size());
   session().setUnsaved(SessionWork::Settings);
   disagree(kUnsavedQuestion);
   EXPECT_FALSE(window_->close());

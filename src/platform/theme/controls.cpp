@@ -114,7 +114,10 @@ QLabel* label(const QString& text, QWidget* parent, LabelKind kind) {
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
-  setMinimumWidth(0);
+}
+
+QSize ElidedLabel::minimumSizeHint() const {
+  return {0, QLabel::minimumSizeHint().height()};
 }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {

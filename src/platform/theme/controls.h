@@ -50,6 +50,8 @@ QLabel* label(const QString& text, QWidget* parent, LabelKind kind = LabelKind::
 class ElidedLabel : public QLabel {
  public:
   explicit ElidedLabel(QWidget* parent);
+  // It gives way to its neighbours.
+  QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
