@@ -13,10 +13,10 @@
 #include "document/frmRuvoPaint.h"
 #include "platform/desktop/desktop.h"
 #include "platform/imaging/imaging_service.h"
+#include "platform/theme/theme.h"
 #include "shell/frmRuvomain_Private.h"
 #include "shell/session/document_list.h"
 #include "shell/session/session_texts.h"
-#include "platform/theme/theme.h"
 
 namespace ruvo {
 namespace {
@@ -282,16 +282,15 @@ bool frmRuvomain::busy() const {
 // --- Closing
 
 bool frmRuvomain::confirmClosing() {
-  if (!session().closingConfirmed && anyUnsavedDocument(session().documents) &&
-      desktop::desktop().message(this, kTextUnsavedChanges, desktop::Icon::Question, desktop::Buttons::YesNoCareful) !=
-          desktop::Answer::Yes)
-    return false;
-  session().closingConfirmed = true;
-  return true;
+  return session().closingConfirmed || !anyUnsavedDocument(session().documents) ||
+         desktop::desktop().message(this, kTextUnsavedChanges, desktop::Icon::Question,
+                                    desktop::Buttons::YesNoCareful) == desktop::Answer::Yes;
 }
 
 void frmRuvomain::closeEvent(QCloseEvent* event) {
-  if (!closeAnimation() || !confirmClosing()) return event->ignore();
+  // The animation closes with its own question: by then nothing else may keep the program open.
+  if (!confirmClosing() || !closeAnimation()) return event->ignore();
+  session().closingConfirmed = true;
   unloadToolWindows(false);
   d_->unloading = true;
   for (frmRuvoPaint* document : std::vector(d_->documents))

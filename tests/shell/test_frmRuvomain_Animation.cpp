@@ -72,6 +72,12 @@ TEST_F(MainWindowAnimation, TheMainWindowClosesOnlyWithIt) {
   desktop.expect("You have not saved changes yet.  Proceed still?").answer(Answer::No);
   EXPECT_FALSE(window->close());
   EXPECT_TRUE(window->isVisible() && animation()->isVisible());
+  openNew();
+  state.documents[0].changed = true;
+  desktop.expect("Proceed to close all windows?").answer(Answer::No);
+  EXPECT_FALSE(window->close());
+  EXPECT_TRUE(animation()->isVisible()) << "a document keeps the program open";
+  desktop.expect("Proceed to close all windows?").answer(Answer::Yes);
   desktop.expect("You have not saved changes yet.  Proceed still?").answer(Answer::Yes);
   EXPECT_TRUE(window->close());
   EXPECT_EQ(animation(), nullptr);
