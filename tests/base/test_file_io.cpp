@@ -3,7 +3,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "support/file_size_limit.h"
 #include "support/temp_folder.h"
 
 namespace ruvo {
@@ -56,20 +55,6 @@ TEST(FileIo, RefusesFoldersPipesMissingAndOversizedFiles) {
   std::string reason;
   EXPECT_FALSE(replaceFile(folder.path() / "no" / "such", bytesOf("x"), &reason));
   EXPECT_THAT(reason, testing::StartsWith("create: "));
-}
-
-TEST(FileIo, AFullDiskLeavesTheOldFileAndNothingElse) {
-  const test::TempFolder folder;
-  const auto target = folder.path() / "picture.bmp";
-  ASSERT_TRUE(replaceFile(target, bytesOf("old")));
-  std::string reason;
-  {
-    const test::FileSizeLimit full(1000);
-    EXPECT_FALSE(replaceFile(target, std::vector<std::uint8_t>(5000, 1), &reason));
-  }
-  EXPECT_THAT(reason, testing::StartsWith("write: "));
-  EXPECT_EQ(readWholeFile(target, 9), bytesOf("old"));
-  EXPECT_EQ(folder.names(), std::vector<std::string>{"picture.bmp"});
 }
 
 TEST(FileIo, WritingLeavesAloneWhatIsNoFileOrReadOnly) {

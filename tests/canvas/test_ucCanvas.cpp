@@ -36,16 +36,6 @@ struct ShownCanvas {
   Pixel32 pixel(int x, int y) { return test::pixelAt(canvas.DIB(), x, y); }
 };
 
-TEST(UcCanvas, StartsBlankWithItsChildControls) {
-  ucCanvas canvas;
-  for (const char* name : {"picDisp", "HsbDisp", "VsbDisp", "picJunction", "picDrag(0)", "picDrag(3)",
-                           "picDragHorizontal", "picDragVertical", "picLoadingMsg"}) {
-    EXPECT_NE(canvas.findChild<QWidget*>(name), nullptr) << name;
-  }
-  EXPECT_EQ(canvas.CanvasOp(), 18);
-  EXPECT_FALSE(canvas.HasScrollBarVisible());
-}
-
 TEST(UcCanvas, PaintsByTheMouse) {
   ShownCanvas shown(40, 40);
   shown.canvas.settings().ColorToUse = rgb(200, 10, 20);

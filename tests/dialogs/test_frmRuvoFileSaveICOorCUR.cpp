@@ -4,7 +4,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QPushButton>
 #include <QTest>
 
 #include "base/file_io.h"
@@ -12,21 +11,18 @@
 #include "formats/clsICO.h"
 #include "support/pictures.h"
 #include "support/temp_folder.h"
+#include "support_ui/control.h"
 #include "support_ui/scripted_desktop.h"
 
 namespace ruvo {
 namespace {
 
+using test::control;
+
 const test::Ink kInk = {{'.', kWhite}, {'r', rgb(255, 0, 0)}, {'b', rgb(0, 0, 255)}};
 
 class SaveICOorCUR : public testing::Test {
  protected:
-  template <typename T>
-  static T* control(QWidget& window, const char* name) {
-    auto* found = window.findChild<T*>(name);
-    EXPECT_NE(found, nullptr) << name;
-    return found;
-  }
   // A click on the magnified picture at an icon's pixel.
   static void click(QWidget& window, Qt::MouseButton button, QPoint pixel, int side = 32) {
     auto* picture = control<QWidget>(window, "picMagnified");
@@ -94,7 +90,7 @@ TEST_F(SaveICOorCUR, WritesWhatWasChosen) {
   click(icon, Qt::LeftButton, {12, 8}, 16);
   desktop.expectSave(path("new.png"), path("p.ico"));
   desktop.expect("Saved to " + path("new.png.ico"));
-  control<QPushButton>(icon, "cmdProceed")->click();
+  control(icon, "cmdProceed")->click();
   EXPECT_EQ(icon.savedPath(), path("new.png.ico"));
   EXPECT_EQ(desktop.lastFilter, "(*.ico)|*.ico|");
   clsICO file;
@@ -113,7 +109,7 @@ TEST_F(SaveICOorCUR, EveryRefusalIsToldAndTheWindowStays) {
   const auto proceed = [&](const QString& picked, const char* words) {
     desktop.expectSave(picked);
     desktop.expect(words);
-    control<QPushButton>(cursor, "cmdProceed")->click();
+    control(cursor, "cmdProceed")->click();
     EXPECT_TRUE(cursor.isVisible());
     EXPECT_EQ(cursor.savedPath(), "");
   };

@@ -3,20 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QListWidget>
-#include <QPushButton>
 
 #include "support/pictures.h"
+#include "support_ui/control.h"
 #include "support_ui/scripted_desktop.h"
 
 namespace ruvo {
 namespace {
 
-template <typename T = QPushButton>
-T* control(QWidget& window, const char* name) {
-  auto* found = window.findChild<T*>(name);
-  EXPECT_NE(found, nullptr) << name;
-  return found;
-}
+using test::control;
 
 clsICO::Image unreadable(int bpp, int side = 16) {
   clsICO::Image image;

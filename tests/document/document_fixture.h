@@ -62,6 +62,32 @@ class DocumentTest : public testing::Test {
     return image;
   }
 
+  // More colours than a table holds.
+  static QImage colourful(int width = 40, int height = 30) {
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y) {
+      for (int x = 0; x < width; ++x) image.setPixelColor(x, y, QColor(x * 3, y * 4, (x + y)));
+    }
+    return image;
+  }
+  // Picks a menu item that asks where to save, where it may propose such a name, and tells these words.
+  void save(const char* control, int index, const QString& to, const QString& proposed = "", const QString& told = "") {
+    desktop.expectSave(to, proposed);
+    if (!told.isEmpty()) desktop.expect(told);
+    EXPECT_TRUE(document->triggerMenu(control, index));
+  }
+  // Picks a menu item that asks whether to proceed.
+  void proceed(const char* control, int index, desktop::Answer answer = desktop::Answer::Yes) {
+    desktop.expect("Proceed").answer(answer);
+    EXPECT_TRUE(document->triggerMenu(control, index));
+  }
+  // What the menu tells about the file.
+  QString properties() {
+    desktop.expect("Original image color depth:");
+    EXPECT_TRUE(document->triggerMenu("mnuInquiryOriginal"));
+    return desktop.messages.last();
+  }
+
   clsDIB& picture() { return document->canvas()->DIB(); }
   // "#rrggbb" of a picture point.
   QString colourAt(int x, int y) {

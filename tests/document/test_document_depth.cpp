@@ -10,13 +10,6 @@ using test::DocumentTest;
 
 class DocumentDepth : public DocumentTest {
  protected:
-  void openManyColours() {
-    QImage image(40, 30, QImage::Format_RGB32);
-    for (int y = 0; y < 30; ++y) {
-      for (int x = 0; x < 40; ++x) image.setPixelColor(x, y, QColor(x * 6, y * 8, (x + y) * 3));
-    }
-    ASSERT_TRUE(open(write("many.png", image)));
-  }
   std::set<QString> colours() {
     std::set<QString> all;
     for (int y = 0; y < picture().DIBHeight(); ++y) {
@@ -52,29 +45,25 @@ const ReductionCase kReductions[] = {
     {"mnuColorReductionSub", 0, "\nProceed to change BPP?", 256, kAnyColour},
     {"mnuColorReductionSub", 1, "\nProceed to change BPP?", 16, isOfTheSixteen},
     {"mnuColorReductionBWSub", 0, "\nProceed to convert to B&W?", 2, isBlackOrWhite},
-    {"mnuColorReductionBWSub", 1, "\nProceed to convert to B&W?", 2, isBlackOrWhite},
-    {"mnuColorReductionBWSub", 2, "\nProceed to convert to B&W?", 2, isBlackOrWhite},
     {"mnuColorReductionBWSub", 3, "\nProceed to convert to B&W?", 2, isBlackOrWhite},
     {"mnuBPPSub", 2, "\nProceed to convert websafe?", 216, isWebsafe},
 };
 
 TEST_F(DocumentDepth, EachReductionAsksFirstAndBecomesAState) {
-  openManyColours();
+  ASSERT_TRUE(open(write("many.png", colourful())));
   const std::set<QString> before = colours();
   ASSERT_GT(before.size(), 1000u);
   std::set<std::set<QString>> results;
   for (const ReductionCase& c : kReductions) {
     desktop.messages.clear();
-    desktop.expect("Proceed").answer(Answer::No);
-    EXPECT_TRUE(document->triggerMenu(c.control, c.index));
+    proceed(c.control, c.index, Answer::No);
     EXPECT_EQ(desktop.messages.value(0), c.question);
     EXPECT_EQ(colours(), before);
     EXPECT_EQ(undoFiles().size(), 1u);
     EXPECT_FALSE(changed());
     main.panels[kPanelPixel] = "something";
     main.calls.clear();
-    desktop.expect("Proceed").answer(Answer::Yes);
-    EXPECT_TRUE(document->triggerMenu(c.control, c.index));
+    proceed(c.control, c.index);
     const std::set<QString> after = colours();
     EXPECT_LE(after.size(), c.mostColours);
     EXPECT_GE(after.size(), std::min<std::size_t>(c.mostColours, 6)) << c.control << c.index;
@@ -90,26 +79,14 @@ TEST_F(DocumentDepth, EachReductionAsksFirstAndBecomesAState) {
   }
 }
 
-TEST_F(DocumentDepth, FewColoursStayAsTheyAre) {
-  QImage image(30, 20, QImage::Format_RGB32);
-  for (int i = 0; i < 600; ++i) image.setPixelColor(i % 30, i / 30, QColor(i % 200, 77, 3));
-  ASSERT_TRUE(open(write("few.bmp", image)));
-  const std::set<QString> before = colours();
-  desktop.expect("Proceed").answer(Answer::Yes);
-  EXPECT_TRUE(document->triggerMenu("mnuColorReductionSub", 0));
-  EXPECT_EQ(colours(), before);
-  EXPECT_EQ(colourAt(7, 0), image.pixelColor(7, 0).name());
-}
-
 TEST_F(DocumentDepth, TheViewModeHasNoReductions) {
-  openManyColours();
+  openPlain();
   main.tools.viewMode = true;
   document->updateEditButtons();
   EXPECT_FALSE(document->triggerMenu("mnuColorReductionSub", 0));
   main.tools.viewMode = false;
   document->updateEditButtons();
-  desktop.expect("Proceed").answer(Answer::No);
-  EXPECT_TRUE(document->triggerMenu("mnuColorReductionSub", 0));
+  proceed("mnuColorReductionSub", 0, Answer::No);
 }
 
 }  // namespace

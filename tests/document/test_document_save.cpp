@@ -14,11 +14,7 @@ class DocumentSave : public DocumentTest {
  protected:
   // Opens a picture of many colours and edits it, so that there is something to lose.
   void openColourful() {
-    QImage image(40, 30, QImage::Format_RGB32);
-    for (int y = 0; y < 30; ++y) {
-      for (int x = 0; x < 40; ++x) image.setPixelColor(x, y, QColor(x * 6, y * 8, (x + y) * 3));
-    }
-    ASSERT_TRUE(open(write("colourful.bmp", image)));
+    ASSERT_TRUE(open(write("colourful.bmp", colourful())));
     document->Do_mnuRotateSubClick(0);
     ASSERT_TRUE(changed());
     ASSERT_TRUE(main.buttons.undo);
@@ -40,16 +36,15 @@ class DocumentSave : public DocumentTest {
   }
 };
 
-struct SaveCase {
-  const char* control;
-  int index;
-  const char* name;
-  const char* proposed;
-  int tolerance;
-};
-
 TEST_F(DocumentSave, EachFormatComesBackAsItWas) {
-  const SaveCase cases[] = {
+  struct Case {
+    const char* control;
+    int index;
+    const char* name;
+    const char* proposed;
+    int tolerance;
+  };
+  const Case cases[] = {
       {"mnuFileSaveBMPSub", 0, "out.bmp", "colourful.bmp", 0},
       {"mnuFileSavePNGSub", 0, "out.png", "colourful.png", 0},
       {"mnuFileSub", 11, "out.tif", "colourful.tif", 0},
@@ -58,12 +53,11 @@ TEST_F(DocumentSave, EachFormatComesBackAsItWas) {
       {"mnuFileSaveJPGSub", 4, "out95.jpg", "colourful.jpg", 40},
       {"mnuFileSaveJPGSub", 0, "out55.jpg", "colourful.jpg", 90},
   };
-  for (const SaveCase& c : cases) {
+  for (const Case& c : cases) {
     newWindow();
     openColourful();
     const QString file = path(c.name);
-    desktop.expectSave(file, c.proposed);
-    EXPECT_TRUE(document->triggerMenu(c.control, c.index));
+    save(c.control, c.index, file, c.proposed);
     expectSaved(file);
     const LoadedPicture back = loadPicture(file.toStdString());
     ASSERT_EQ(back.fault, OpenFault::None) << c.name;
@@ -77,15 +71,13 @@ TEST_F(DocumentSave, EachFormatComesBackAsItWas) {
 TEST_F(DocumentSave, FewColoursAreSavedExactlyAtTheirDepth) {
   QImage image = plain(8, 4, Qt::black);
   ASSERT_TRUE(open(write("black.bmp", image)));
-  desktop.expectSave(path("one.bmp"));
-  EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 0));
+  save("mnuFileSaveBMPSub", 0, path("one.bmp"));
   QImage back(path("one.bmp"));
   EXPECT_EQ(back.depth(), 1);
   EXPECT_EQ(back.pixelColor(3, 3), QColor(Qt::black));
   for (int x = 0; x < 8; ++x) image.setPixelColor(x, 0, QColor(x * 20, x, 255));
   ASSERT_TRUE(document->LoadOpenFile(write("few.bmp", image), 3, false));
-  desktop.expectSave(path("eight.bmp"));
-  EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 0));
+  save("mnuFileSaveBMPSub", 0, path("eight.bmp"));
   back = QImage(path("eight.bmp"));
   EXPECT_EQ(back.depth(), 8);
   EXPECT_EQ(back.pixelColor(7, 0), QColor(140, 7, 255));
@@ -93,12 +85,9 @@ TEST_F(DocumentSave, FewColoursAreSavedExactlyAtTheirDepth) {
 
 TEST_F(DocumentSave, ConvertingTo8BitsStaysOnTheCanvasOnlyAfterSuccess) {
   openColourful();
-  desktop.expectSave(path("no/such/folder.bmp"));
-  desktop.expect("Failed to save this file.");
-  EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 2));
+  save("mnuFileSaveBMPSub", 2, path("no/such/folder.bmp"), "", "Failed to save this file.");
   expectNothingLost();
-  desktop.expectSave(path("eight.bmp"));
-  EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 2));
+  save("mnuFileSaveBMPSub", 2, path("eight.bmp"));
   expectSaved(path("eight.bmp"));
   EXPECT_EQ(clsDIB::BPPperActualDIB(picture()), 8);
   EXPECT_EQ(QImage(path("eight.bmp")).depth(), 8);
@@ -110,20 +99,15 @@ TEST_F(DocumentSave, ConvertingTo8BitsStaysOnTheCanvasOnlyAfterSuccess) {
 
 TEST_F(DocumentSave, CancelledRefusedAndFailedSavesLoseNothing) {
   openColourful();
-  desktop.expectSave("");
-  EXPECT_TRUE(document->triggerMenu("mnuFileSavePNGSub", 0));
+  save("mnuFileSavePNGSub", 0, "");
   expectNothingLost();
   const QString old = writeBytes("old.png", "old");
   ASSERT_EQ(::chmod(old.toStdString().c_str(), 0444), 0);
-  desktop.expectSave(old);
-  desktop.expect("File is read only.");
-  EXPECT_TRUE(document->triggerMenu("mnuFileSavePNGSub", 0));
+  save("mnuFileSavePNGSub", 0, old, "", "File is read only.");
   expectNothingLost();
   EXPECT_EQ(QFileInfo(old).size(), 3);
   std::filesystem::create_directory(folder / "taken.tif");
-  desktop.expectSave(path("taken.tif"));
-  desktop.expect("Failed to save this file.");
-  EXPECT_TRUE(document->triggerMenu("mnuFileSub", 11));
+  save("mnuFileSub", 11, path("taken.tif"), "", "Failed to save this file.");
   expectNothingLost();
   main.state.gdiPlusUsable = false;
   desktop.expect("GDIplus.dll not found.  Please select to save with Options Panel.");
@@ -138,8 +122,7 @@ TEST_F(DocumentSave, PlainSaveUsesTheRecordsOwnFormatAndItsExtension) {
   const QString mine = writeBytes("mine.bmp.jpg", "a file that nobody agreed to replace");
   ASSERT_TRUE(open(photo));
   desktop.expectSave(path("mine.bmp"), "photo.jpg");
-  desktop.expectSave(path("again.png"), "mine.bmp.jpg");
-  EXPECT_TRUE(document->triggerMenu("mnuFileSub", 6));
+  save("mnuFileSub", 6, path("again.png"), "mine.bmp.jpg");
   EXPECT_EQ(QImageReader::imageFormat(path("again.png.jpg")), "jpeg");
   EXPECT_EQ(main.wholeTitle, path("again.png.jpg"));
   EXPECT_FALSE(QFile::exists(path("mine.bmp")));
@@ -152,8 +135,7 @@ TEST_F(DocumentSave, TheViewModeSavesWhatItShows) {
   document->Do_UpdateModeChange();
   main.tools.zoomScale = 2;
   document->Do_zoomScaleChanged();
-  desktop.expectSave(path("twice.bmp"));
-  EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 0));
+  save("mnuFileSaveBMPSub", 0, path("twice.bmp"));
   EXPECT_EQ(QImage(path("twice.bmp")).size(), QSize(8, 6));
   EXPECT_EQ(picture().size(), (Size{4, 3})) << "the picture keeps its size";
   EXPECT_TRUE(changed()) << "and is still unsaved at that size";
@@ -163,9 +145,7 @@ TEST_F(DocumentSave, TheViewModeSavesWhatItShows) {
   EXPECT_EQ(main.tools.zoomScale, 1) << "twenty times would be too large";
   main.tools.zoomScale = 10;
   document->Do_zoomScaleChanged();
-  desktop.expectSave(path("vast.bmp"));
-  desktop.expect("Failed to save this file.");
-  EXPECT_TRUE(document->triggerMenu("mnuFileSaveBMPSub", 0));
+  save("mnuFileSaveBMPSub", 0, path("vast.bmp"), "", "Failed to save this file.");
   EXPECT_FALSE(QFile::exists(path("vast.bmp")));
 }
 

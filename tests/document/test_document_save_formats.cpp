@@ -14,9 +14,8 @@
 namespace ruvo {
 namespace {
 
+using namespace test;
 using desktop::Answer;
-using test::Bytes;
-using test::DocumentTest;
 
 class DocumentFormats : public DocumentTest {
  protected:
@@ -28,18 +27,6 @@ class DocumentFormats : public DocumentTest {
     ASSERT_TRUE(open(write("few.bmp", image)));
     document->Do_mnuRotateSubClick(0);
     document->Do_mnuRotateSubClick(0);
-  }
-  void openManyColours() {
-    QImage image(80, 60, QImage::Format_RGB32);
-    for (int y = 0; y < 60; ++y) {
-      for (int x = 0; x < 80; ++x) image.setPixelColor(x, y, QColor(x * 3, y * 4, (x + y)));
-    }
-    ASSERT_TRUE(open(write("many.bmp", image)));
-  }
-  QString properties() {
-    desktop.expect("Original image color depth:");
-    EXPECT_TRUE(document->triggerMenu("mnuInquiryOriginal"));
-    return desktop.messages.last();
   }
   std::filesystem::path place(const QString& name) const { return folder / name.toStdString(); }
   // Answers the next modal window.
@@ -63,8 +50,7 @@ TEST_F(DocumentFormats, GifItemsWriteTheirFlagsWithAndWithoutTheImagingService) 
       newWindow();
       openFewColours();
       const QString file = path(QString("out%1%2.gif").arg(service).arg(variant));
-      desktop.expectSave(file, "few.gif");
-      EXPECT_TRUE(document->triggerMenu("mnuFileSaveGIFSub", variant));
+      save("mnuFileSaveGIFSub", variant, file, "few.gif");
       clsGIF gif;
       ASSERT_EQ(gif.LoadFromGIFFile(file.toStdString()), kGifOk);
       const bool transparent = variant == 1 || variant == 2;
@@ -75,11 +61,11 @@ TEST_F(DocumentFormats, GifItemsWriteTheirFlagsWithAndWithoutTheImagingService) 
       if (transparent) {
         EXPECT_EQ(gif.FrameTransparentColor(1), rgb(255, 0, 255));
       }
-      clsDIB shown = test::plainDib(20, 10, kWhite);
+      clsDIB shown = plainDib(20, 10, kWhite);
       gif.FrameDraw(shown.surface(), 1, 0, 0);
-      EXPECT_EQ(test::pixelAt(shown, 0, 0).colour(), transparent ? kWhite : rgb(255, 0, 255));
-      EXPECT_EQ(test::pixelAt(shown, 19, 0).colour(), rgb(19, 77, 200));
-      EXPECT_EQ(test::pixelAt(shown, 3, 9).colour(), rgb(83, 77, 200));
+      EXPECT_EQ(pixelAt(shown, 0, 0).colour(), transparent ? kWhite : rgb(255, 0, 255));
+      EXPECT_EQ(pixelAt(shown, 19, 0).colour(), rgb(19, 77, 200));
+      EXPECT_EQ(pixelAt(shown, 3, 9).colour(), rgb(83, 77, 200));
       EXPECT_EQ(undoFiles().size(), 1u) << "working files are gone";
       EXPECT_FALSE(changed());
       const QString told = properties();
@@ -92,26 +78,22 @@ TEST_F(DocumentFormats, GifItemsWriteTheirFlagsWithAndWithoutTheImagingService) 
 }
 
 TEST_F(DocumentFormats, AGifReducesACopyAndTakesTheCornersReducedColour) {
-  openManyColours();
+  ASSERT_TRUE(open(write("many.bmp", colourful(80, 60))));
   const QString corner = colourAt(0, 0);
-  desktop.expectSave(path("out.gif"));
-  EXPECT_TRUE(document->triggerMenu("mnuFileSaveGIFSub", 1));
+  save("mnuFileSaveGIFSub", 1, path("out.gif"));
   EXPECT_EQ(clsDIB::BPPperActualDIB(picture()), 24) << "the picture keeps its colours";
   EXPECT_EQ(colourAt(0, 0), corner);
   clsGIF gif;
   ASSERT_EQ(gif.LoadFromGIFFile(place("out.gif")), kGifOk);
   EXPECT_TRUE(gif.FrameUseTransparentColor(1));
-  clsDIB shown = test::plainDib(80, 60, rgb(1, 2, 3));
+  clsDIB shown = plainDib(80, 60, rgb(1, 2, 3));
   gif.FrameDraw(shown.surface(), 1, 0, 0);
-  EXPECT_EQ(test::pixelAt(shown, 0, 0).colour(), rgb(1, 2, 3)) << "the corner is see-through";
+  EXPECT_EQ(pixelAt(shown, 0, 0).colour(), rgb(1, 2, 3)) << "the corner is see-through";
   // Plain Save keeps the manner of the file.
-  desktop.expectSave(path("again.gif"), "out.gif");
-  EXPECT_TRUE(document->triggerMenu("mnuFileSub", 6));
+  save("mnuFileSub", 6, path("again.gif"), "out.gif");
   ASSERT_EQ(gif.LoadFromGIFFile(place("again.gif")), kGifOk);
   EXPECT_TRUE(gif.FrameUseTransparentColor(1));
-  desktop.expectSave(path("no/such/folder.gif"));
-  desktop.expect("Failed to save this file.");
-  EXPECT_TRUE(document->triggerMenu("mnuFileSaveGIFSub", 2));
+  save("mnuFileSaveGIFSub", 2, path("no/such/folder.gif"), "", "Failed to save this file.");
 }
 
 TEST_F(DocumentFormats, TheGifPanelChoosesThePixel) {
@@ -162,24 +144,20 @@ TEST_F(DocumentFormats, IconsAndCursorsAreSavedByTheirWindow) {
     ASSERT_TRUE(open(write("square.bmp", plain(32, 32, Qt::red))));
     replaceWith(Qt::green);
     const QString file = path(index == 15 ? "one.ico" : "one.cur");
-    desktop.expectSave(file, index == 15 ? "square.ico" : "square.cur");
-    desktop.expect("Saved to");
     inWindow("frmRuvoFileSaveICOorCUR", [](QDialog& window) { window.accept(); });
-    EXPECT_TRUE(document->triggerMenu("mnuFileSub", index));
+    save("mnuFileSub", index, file, index == 15 ? "square.ico" : "square.cur", "Saved to");
     EXPECT_EQ(main.wholeTitle, file);
     EXPECT_FALSE(changed());
     clsICO icon;
     ASSERT_TRUE(icon.OpenICO(file.toStdString()));
     EXPECT_EQ(icon.IconCount(), 1);
-    EXPECT_EQ(test::pixelAt(picture(), 5, 5).colour(), rgb(0, 255, 0));
+    EXPECT_EQ(pixelAt(picture(), 5, 5).colour(), rgb(0, 255, 0));
     EXPECT_EQ(properties().contains("(ICO) Multi-icon file:   No"), index == 15);
   }
   ASSERT_TRUE(document->LoadOpenFile(write("large.bmp", plain(60, 40, Qt::red)), 3, false));
   replaceWith(Qt::green);
-  desktop.expectSave(path("small.ico"));
-  desktop.expect("Saved to");
   inWindow("frmRuvoFileSaveICOorCUR", [](QDialog& window) { window.accept(); });
-  EXPECT_TRUE(document->triggerMenu("mnuFileSub", 15));
+  save("mnuFileSub", 15, path("small.ico"), "", "Saved to");
   EXPECT_EQ(picture().size(), (Size{60, 40}));
   EXPECT_TRUE(changed()) << "at its own size it is still unsaved";
 }
@@ -187,13 +165,13 @@ TEST_F(DocumentFormats, IconsAndCursorsAreSavedByTheirWindow) {
 // --- Camera data
 
 Bytes cameraPhoto(const QString& plainJpeg) {
-  test::TiffBuilder tiff(true);
+  TiffBuilder tiff(true);
   tiff.begin();
   tiff.text(36867, "2004:08:27 13:52:55");
   tiff.number(40962, 8);
   tiff.number(40963, 8);
   const Bytes plain = *readWholeFile(plainJpeg.toStdString(), 1 << 20);
-  return test::joined({test::kStart, test::exifSegment(tiff.build()), Bytes(plain.begin() + 2, plain.end())});
+  return joined({kStart, exifSegment(tiff.build()), Bytes(plain.begin() + 2, plain.end())});
 }
 
 TEST_F(DocumentFormats, APhotographGetsItsCameraDataBack) {
@@ -209,8 +187,7 @@ TEST_F(DocumentFormats, APhotographGetsItsCameraDataBack) {
     if (!service) imaging::stopImagingService();
     main.state.gdiPlusUsable = service;
     // Over the photograph itself, so the block has to be in hand before that goes.
-    desktop.expectSave(photo, "/photo_EX.jpg");
-    EXPECT_TRUE(document->triggerMenu("mnuFileSaveJPGSub", 2));
+    save("mnuFileSaveJPGSub", 2, photo, "/photo_EX.jpg");
     ASSERT_TRUE(exif.readBlock(place("photo.jpg"), written));
     // Before the block's end only the start marker and, from a writer that makes one, its JFIF segment.
     EXPECT_TRUE(std::equal(block.begin() + 2, block.end(), written.end() - static_cast<int>(block.size()) + 2));
@@ -224,8 +201,7 @@ TEST_F(DocumentFormats, APhotographGetsItsCameraDataBack) {
   main.state.gdiPlusUsable = true;
 
   main.state.options.jpgAddBackExif = false;
-  desktop.expectSave(path("bare.jpg"), "/photo.jpg");
-  EXPECT_TRUE(document->triggerMenu("mnuFileSaveJPGSub", 2));
+  save("mnuFileSaveJPGSub", 2, path("bare.jpg"), "/photo.jpg");
   EXPECT_FALSE(exif.readBlock(place("bare.jpg"), written));
   EXPECT_TRUE(properties().contains("From digital camera:   No"));
 
@@ -233,8 +209,7 @@ TEST_F(DocumentFormats, APhotographGetsItsCameraDataBack) {
   ASSERT_TRUE(document->LoadOpenFile(photo, 3, false));
   std::filesystem::remove(place("photo.jpg"));
   desktop.expect(photo + "\nOrig file missing.  Orig EXIF data will not be saved.");
-  desktop.expectSave(photo, "/photo.jpg");
-  EXPECT_TRUE(document->triggerMenu("mnuFileSaveJPGSub", 4));
+  save("mnuFileSaveJPGSub", 4, photo, "/photo.jpg");
   EXPECT_FALSE(exif.readBlock(place("photo.jpg"), written));
   EXPECT_TRUE(QFile::exists(photo));
 }

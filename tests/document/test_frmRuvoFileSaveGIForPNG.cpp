@@ -9,6 +9,7 @@
 #include "canvas/ucCanvas.h"
 #include "dialogs/color_swatch.h"
 #include "document_fixture.h"
+#include "support_ui/control.h"
 
 namespace ruvo {
 namespace {
@@ -31,7 +32,7 @@ class SavePanelTest : public testing::Test {
   }
   template <typename T>
   T& child(const char* name) {
-    return *panel->findChild<T*>(QString::fromLatin1(name));
+    return *test::control<T>(*panel, name);
   }
   void click(const char* name) { child<QAbstractButton>(name).click(); }
   void rightClickPicture(QPoint imagePoint) {

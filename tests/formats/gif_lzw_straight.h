@@ -1,28 +1,14 @@
-// The GIF coders once more, one bit and one pixel at a time, to compare the fast ones against.
+// The GIF decoder once more, one bit and one pixel at a time, to compare the fast coders against.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <vector>
 
+#include "formats/bit_writer.h"
 #include "support/pictures.h"
 
 namespace ruvo::test {
-
-using Bytes = std::vector<std::uint8_t>;
-
-// Codes as bits, low ones first. Widths are given by the caller.
-struct BitString {
-  std::vector<bool> bits;
-  void put(unsigned code, int width) {
-    for (int i = 0; i < width; ++i) bits.push_back(code >> i & 1);
-  }
-  Bytes bytes() const {
-    Bytes all((bits.size() + 7) / 8);
-    for (std::size_t i = 0; i < bits.size(); ++i) all[i / 8] |= static_cast<std::uint8_t>(bits[i] << (i % 8));
-    return all;
-  }
-};
 
 // Picture lines in the order in which they are stored.
 inline std::vector<int> straightLines(int height, bool interlaced) {
@@ -37,7 +23,7 @@ inline std::vector<int> straightLines(int height, bool interlaced) {
   return lines;
 }
 
-inline void straightDecode(clsDIB& dib, bool interlaced, int minCodeSize, const Bytes& data) {
+inline void straightDecode(clsDIB& dib, bool interlaced, int minCodeSize, std::span<const std::uint8_t> data) {
   const unsigned clear = 1U << minCodeSize;
   const std::vector<int> lines = straightLines(dib.DIBHeight(), interlaced);
   const std::size_t picture = lines.size() * static_cast<std::size_t>(dib.DIBWidth());
@@ -91,66 +77,6 @@ inline void straightDecode(clsDIB& dib, bool interlaced, int minCodeSize, const 
       old = code;
     }
   }
-}
-
-inline Bytes straightEncode(const clsDIB& dib, int initBits, bool interlaced) {
-  Bytes pixels;
-  for (const int y : straightLines(dib.DIBHeight(), interlaced)) {
-    const std::uint8_t* row = dib.surface().pictureRow(y);
-    pixels.insert(pixels.end(), row, row + dib.DIBWidth());
-  }
-  constexpr int kSlots = 5003;
-  std::vector<int> key(kSlots, -1), codeOf(kSlots);
-  const int clear = 1 << (initBits - 1);
-  int next = clear + 2, width = initBits;
-  bool cleared = false;
-  BitString codes;
-  const auto put = [&](int code) {
-    codes.put(static_cast<unsigned>(code), width);
-    if (cleared) {
-      width = initBits;
-      cleared = false;
-    } else if (width < 12 && next > (1 << width) - 1) {
-      ++width;
-    }
-  };
-  put(clear);
-  int string = pixels[0];
-  for (std::size_t p = 1; p < pixels.size(); ++p) {
-    const int pixel = pixels[p], wanted = pixel * 4096 + string;
-    int at = (pixel * 16) ^ string;
-    if (key[at] != wanted && key[at] >= 0) {
-      const int step = at == 0 ? 1 : kSlots - at;
-      do at = (at - step + kSlots) % kSlots;
-      while (key[at] != wanted && key[at] > 0);
-    }
-    if (key[at] == wanted) {
-      string = codeOf[at];
-      continue;
-    }
-    put(string);
-    string = pixel;
-    if (next < 4096) {
-      key[at] = wanted;
-      codeOf[at] = next++;
-    } else {
-      key.assign(kSlots, -1);
-      next = clear + 2;
-      cleared = true;
-      put(clear);
-    }
-  }
-  put(string);
-  put(clear + 1);
-  Bytes blocks;
-  const Bytes data = codes.bytes();
-  for (std::size_t at = 0; at < data.size(); at += 254) {
-    const std::size_t part = std::min<std::size_t>(254, data.size() - at);
-    blocks.push_back(static_cast<std::uint8_t>(part));
-    blocks.insert(blocks.end(), data.begin() + static_cast<std::ptrdiff_t>(at),
-                  data.begin() + static_cast<std::ptrdiff_t>(at + part));
-  }
-  return blocks;
 }
 
 inline Bytes joinBlocks(const Bytes& blocks) {

@@ -1,7 +1,6 @@
 // PNG files built chunk by chunk, whole or broken on purpose, and what libpng reads in them.
 #pragma once
 
-#include <png.h>
 #include <zlib.h>
 
 #include <random>
@@ -9,8 +8,10 @@
 #include <vector>
 
 #include "base/byte_writer.h"
+#include "base/limits.h"
 #include "formats/clsPNG_Format.h"
-#include "platform/raster/surface.h"
+#include "platform/imaging/codecs.h"
+#include "platform/raster/blit.h"
 
 namespace ruvo::test {
 
@@ -78,39 +79,21 @@ inline Bytes randomRows(const png::Header& header, std::mt19937& random) {
   return all;
 }
 
-// The picture at 32 bits with alpha (255 without any), as libpng reads it; empty when it refuses.
+// True colour of any kind, long enough to be taken for a file.
+inline PngParts randomPng(std::uint32_t width = 20, std::uint32_t height = 3) {
+  std::mt19937 random(8);
+  PngParts parts{{width, height, 8, 2, 0, 0, 0}};
+  parts.rows = randomRows(parts.header, random);
+  return parts;
+}
+
+// The picture at 32 bits with alpha (255 without any), as the platform reads it by libpng; empty when it refuses.
 inline raster::Surface readByLibpng(const Bytes& file) {
-  raster::Surface surface;
-  png_structp png =
-      png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, [](png_structp, png_const_charp) {});
-  png_infop info = png_create_info_struct(png);
-  if (setjmp(png_jmpbuf(png)) == 0) {
-    auto rest = std::pair(file.data(), file.size());
-    png_set_read_fn(png, &rest, [](png_structp p, png_bytep to, std::size_t count) {
-      auto& source = *static_cast<std::pair<const std::uint8_t*, std::size_t>*>(png_get_io_ptr(p));
-      if (count > source.second) png_error(p, "early end");
-      std::copy_n(source.first, count, to);
-      source.first += count;
-      source.second -= count;
-    });
-    png_read_info(png, info);
-    png_set_expand(png);
-    png_set_strip_16(png);
-    if ((png_get_color_type(png, info) & PNG_COLOR_MASK_COLOR) == 0) png_set_gray_to_rgb(png);
-    png_set_bgr(png);
-    png_set_add_alpha(png, 255, PNG_FILLER_AFTER);
-    png_set_interlace_handling(png);
-    png_read_update_info(png, info);
-    surface.create(static_cast<int>(png_get_image_width(png, info)), static_cast<int>(png_get_image_height(png, info)),
-                   32);
-    std::vector<png_bytep> rows;
-    for (int y = 0; y < surface.height(); ++y) rows.push_back(surface.pictureRow(y));
-    png_read_image(png, rows.data());
-    png_read_end(png, nullptr);
-  } else {
-    surface.clear();
-  }
-  png_destroy_read_struct(&png, &info, nullptr);
+  imaging::MemorySource source(file);
+  const imaging::LoadResult read = imaging::readPng(source, kMaxPicturePixels);
+  if (!read) return {};
+  raster::Surface surface = raster::copyOf(*read.picture.bitmap);
+  for (std::size_t i = 3; i < surface.byteCount() && !read.picture.hasAlpha; i += 4) surface.bits()[i] = 255;
   return surface;
 }
 

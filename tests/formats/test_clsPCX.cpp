@@ -4,7 +4,6 @@
 
 #include "base/byte_writer.h"
 #include "base/file_io.h"
-#include "support/file_size_limit.h"
 #include "support/pictures.h"
 #include "support/temp_folder.h"
 
@@ -125,22 +124,6 @@ TEST(PCX, WhatIsWrittenReadsBack) {
   clsDIB indexed = test::plainDib(3, 3, kWhite, 1);
   *indexed.surface().pictureRow(1) = 0x40;
   EXPECT_PICTURE(loaded(written(indexed.surface(), 2, 4, true)), {"##", "#.", "##", "##"});
-}
-
-TEST(PCX, AFailedWriteLeavesTheOldFile) {
-  const test::TempFolder folder;
-  const auto surface = test::surfaceOf(50, 50, [](int x, int y) { return Pixel32::plain(rgb(x, y, x ^ y)); });
-  clsPCX pcx;
-  replaceFile(folder / "a.pcx", Bytes{1, 2, 3});
-  for (const auto& [width, height] : {std::pair{0, 50}, {5001, 5001}, {50, 50}}) {
-    const test::FileSizeLimit full(1000);
-    EXPECT_FALSE(pcx.SavePCXinFile(folder / "a.pcx", surface, width, height));
-  }
-  EXPECT_FALSE(pcx.SavePCXinFile(folder / "a.pcx", raster::Surface(), 1, 1));
-  EXPECT_EQ(readWholeFile(folder / "a.pcx", 10), (Bytes{1, 2, 3}));
-  EXPECT_EQ(folder.names().size(), 1u);
-  EXPECT_FALSE(pcx.LoadPCX(folder / "none.pcx"));
-  EXPECT_TRUE(pcx.SavePCXinFile(folder / "a.pcx", surface, 50, 50) && pcx.LoadPCX(folder / "a.pcx"));
 }
 
 }  // namespace

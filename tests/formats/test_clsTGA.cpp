@@ -4,7 +4,6 @@
 
 #include "base/byte_writer.h"
 #include "base/file_io.h"
-#include "support/file_size_limit.h"
 #include "support/pictures.h"
 #include "support/temp_folder.h"
 
@@ -121,19 +120,6 @@ TEST(TGA, WritesTrueColourAndReadsItBack) {
   raster::Surface target = test::surfaceOf({".."});
   tga.DrawTGA(target, 1, 0);
   EXPECT_EQ(test::pixelAt(target, 1, 0), pixel(0, 0));
-}
-
-TEST(TGA, AFailedWriteLeavesTheOldFile) {
-  const test::TempFolder folder;
-  const auto surface = test::surfaceOf(50, 50, [](int x, int y) { return Pixel32::plain(rgb(x, y, x ^ y)); });
-  replaceFile(folder / "a.tga", Bytes{1, 2, 3});
-  for (const auto& [width, height] : {std::pair{50, 0}, {5001, 5001}, {50, 50}}) {
-    const test::FileSizeLimit full(1000);
-    EXPECT_FALSE(clsTGA().SaveTGAinFile(folder / "a.tga", surface, width, height));
-  }
-  EXPECT_FALSE(clsTGA().SaveTGAinFile(folder / "a.tga", raster::Surface(), 1, 1));
-  EXPECT_EQ(readWholeFile(folder / "a.tga", 10), (Bytes{1, 2, 3}));
-  EXPECT_EQ(folder.names().size(), 1u);
 }
 
 }  // namespace

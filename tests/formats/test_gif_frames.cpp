@@ -1,6 +1,5 @@
 #include "base/file_io.h"
 #include "formats/gif_bytes.h"
-#include "platform/raster/blit.h"
 #include "support/temp_folder.h"
 
 namespace ruvo {
@@ -177,9 +176,7 @@ TEST(GifFrames, PicturesComeInWithATableOfTheirOwn) {
   const PixelOf ramp = [](int x, int y) { return Pixel32::plain(rgb(x * 8, y * 8, 128)); };
   const clsDIB many = dibOf(32, 32, ramp);
   ASSERT_TRUE(gif.FrameInsertImage(many, 2));
-  raster::Surface deep;
-  deep.create(32, 32, 32);
-  raster::blit(deep, 0, 0, gif.FrameDIBXOR(2).surface());
+  const raster::Surface deep = deepOf(gif.FrameDIBXOR(2).surface());
   EXPECT_LT(farthest(&deep, ramp), 60);
   EXPECT_EQ(pixelAt(many, 5, 7), ramp(5, 7)) << "the picture itself is not dithered";
   ASSERT_EQ(gif.FrameInsertImage(otherFile(folder), 1), kGifOk);

@@ -136,25 +136,22 @@ TEST(GifLoad, TheFirstCommentAndWholeLoopBlocksCount) {
 
 TEST(GifLoad, FilesPassTheTestsInTheirOrder) {
   const TempFolder folder;
-  const auto codes = [&](const Bytes& bytes) {
-    EXPECT_TRUE(replaceFile(folder / "a.gif", bytes));
-    clsGIF gif;
-    const int code = gif.LoadFromGIFFile(folder / "a.gif");
-    EXPECT_EQ(gif.FramesCount() > 0, code == kGifOk);
-    return code;
-  };
   Bytes file = GifBytes(2, 1).image({"01"}).bytes();
   file.resize(101);
-  EXPECT_EQ(codes(file), kGifOk);
-  std::fill_n(file.begin() + 6, 4, std::uint8_t{0xFF});
-  EXPECT_EQ(codes(file), kGifBadSize);
-  file[5] = 'b';
-  EXPECT_EQ(codes(file), kGifUnknownVersion);
-  file[0] = 'J';
-  EXPECT_EQ(codes(file), kGifNoSignature);
-  file.resize(100);
-  EXPECT_EQ(codes(file), kGifNotGif);
-  EXPECT_EQ(codes({}), kGifNotGif);
+  // Each change stands before the last one in the order of the tests.
+  for (const auto& [change, expected] : std::vector<std::pair<std::function<void()>, int>>{
+           {[] {}, kGifOk},
+           {[&] { std::fill_n(file.begin() + 6, 4, std::uint8_t{0xFF}); }, kGifBadSize},
+           {[&] { file[5] = 'b'; }, kGifUnknownVersion},
+           {[&] { file[0] = 'J'; }, kGifNoSignature},
+           {[&] { file.resize(100); }, kGifNotGif},
+           {[&] { file.clear(); }, kGifNotGif}}) {
+    change();
+    ASSERT_TRUE(replaceFile(folder / "a.gif", file));
+    clsGIF gif;
+    EXPECT_EQ(gif.LoadFromGIFFile(folder / "a.gif"), expected);
+    EXPECT_EQ(gif.FramesCount() > 0, expected == kGifOk);
+  }
   EXPECT_EQ(clsGIF().LoadFromGIFFile(folder / "none.gif"), kGifNotFound);
   EXPECT_EQ(clsGIF().LoadFromGIFFile(folder.path()), kGifNotFound);
 }

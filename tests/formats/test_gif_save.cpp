@@ -1,8 +1,6 @@
 #include <gif_lib.h>
 
-#include "base/file_io.h"
 #include "formats/gif_bytes.h"
-#include "support/file_size_limit.h"
 #include "support/temp_folder.h"
 
 namespace ruvo {
@@ -145,24 +143,6 @@ TEST(GifSave, OnePictureWithoutAModel) {
   }
   EXPECT_FALSE(clsGIF::SaveGIFFrom_BPP8_DIB(path, plainDib(2, 2, kWhite, 24), pal, 8) ||
                clsGIF::SaveGIFFrom_BPP8_DIB(path, dib, pal, 9));
-}
-
-TEST(GifSave, AFailedSaveLeavesTheOldFile) {
-  const TempFolder folder;
-  const auto path = folder / "a.gif";
-  const Bytes old = {'o', 'l', 'd'};
-  ASSERT_TRUE(replaceFile(path, old));
-  clsGIF gif;
-  ASSERT_TRUE(gif.FrameInsertImage(noise(200, 200, 256), 1, {}));
-  {
-    const FileSizeLimit disk(1000);
-    EXPECT_FALSE(gif.Save(path));
-    EXPECT_FALSE(clsGIF::SaveGIFFrom_BPP8_DIB(path, noise(200, 200, 256), clsPal(), 8));
-  }
-  EXPECT_FALSE(gif.Save(folder / "none" / "a.gif") || gif.Save(folder.path()));
-  EXPECT_EQ(readWholeFile(path, 100), old);
-  EXPECT_EQ(folder.names(), std::vector<std::string>{"a.gif"});
-  EXPECT_TRUE(gif.Save(path));
 }
 
 }  // namespace

@@ -4,12 +4,14 @@
 
 #include <random>
 
+#include "formats/bit_writer.h"
 #include "formats/inflate_tables.h"
 
 namespace ruvo {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
+using test::BitWriter;
+using test::Bytes;
 
 Bytes deflateRaw(const Bytes& plain, int level, int strategy = Z_DEFAULT_STRATEGY, int memory = 8) {
   z_stream z{};
@@ -24,27 +26,6 @@ Bytes deflateRaw(const Bytes& plain, int level, int strategy = Z_DEFAULT_STRATEG
   deflateEnd(&z);
   return out;
 }
-
-// Bits in stream order, for streams that no compressor writes.
-struct BitWriter {
-  Bytes bytes;
-  int used = 8;
-  BitWriter& put(unsigned value, int bits) {
-    for (int i = 0; i < bits; ++i, ++used) {
-      if (used == 8) {
-        bytes.push_back(0);
-        used = 0;
-      }
-      bytes.back() = static_cast<std::uint8_t>(bytes.back() | (value >> i & 1) << used);
-    }
-    return *this;
-  }
-  // A Huffman code: highest bit first.
-  BitWriter& code(unsigned value, int bits) {
-    while (bits-- > 0) put(value >> bits & 1, 1);
-    return *this;
-  }
-};
 
 std::vector<Bytes> materials() {
   std::mt19937 random(7);

@@ -66,19 +66,6 @@ TEST_F(GDIProc, QualityHasAFloorOnlyInItsOwnOperation) {
   EXPECT_LT(sizeAt(exact, 55), sizeAt(exact, 70));
 }
 
-TEST_F(GDIProc, NothingHappensWithoutTheService) {
-  clsDIB dib = noisy();
-  ASSERT_TRUE(SaveDIBWithEncoder(dib, folder_ / "a.png", kEncodePng));
-  imaging::stopImagingService();
-  for (const int format : {1, 2, 3, 4}) EXPECT_FALSE(SaveDIBWithEncoder(dib, folder_ / "new", format, 24));
-  EXPECT_FALSE(SaveJPEGWithQuality(dib, folder_ / "new", 90));
-  EXPECT_FALSE(IsFormatLoadable(folder_ / "a.png", kMimePng));
-  EXPECT_FALSE(GetEncoderClsid(kMimePng) || GetDecoderClsid(kMimePng));
-  EXPECT_FALSE(ResizeDIBQuality(dib, 10, 10, true));
-  EXPECT_EQ(dib.DIBWidth(), 64);
-  EXPECT_EQ(folder_.names(), std::vector<std::string>{"a.png"});
-}
-
 TEST_F(GDIProc, WithoutAnEncoderThereIsNoGif) {
   const clsDIB dib = test::plainDib(5, 4, kWhite, 8);
   imaging::setGifEncoder(nullptr);

@@ -144,7 +144,6 @@ TEST(ClsDibPaint, BestFitKeepsProportionsAndNeverVanishes) {
   };
   EXPECT_EQ(fit(50, 20, 100, 100, false), (std::array{25, 40, 50, 20}));
   EXPECT_EQ(fit(50, 20, 100, 100, true), (std::array{0, 30, 100, 40}));
-  EXPECT_EQ(fit(400, 300, 100, 100, false), (std::array{0, 12, 100, 75}));
   EXPECT_EQ(fit(300, 400, 100, 100, false), (std::array{12, 0, 75, 100}));
   EXPECT_EQ(fit(1000, 1, 100, 100, false), (std::array{0, 49, 100, 1}));
   EXPECT_EQ(fit(0, 0, 100, 100, false), (std::array{0, 0, 0, 0}));

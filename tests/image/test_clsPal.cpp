@@ -33,37 +33,32 @@ TEST(ClsPal, BlankPalettesKeepTheCountWithinBounds) {
 
 TEST(ClsPal, StandardTables) {
   clsPal pal;
+  const auto expectTable = [&](int count, int index, Colour colour, bool grey = false) {
+    SCOPED_TRACE(count);
+    EXPECT_EQ(pal.MaxCount(), count);
+    EXPECT_EQ(entryOf(pal, index), colour);
+    EXPECT_EQ(pal.IsGreyScale(), grey);
+  };
   pal.CreatePalette2();
-  EXPECT_EQ(pal.MaxCount(), 2);
-  EXPECT_EQ(entryOf(pal, 1), kWhite);
+  expectTable(2, 1, kWhite, true);
   pal.CreatePalette16();
-  const std::array<Colour, 16> sixteen = {rgb(0, 0, 0),       rgb(128, 0, 0),   rgb(0, 128, 0),   rgb(128, 128, 0),
-                                          rgb(0, 0, 128),     rgb(128, 0, 128), rgb(0, 128, 128), rgb(192, 192, 192),
-                                          rgb(128, 128, 128), rgb(255, 0, 0),   rgb(0, 255, 0),   rgb(255, 255, 0),
-                                          rgb(0, 0, 255),     rgb(255, 0, 255), rgb(0, 255, 255), rgb(255, 255, 255)};
-  for (int i = 0; i < 16; ++i) EXPECT_EQ(entryOf(pal, i), sixteen[static_cast<std::size_t>(i)]) << i;
-  // The same colours that depth 4 is decided by.
-  EXPECT_EQ(std::set<Colour>(sixteen.begin(), sixteen.end()),
-            std::set<Colour>(clsDIB::sixteenColours().begin(), clsDIB::sixteenColours().end()));
-  EXPECT_FALSE(pal.IsGreyScale());
+  expectTable(16, 9, rgb(255, 0, 0));
+  std::set<Colour> sixteen;
+  for (int i = 0; i < 16; ++i) sixteen.insert(entryOf(pal, i));
+  EXPECT_EQ(sixteen, std::set<Colour>(clsDIB::sixteenColours().begin(), clsDIB::sixteenColours().end()))
+      << "the same colours that depth 4 is decided by";
   pal.CreateGrays(16);
-  EXPECT_EQ(pal.MaxCount(), 16);
-  EXPECT_EQ(entryOf(pal, 15), kWhite);
-  EXPECT_EQ(entryOf(pal, 3), rgb(51, 51, 51));
-  EXPECT_TRUE(pal.IsGreyScale());
-  const std::array<int, 5> counts = {8, 27, 64, 125, 216};
+  expectTable(16, 3, rgb(51, 51, 51), true);
   for (int level = 0; level < 5; ++level) {
     pal.CreateHalftone(level);
-    const int count = counts[static_cast<std::size_t>(level)];
-    EXPECT_EQ(pal.MaxCount(), count);
-    EXPECT_EQ(entryOf(pal, count - 1), kWhite);
-    EXPECT_EQ(pal.rgbG(1), 0);  // red runs fastest
+    const int side = level + 2, count = side * side * side;
+    expectTable(count, count - 1, kWhite);
+    EXPECT_EQ(pal.rgbG(1), 0) << "red runs fastest";
   }
   pal.CreateHalftone(3);
-  EXPECT_EQ(entryOf(pal, 6), rgb(64, 64, 0));
+  expectTable(125, 6, rgb(64, 64, 0));
   pal.CreateWebsafe();
-  EXPECT_EQ(pal.MaxCount(), 216);
-  EXPECT_EQ(entryOf(pal, 6 * 6 * 2 + 6 * 3 + 4), rgb(204, 153, 102));
+  expectTable(216, 6 * 6 * 2 + 6 * 3 + 4, rgb(204, 153, 102));
 }
 
 TEST(ClsPal, NearestGoesByTheColoursOfTheLastCreation) {

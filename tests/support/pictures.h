@@ -76,11 +76,17 @@ inline clsDIB plainDib(int width, int height, Colour colour, int bpp = 32, bool 
   return dib;
 }
 
-// The rows of a surface as text, top line first; colours that the ink does not name become '?'.
-inline Rows rowsOf(const raster::Surface& surface, const Ink& ink = blackAndWhite()) {
+// The same pixels at 32 bits.
+inline raster::Surface deepOf(const raster::Surface& surface) {
   raster::Surface deep;
   deep.create(surface.width(), surface.height(), 32);
   raster::blit(deep, 0, 0, surface);
+  return deep;
+}
+
+// The rows of a surface as text, top line first; colours that the ink does not name become '?'.
+inline Rows rowsOf(const raster::Surface& surface, const Ink& ink = blackAndWhite()) {
+  const raster::Surface deep = deepOf(surface);
   Rows rows;
   for (int y = 0; y < deep.height(); ++y) {
     rows.emplace_back();

@@ -11,8 +11,7 @@
 namespace ruvo {
 namespace {
 
-using test::dibOf;
-using test::ToolTest;
+using namespace test;
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::EndsWith;
@@ -73,7 +72,7 @@ TEST_F(ToolTest, NamesTheFileThatItRefusesAndGoesOn) {
   put("noext", "x");
   put("song.ogg", "x");
   put("cut.gif", "GIF89a");
-  const auto wide = test::BmpFile{.width = 32761, .height = 1}.bytes();
+  const auto wide = BmpFile{.width = 32761, .height = 1}.bytes();
   replaceFile(folder / "wide.bmp", wide);
   EXPECT_EQ(run({"info", "@none.bmp", "@cut.png", "@noext", "@song.ogg", "@cut.gif", "@wide.bmp", "@good.png"}), 1);
   std::vector<std::string> lines;
@@ -91,7 +90,7 @@ TEST_F(ToolTest, NamesTheFileThatItRefusesAndGoesOn) {
 }
 
 TEST_F(ToolTest, WritesWholeFilesOrNone) {
-  putPng("in.png", test::dibOf(300, 200, [](int x, int y) { return Pixel32::plain(rgb(x, y, x * y)); }));
+  putPng("in.png", dibOf(300, 200, [](int x, int y) { return Pixel32::plain(rgb(x, y, x * y)); }));
   for (const char* extension : {"bmp", "gif", "jpg", "png", "tif", "tga", "pcx", "rgba", "pam", "pal"}) {
     const std::string name = std::string("out.") + extension;
     put(name, "old");
@@ -99,7 +98,7 @@ TEST_F(ToolTest, WritesWholeFilesOrNone) {
     std::vector<std::string> words = {pam ? "decode" : pal ? "palette" : "convert", "@in.png", "@" + name};
     if (pal) words.push_back("--optimal=16");
     {
-      const test::FileSizeLimit full(1000);
+      const FileSizeLimit full(1000);
       EXPECT_EQ(run(words), 1) << name;
       EXPECT_THAT(err, StartsWith("ruvotool: " + at(name) + ": ")) << name;
     }
@@ -115,11 +114,11 @@ TEST_F(ToolTest, WritesWholeFilesOrNone) {
 }
 
 TEST_F(ToolTest, TakesCameraDataOutAndPutsItBack) {
-  test::TiffBuilder tiff(true);
+  TiffBuilder tiff(true);
   tiff.begin();
   tiff.text(271, "Maker\x1B[2J");
   tiff.shorts(274, {6});
-  replaceFile(folder / "a.jpg", test::jpegWith(tiff.build(), test::kJfif));
+  replaceFile(folder / "a.jpg", jpegWith(tiff.build(), kJfif));
   put("text", "no block");
   const std::string whole = bytesOf("a.jpg");
   ASSERT_EQ(run({"exif", "list", "@a.jpg"}), 0) << err;

@@ -12,18 +12,11 @@ const Ink kInk = {
     {'.', kWhite}, {'#', kBlack}, {'r', rgb(255, 0, 0)}, {'g', rgb(0, 128, 0)}, {'p', rgb(255, 128, 128)}};
 
 // A plus of red on a see-through ground.
-const Rows kPlus = {"#r#", "rrr", "#r#"};
-const Rows kPlusMask = {".#.", "###", ".#."};
-
-struct Plus {
-  clsDIB picture = dibOf(kPlus, kInk);
-  clsDIB mask = dibOf(kPlusMask, kInk);
-};
+const clsDIB kPlus = dibOf({"#r#", "rrr", "#r#"}, kInk), kPlusMask = dibOf({".#.", "###", ".#."}, kInk);
 
 TEST(CustomBrush, laysItsOpaquePartCentred) {
-  const Plus plus;
   clsDIB canvas = dibOf({"gggg", "gggg", "gggg", "gggg"}, kInk);
-  CustomBrushStroke stroke(canvas, plus.picture, plus.mask, {});
+  CustomBrushStroke stroke(canvas, kPlus, kPlusMask, {});
   EXPECT_EQ(stroke.press({2, 2}), (Rect{1, 1, 4, 4}));
   EXPECT_PICTURE(rowsOf(canvas, kInk), {"gggg", "ggrg", "grrr", "ggrg"});
   EXPECT_EQ(stroke.move({0, 0}), (Rect{0, 0, 2, 2}));
@@ -31,8 +24,7 @@ TEST(CustomBrush, laysItsOpaquePartCentred) {
 }
 
 TEST(CustomBrush, mixesInAndLeavesItsWhiteOut) {
-  const clsDIB picture = dibOf({"r.#"}, kInk);
-  const clsDIB mask = dibOf({"##."}, kInk);
+  const clsDIB picture = dibOf({"r.#"}, kInk), mask = dibOf({"##."}, kInk);
   clsDIB canvas = dibOf({".g."}, kInk);
   CustomBrushStroke stroke(canvas, picture, mask, {.percent = 50});
   stroke.press({1, 0});
@@ -40,9 +32,8 @@ TEST(CustomBrush, mixesInAndLeavesItsWhiteOut) {
 }
 
 TEST(CustomBrush, stopsPastTheFarSidesOnly) {
-  const Plus plus;
   clsDIB canvas = dibOf({"..", ".."}, kInk);
-  CustomBrushStroke stroke(canvas, plus.picture, plus.mask, {});
+  CustomBrushStroke stroke(canvas, kPlus, kPlusMask, {});
   EXPECT_TRUE(stroke.move({3, 1}).empty());
   EXPECT_TRUE(stroke.move({1, 3}).empty());
   EXPECT_EQ(stroke.move({2, 1}), (Rect{1, 0, 2, 2}));
@@ -50,8 +41,7 @@ TEST(CustomBrush, stopsPastTheFarSidesOnly) {
 }
 
 TEST(CustomBrush, rectanglesInTheNormalMannerDoNotOverlap) {
-  const clsDIB picture = dibOf({"rr", "rr"}, kInk);
-  const clsDIB mask = dibOf({"##", "##"}, kInk);
+  const clsDIB picture = dibOf({"rr", "rr"}, kInk), mask = dibOf({"##", "##"}, kInk);
   const auto stroked = [&](int shape, int manner) {
     clsDIB canvas = dibOf({"......", "......"}, kInk);
     CustomBrushStroke stroke(canvas, picture, mask, {100, shape, manner});
@@ -65,16 +55,14 @@ TEST(CustomBrush, rectanglesInTheNormalMannerDoNotOverlap) {
 }
 
 TEST(CustomBrush, touchedPixelsBecomeOpaque) {
-  const Plus plus;
   clsDIB canvas = dibOf({"###"}, kInk);
   canvas.setDIBhasAlpha(true);
-  CustomBrushStroke(canvas, plus.picture, plus.mask, {}).press({1, 1});
+  CustomBrushStroke(canvas, kPlus, kPlusMask, {}).press({1, 1});
   for (int x = 0; x < 3; ++x) EXPECT_EQ(pixelAt(canvas, x, 0).alpha, x == 1 ? 255 : 0);
 }
 
 TEST(Stamp, originalIsLaidCentredWithTheHalfTruncated) {
-  const clsDIB picture = dibOf({"rg"}, kInk);
-  const clsDIB mask = dibOf({"##"}, kInk);
+  const clsDIB picture = dibOf({"rg"}, kInk), mask = dibOf({"##"}, kInk);
   clsDIB canvas = dibOf({"....", "...."}, kInk);
   EXPECT_EQ(paintStamp(canvas, {2, 1}, picture, mask, kStampOriginal, 1), (Rect{1, 1, 3, 2}));
   EXPECT_PICTURE(rowsOf(canvas, kInk), {"....", ".rg."});
@@ -87,8 +75,8 @@ TEST(Stamp, texturePressesTheReliefIntoWhatLiesUnder) {
   // 128 + d / 2 at weight 0.5; the ground 100 then becomes 100 + that - 128.
   const Ink ink = {{'o', rgb(200, 200, 200)}, {'d', rgb(100, 100, 100)}, {'#', kBlack},
                    {'=', rgb(100, 100, 100)}, {'-', rgb(50, 50, 50)},    {'+', rgb(150, 150, 150)}};
-  const clsDIB picture = dibOf({"oooo", "odoo", "oooo", "oooo"}, ink);
-  const clsDIB mask = dibOf({"####", "####", "####", "####"}, ink);
+  const clsDIB picture = dibOf({"oooo", "odoo", "oooo", "oooo"}, ink),
+               mask = dibOf({"####", "####", "####", "####"}, ink);
   const auto stamped = [&](int style) {
     clsDIB canvas = dibOf({"====", "====", "====", "===="}, ink);
     paintStamp(canvas, {2, 2}, picture, mask, style, 0.5f);

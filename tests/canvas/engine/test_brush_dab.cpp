@@ -25,17 +25,6 @@ Rows dabbed(int width, int height, Point at, int size, int style, SteadyRandom&&
   return rowsOf(dib, kInk);
 }
 
-TEST(BrushDab, metricsFollowTheSize) {
-  struct Row {
-    int size, ext, a, hs, bar;
-  };
-  for (const Row& r : {Row{1, 1, 2, 1, 4}, Row{2, 1, 4, 2, 6}, Row{3, 2, 6, 3, 8}, Row{8, 3, 12, 6, 14},
-                       Row{12, 4, 16, 8, 18}, Row{16, 5, 22, 11, 24}, Row{20, 6, 26, 13, 28}}) {
-    const DabMetrics m = DabMetrics::of(r.size);
-    EXPECT_EQ((std::vector{m.ext, m.a, m.hs, m.bar}), (std::vector{r.ext, r.a, r.hs, r.bar})) << "size " << r.size;
-  }
-}
-
 TEST(BrushDab, roundShapes) {
   EXPECT_PICTURE(dabbed(3, 3, {1, 1}, 1, 2), {"...", ".#.", "..."});
   EXPECT_PICTURE(dabbed(7, 7, {3, 3}, 3, 1),
@@ -82,13 +71,12 @@ TEST(BrushDab, slantsAndBars) {
 
 TEST(BrushDab, paintsTheInnerPartAtEveryEdge) {
   EXPECT_PICTURE(dabbed(6, 6, {0, 0}, 3, 1), {"###...", "###...", "###...", "......", "......", "......"});
-  EXPECT_PICTURE(dabbed(6, 6, {5, 0}, 3, 1), {"...###", "...###", "...###", "......", "......", "......"});
-  EXPECT_PICTURE(dabbed(6, 6, {0, 5}, 3, 1), {"......", "......", "......", "###...", "###...", "###..."});
   EXPECT_PICTURE(dabbed(6, 6, {5, 5}, 3, 1), {"......", "......", "......", "...###", "...###", "...###"});
   EXPECT_PICTURE(dabbed(3, 3, {2, 2}, 1, 1), {"...", "...", "..#"});
   for (int style = 1; style <= 7; ++style) {
-    EXPECT_EQ(dabbed(4, 4, {60, 2}, 10, style), rowsOf(blank(4, 4))) << "style " << style;
-    EXPECT_EQ(dabbed(4, 4, {2, -2000000000}, 10, style), rowsOf(blank(4, 4))) << "style " << style;
+    for (const Point outside : {Point{60, 2}, {2, -2000000000}}) {
+      EXPECT_EQ(dabbed(4, 4, outside, 10, style), rowsOf(blank(4, 4))) << "style " << style;
+    }
   }
 }
 

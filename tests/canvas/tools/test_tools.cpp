@@ -1,5 +1,4 @@
 #include "canvas/engine/recorded_canvas.h"
-#include "canvas/tools/tool_table.h"
 #include "support/steady_random.h"
 
 namespace ruvo {
@@ -18,13 +17,6 @@ struct Drawing : RecordedCanvas {
     clear();
   }
 };
-
-TEST(Tools, TheTableIsInOrder) {
-  for (int op = 0; op <= kScrollOp; ++op) EXPECT_EQ(toolTable()[static_cast<std::size_t>(op)].op, op);
-  EXPECT_STREQ(cursorWordText(toolTable()[3].cursor), "POLIGON");
-  EXPECT_STREQ(cursorWordText(toolTable()[16].cursor), "COLORPICKER");
-  EXPECT_STREQ(cursorWordText(CursorWord::HandOn), "HANDON");
-}
 
 TEST(Tools, PaintDrawsFromPressToReleaseAndTellsOnce) {
   Drawing canvas(0);

@@ -2,9 +2,7 @@
 
 #include <cstdio>  // jpeglib.h needs FILE
 
-#include <gif_lib.h>
 #include <jpeglib.h>
-#include <png.h>
 #include <tiffio.h>
 
 #include <cstdlib>
@@ -46,50 +44,6 @@ Bytes makeJpeg(const JpegFile& file, const SampleOf& sample) {
   jpeg_destroy_compress(&info);
   Bytes all(bytes, bytes + count);
   std::free(bytes);
-  return all;
-}
-
-Bytes makePng(const PngFile& file, const SampleOf& sample) {
-  Bytes all;
-  png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
-  png_infop info = png_create_info_struct(png);
-  png_set_write_fn(
-      png, &all,
-      [](png_structp p, png_bytep bytes, std::size_t n) {
-        auto& out = *static_cast<Bytes*>(png_get_io_ptr(p));
-        out.insert(out.end(), bytes, bytes + n);
-      },
-      nullptr);
-  png_set_IHDR(png, info, static_cast<png_uint_32>(file.width), static_cast<png_uint_32>(file.height), file.depth,
-               file.colourType, file.interlaced, 0, 0);
-  png_set_gAMA(png, info, 1.0);
-  std::vector<png_color> table;
-  for (const Colour c : file.table) table.push_back({redOf(c), greenOf(c), blueOf(c)});
-  if (!table.empty()) png_set_PLTE(png, info, table.data(), static_cast<int>(table.size()));
-  if (file.transparent >= 0) {
-    Bytes alphas(static_cast<std::size_t>(file.transparent + 1), 255);
-    alphas.back() = 0;
-    png_color_16 key{};
-    key.gray = key.red = key.green = key.blue = static_cast<png_uint_16>(file.transparent);
-    png_set_tRNS(png, info, alphas.data(), static_cast<int>(alphas.size()), &key);
-  }
-  const int channels = png_get_channels(png, info);
-  png_write_info(png, info);
-  png_set_packing(png);
-  if (file.depth == 16) png_set_swap(png);
-  std::vector<Bytes> bytes(static_cast<std::size_t>(file.height));
-  std::vector<png_bytep> rows;
-  for (int y = 0; y < file.height; ++y) {
-    for (int i = 0; i < file.width * channels; ++i) {
-      const int v = sample(i / channels, y, i % channels);
-      bytes[y].push_back(static_cast<std::uint8_t>(v));
-      if (file.depth == 16) bytes[y].push_back(static_cast<std::uint8_t>(v >> 8));
-    }
-    rows.push_back(bytes[y].data());
-  }
-  png_write_image(png, rows.data());
-  png_write_end(png, nullptr);
-  png_destroy_write_struct(&png, &info);
   return all;
 }
 
@@ -179,42 +133,6 @@ Bytes makeTiff(const TiffFile& file, const SampleOf& sample) {
     TIFFWriteDirectory(tiff.get());
   }
   return output.bytes;
-}
-
-Bytes makeGif(const GifFile& file, const SampleOf& index) {
-  Bytes all;
-  GifFileType* gif = EGifOpen(
-      &all,
-      [](GifFileType* g, const GifByteType* bytes, int n) {
-        auto& out = *static_cast<Bytes*>(g->UserData);
-        out.insert(out.end(), bytes, bytes + n);
-        return n;
-      },
-      nullptr);
-  EGifSetGifVersion(gif, true);
-  ColorMapObject* map = GifMakeMapObject(static_cast<int>(file.table.size()), nullptr);
-  for (std::size_t i = 0; i < file.table.size(); ++i) {
-    map->Colors[i] = {redOf(file.table[i]), greenOf(file.table[i]), blueOf(file.table[i])};
-  }
-  EGifPutScreenDesc(gif, file.screenWidth, file.screenHeight, 8, file.background, map);
-  for (const GifFrame& frame : file.frames) {
-    const GraphicsControlBlock control{DISPOSE_DO_NOT, false, 10, frame.transparent};
-    GifByteType block[4];
-    EGifGCBToExtension(&control, block);
-    EGifPutExtension(gif, GRAPHICS_EXT_FUNC_CODE, 4, block);
-    EGifPutImageDesc(gif, frame.left, frame.top, frame.width, frame.height, frame.interlaced, nullptr);
-    constexpr int kStart[] = {0, 4, 2, 1}, kStep[] = {8, 8, 4, 2};
-    for (int pass = 0; pass < (frame.interlaced ? 4 : 1); ++pass) {
-      for (int y = frame.interlaced ? kStart[pass] : 0; y < frame.height; y += frame.interlaced ? kStep[pass] : 1) {
-        Bytes line;
-        for (int x = 0; x < frame.width; ++x) line.push_back(static_cast<std::uint8_t>(index(x, y, 0)));
-        EGifPutLine(gif, line.data(), frame.width);
-      }
-    }
-  }
-  EGifCloseFile(gif, nullptr);
-  GifFreeMapObject(map);
-  return all;
 }
 
 }  // namespace ruvo::test

@@ -27,17 +27,6 @@ struct JpegFile {
 };
 Bytes makeJpeg(const JpegFile& file, const SampleOf& sample);
 
-struct PngFile {
-  int width = 4;
-  int height = 4;
-  int depth = 8;
-  int colourType = 2;
-  bool interlaced = false;
-  int transparent = -1;            // index or grey value in a tRNS chunk
-  std::vector<Colour> table = {};  // of colour type 3
-};
-Bytes makePng(const PngFile& file, const SampleOf& sample);
-
 struct TiffFile {
   int width = 5;
   int height = 3;
@@ -54,22 +43,5 @@ struct TiffFile {
   std::vector<Colour> table = {};
 };
 Bytes makeTiff(const TiffFile& file, const SampleOf& sample);
-
-struct GifFrame {
-  int left = 0;
-  int top = 0;
-  int width = 2;
-  int height = 2;
-  int transparent = -1;
-  bool interlaced = false;
-};
-struct GifFile {
-  int screenWidth = 4;
-  int screenHeight = 3;
-  int background = 0;
-  std::vector<Colour> table = {};  // 2, 4, ... entries
-  std::vector<GifFrame> frames = {};
-};
-Bytes makeGif(const GifFile& file, const SampleOf& index);
 
 }  // namespace ruvo::test

@@ -6,7 +6,6 @@
 #include <fstream>
 
 #include "platform/imaging/codecs.h"
-#include "support/file_size_limit.h"
 #include "support/pictures.h"
 #include "support/temp_folder.h"
 
@@ -120,33 +119,6 @@ TEST_F(Encoders, TiffTablesAreExactWhenTheyCanBeAndDitheredElse) {
   const auto many = [](int x, int y) { return Pixel32::plain(rgb(4 * x, 4 * y, 2 * (x + y))); };
   ASSERT_TRUE(saveTiff(test::surfaceOf(60, 60, many), path_, 8, false));
   EXPECT_LE(farthest(many), 90);
-}
-
-TEST_F(Encoders, FailureLeavesTheOldFile) {
-  const Surface surface = test::surfaceOf(200, 200, [](int x, int y) { return rampPixel(x * y * 7, x ^ y * 31); });
-  Surface grey;
-  grey.create(200, 200, 8);
-  const auto save = [&](int format, const Surface& from, const std::filesystem::path& path) {
-    return format == 0   ? saveJpeg(from, path, 80)
-           : format == 1 ? savePng(from, path, false)
-           : format == 2 ? saveTiff(from, path, 24, false)
-                         : saveGif(from, path);
-  };
-  for (int format = 0; format < 4; ++format) {
-    const Surface& picture = format == 3 ? grey : surface;
-    EXPECT_FALSE(save(format, Surface(), path_));
-    EXPECT_FALSE(save(format, picture, folder_ / "missing" / "picture"));
-    ASSERT_TRUE(save(format, picture, path_));
-    const auto whole = std::filesystem::file_size(path_);
-    std::ofstream(path_, std::ios::trunc) << "old";
-    for (const auto room : {std::uintmax_t{0}, whole / 2, whole - 1}) {
-      const test::FileSizeLimit full(room);
-      EXPECT_FALSE(save(format, picture, path_)) << format << " in " << room << " bytes";
-    }
-    EXPECT_EQ(std::filesystem::file_size(path_), 3u);
-    EXPECT_EQ(folder_.names(), std::vector<std::string>{"picture.out"});
-  }
-  EXPECT_FALSE(saveTiff(surface, path_, 16, false));
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 
 #include "base/file_io.h"
 #include "base/limits.h"
+#include "formats/gif_bytes.h"
+#include "formats/png_bytes.h"
 #include "platform/imaging/codecs.h"
 #include "platform/imaging/imaging_service.h"
 #include "platform/imaging/sample_files.h"
@@ -43,9 +45,8 @@ class PictureLoader : public testing::Test {
 TEST_F(PictureLoader, ContentDecidesWhateverTheExtension) {
   const auto jpeg = put("photo.bmp", test::makeJpeg({}, ramp));
   const auto bmp = put("drawing.jpg", bmpOneRedPixel());
-  const auto gif =
-      put("still.wmf", test::makeGif({.table = {kBlack, kWhite}, .frames = {{}}}, [](int, int, int) { return 1; }));
-  const auto png = put("shot.jpg", test::makePng({}, ramp));
+  const auto gif = put("still.wmf", test::GifBytes(2, 1).image({"01"}).bytes());
+  const auto png = put("shot.jpg", test::randomPng().bytes());
   const auto tiff = put("scan.bmp", test::makeTiff({}, ramp));
   for (const auto& path : {jpeg, bmp, gif}) {
     EXPECT_TRUE(LoadPicture(path)) << path;
@@ -74,7 +75,7 @@ TEST_F(PictureLoader, WhatIsNoPictureIsRefusedByItsReason) {
 }
 
 TEST_F(PictureLoader, ServiceSwitchesDecideWhatLoads) {
-  const auto png = put("a.png", test::makePng({}, ramp));
+  const auto png = put("a.png", test::randomPng().bytes());
   setServiceFaults({.failsToStart = true});
   EXPECT_TRUE(imagingUsable());  // not before the next start
   EXPECT_FALSE(startImagingService());
@@ -97,7 +98,7 @@ TEST(ReaderLimits, StatedSizesAreCheckedBeforePixelsAreMade) {
   for (std::size_t i = 0; i + 9 < jpeg.size(); ++i) {
     if (jpeg[i] == 0xFF && jpeg[i + 1] == 0xC0) jpeg[i + 5] = jpeg[i + 6] = jpeg[i + 7] = jpeg[i + 8] = 0xFF;
   }
-  Bytes gif = test::makeGif({.table = {kBlack, kWhite}, .frames = {{}}}, [](int, int, int) { return 0; });
+  Bytes gif = test::GifBytes(2, 1).image({"01"}).bytes();
   gif[6] = gif[7] = gif[8] = gif[9] = 0xFF;
   MemorySource jpegSource(jpeg), gifSource(gif);
   for (const LoadResult& result : {readJpeg(jpegSource), readGif(gifSource)}) {
@@ -107,8 +108,7 @@ TEST(ReaderLimits, StatedSizesAreCheckedBeforePixelsAreMade) {
   }
   const Bytes wide =
       test::makeTiff({.width = 32761, .height = 1, .samples = 1, .photometric = 1}, [](int, int, int) { return 0; });
-  const Bytes large =
-      test::makePng({.width = 5001, .height = 5000, .depth = 1, .colourType = 0}, [](int, int, int) { return 0; });
+  const Bytes large = test::PngParts{{5001, 5000, 1, 0, 0, 0, 0}}.bytes();
   MemorySource wideSource(wide), largeSource(large);
   EXPECT_EQ(readTiff(wideSource).error, LoadError::TooLarge);
   const LoadResult png = readPng(largeSource);

@@ -1,7 +1,8 @@
 // Each decoder against files that the format's own library wrote.
 #include <gtest/gtest.h>
-#include <zlib.h>
 
+#include "formats/gif_bytes.h"
+#include "formats/png_bytes.h"
 #include "platform/imaging/codecs.h"
 #include "platform/imaging/sample_files.h"
 #include "support/pictures.h"
@@ -87,50 +88,9 @@ TEST(JpegReader, CutFilesAreRefusedUnlessAllRowsCame) {
   }
 }
 
-TEST(PngReader, EveryColourTypeAndDepth) {
-  const auto small = [](int x, int y, int channel) { return (x + 2 * y + channel) & 1; };
-  for (const int depth : {1, 2, 4, 8, 16}) {
-    const int step = depth == 16 ? 65535 : 255 / (255 / ((1 << depth) - 1));
-    const LoadResult grey =
-        read(readPng, test::makePng({.width = 11, .depth = depth, .colourType = 0, .interlaced = depth == 4},
-                                    [&](int x, int y, int c) { return small(x, y, c) * step; }));
-    EXPECT_EQ(farthest(grey, [&](int x, int y) { return Pixel32::plain(small(x, y, 0) ? kWhite : kBlack); }), 0)
-        << depth;
-    EXPECT_EQ(grey.fileDepth, depth);
-  }
-  const std::vector<Colour> table = {rgb(1, 2, 3), rgb(200, 100, 50)};
-  for (const int depth : {1, 8}) {
-    const LoadResult indexed = read(readPng, test::makePng({.depth = depth, .colourType = 3, .table = table}, small));
-    EXPECT_FALSE(indexed.picture.hasAlpha);
-    EXPECT_EQ(farthest(indexed, [&](int x, int y) { return Pixel32::plain(table[small(x, y, 0)]); }), 0) << depth;
-  }
-  EXPECT_EQ(farthest(read(readPng, test::makePng({.width = 9, .interlaced = true}, smooth)), smoothPixel), 0);
-}
-
-TEST(PngReader, AlphaComesOutStraight) {
-  const auto sample = [](int x, int y, int channel) { return channel == 3 ? 16 * x + y : smooth(x, y, channel); };
-  const auto wanted = [&](int x, int y) {
-    Pixel32 p = smoothPixel(x, y);
-    p.alpha = static_cast<std::uint8_t>(sample(x, y, 3));
-    return p;
-  };
-  const LoadResult full = read(readPng, test::makePng({.colourType = 6}, sample));
-  EXPECT_TRUE(full.picture.hasAlpha);
-  EXPECT_EQ(farthest(full, wanted), 0);
-  const LoadResult wide = read(readPng, test::makePng({.depth = 16, .colourType = 6},
-                                                      [&](int x, int y, int c) { return 257 * sample(x, y, c); }));
-  EXPECT_EQ(farthest(wide, wanted), 0);
-  const LoadResult keyed =
-      read(readPng, test::makePng({.colourType = 3, .transparent = 1, .table = {kWhite, rgb(9, 8, 7)}},
-                                  [](int x, int, int) { return x & 1; }));
-  EXPECT_TRUE(keyed.picture.hasAlpha);
-  EXPECT_EQ(pixelAt(keyed, 0, 0), Pixel32::opaque(kWhite));
-  EXPECT_EQ(pixelAt(keyed, 1, 0), (Pixel32{7, 8, 9, 0}));
-}
-
+// What every type and depth gives is compared with the program's own reader in the tests of that.
 TEST(PngReader, CutAndDamagedFilesAreRefused) {
-  Bytes bytes =
-      test::makePng({.width = 40, .height = 40}, [](int x, int y, int c) { return (x * y * 7 + c * 31) & 255; });
+  Bytes bytes = test::randomPng(40, 40).bytes();
   EXPECT_EQ(read(readPng, cut(bytes, bytes.size() / 2)).error, LoadError::Broken);
   bytes[29] ^= 1;  // the checksum of the header
   EXPECT_EQ(read(readPng, bytes).error, LoadError::Broken);
@@ -138,17 +98,10 @@ TEST(PngReader, CutAndDamagedFilesAreRefused) {
 
 // Data behind the last row are inflated only to be checked: a small file can hold hours of them.
 TEST(PngReader, RowsBehindTheLastAreReadOnlyToALimit) {
-  const auto busy = [](int x, int y, int c) {
-    const auto n = static_cast<std::uint32_t>((x + 64 * y) * 3 + c) * 2654435761u;
-    return static_cast<int>((n ^ n >> 15) * 2246822519u >> 24);
-  };
-  const auto statingFourRows = [&](int rows) {
-    Bytes bytes = test::makePng({.width = 64, .height = rows}, busy);
-    bytes[22] = 0;
-    bytes[23] = 4;
-    const auto sum = static_cast<std::uint32_t>(crc32(0, bytes.data() + 12, 17));
-    for (int i = 0; i < 4; ++i) bytes[29 + i] = static_cast<std::uint8_t>(sum >> (24 - 8 * i));
-    return read(readPng, bytes);
+  const auto statingFourRows = [](std::uint32_t rows) {
+    test::PngParts parts = test::randomPng(64, rows);
+    parts.header.height = 4;
+    return read(readPng, parts.bytes());
   };
   EXPECT_TRUE(statingFourRows(40));
   const LoadResult endless = statingFourRows(4000);
@@ -235,27 +188,19 @@ TEST(TiffReader, CutFilesAreRefused) {
 }
 
 TEST(GifReader, FirstFrameLiesOnItsScreen) {
-  test::GifFile file{
-      .screenWidth = 5,
-      .screenHeight = 4,
-      .background = 2,
-      .table = {kBlack, kWhite, rgb(10, 20, 30), rgb(255, 0, 0)},
-      .frames = {{.left = 1, .top = 1, .width = 3, .height = 9, .transparent = 3, .interlaced = true}, {.width = 5}}};
-  const LoadResult result = read(readGif, test::makeGif(file, [](int x, int y, int) { return x == 2 ? 3 : y & 1; }));
-  ASSERT_EQ(result.width, 5);
-  ASSERT_EQ(result.height, 4);
-  const auto wanted = [&](int x, int y) {
-    return Pixel32::plain(file.table[x >= 1 && x < 3 && y >= 1 ? (y - 1) & 1 : 2]);
-  };
-  EXPECT_EQ(farthest(result, wanted), 0);
+  test::GifBytes file(5, 4);
+  file.control(1, 0, 3).image({"013", "103", "013", "103", "013", "103", "013", "103", "013"}, 1, 1, 64);
+  const LoadResult result = read(readGif, file.control(0).image({"11111"}).bytes());
+  ASSERT_TRUE(result);
+  const test::Ink ink = {{'0', test::kFourColours[0]}, {'1', test::kFourColours[1]}, {'.', test::kFourColours[2]}};
+  EXPECT_PICTURE(test::rowsOf(*result.picture.bitmap, ink), {".....", ".01..", ".10..", ".01.."})
+      << "on the background";
 }
 
 TEST(GifReader, DamagedFirstFrameIsRefusedLaterOnesDoNotMatter) {
-  const test::GifFile file{.screenWidth = 30,
-                           .screenHeight = 30,
-                           .table = {kBlack, kWhite},
-                           .frames = {{.width = 30, .height = 30}, {.width = 30, .height = 30}}};
-  const Bytes bytes = test::makeGif(file, [](int x, int y, int) { return (x * y * 7 >> 2) & 1; });
+  test::Rows rows(30, std::string(30, '0'));
+  for (int i = 0; i < 900; ++i) rows[i / 30][i % 30] += (i % 30 * (i / 30) * 7 >> 2) & 1;
+  const Bytes bytes = test::GifBytes(30, 30).control(0).image(rows).control(0).image(rows).bytes();
   EXPECT_TRUE(read(readGif, cut(bytes, bytes.size() * 3 / 4)));
   EXPECT_EQ(read(readGif, cut(bytes, bytes.size() / 4)).error, LoadError::Broken);
 }
