@@ -75,10 +75,14 @@ TEST(UcCanvas, BarsWheelAndValuesMoveTheSameView) {
   QSignalSpy scrolled(&shown.canvas, &ucCanvas::NotifyScroll);
   ASSERT_TRUE(shown.bar("HsbDisp")->isVisible() && shown.bar("VsbDisp")->isVisible());
   EXPECT_TRUE(shown.child("picJunction")->isVisible());
+  const auto scroll = [&] {
+    int x = 0, y = 0;
+    shown.canvas.GetScrollValues(x, y);
+    return QPoint(x, y);
+  };
   shown.bar("HsbDisp")->setValue(120);
-  int x = 0, y = 0, maxX = 0, maxY = 0;
-  shown.canvas.GetScrollValues(x, y);
-  EXPECT_EQ(x, 120);
+  EXPECT_EQ(scroll().x(), 120);
+  int maxX = 0, maxY = 0;
   EXPECT_EQ(scrolled.count(), 1);
   shown.canvas.GetScrollMaxInfo(maxX, maxY);
   shown.canvas.SetScrollValues(5000, 5000);
@@ -92,12 +96,10 @@ TEST(UcCanvas, BarsWheelAndValuesMoveTheSameView) {
     QCoreApplication::sendEvent(shown.view, &event);
   };
   wheel({});
-  shown.canvas.GetScrollValues(x, y);
-  EXPECT_EQ(x, maxX);
-  EXPECT_LT(y, maxY);
+  EXPECT_EQ(scroll().x(), maxX);
+  EXPECT_LT(scroll().y(), maxY);
   wheel(Qt::ShiftModifier);
-  shown.canvas.GetScrollValues(x, y);
-  EXPECT_LT(x, maxX);
+  EXPECT_LT(scroll().x(), maxX);
   QSignalSpy zoom(&shown.canvas, &ucCanvas::zoomRequested);
   wheel(Qt::ControlModifier);
   ASSERT_EQ(zoom.count(), 1);
@@ -110,8 +112,7 @@ TEST(UcCanvas, BarsWheelAndValuesMoveTheSameView) {
   });
   shown.canvas.SetScrollValues(200, 300);
   wheel(Qt::ControlModifier);
-  shown.canvas.GetScrollValues(x, y);
-  EXPECT_EQ(QPoint(x, y), QPoint(249 * 3 - 49, 349 * 3 - 49));
+  EXPECT_EQ(scroll(), QPoint(249 * 3 - 49, 349 * 3 - 49));
 }
 
 TEST(UcCanvas, AnEdgeIsDraggedByItsHandle) {

@@ -40,17 +40,14 @@ TEST(ClsDibBlend, SkipsAColourAndKeepsToTheSmallerSize) {
   EXPECT_PICTURE(rowsOf(dst), ({"#..", "##."}));
   EXPECT_EQ(told, (std::vector{50, 100}));
   EXPECT_TRUE(ended);
+  dst = dibOf({"...", "..."});
+  clsDIB::BlendIn_Masked(dst, dibOf({"###", "###"}), dibOf({"#.", ".#"}), 100);
+  EXPECT_PICTURE(rowsOf(dst), ({"#..", ".#."})) << "a mask lets black through";
 
   clsDIB deep = plain(2, 1, kWhite, 24);  // other depths go through 32 bits
   clsDIB::BlendIn(deep, dibOf({"#"}), 50, -1);
   EXPECT_THAT(std::vector(deep.DIBBitsPtr(), deep.DIBBitsPtr() + 6),
               testing::ElementsAre(128, 128, 128, 255, 255, 255));
-}
-
-TEST(ClsDibBlend, AMaskLetsBlackThrough) {
-  clsDIB dst = dibOf({"...", "..."});
-  clsDIB::BlendIn_Masked(dst, dibOf({"###", "###"}), dibOf({"#.", ".#"}), 100);
-  EXPECT_PICTURE(rowsOf(dst), ({"#..", ".#."}));
 }
 
 TEST(ClsDibBlend, AlphaIsShownInWholePercents) {
