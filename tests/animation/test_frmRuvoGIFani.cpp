@@ -96,27 +96,21 @@ TEST_F(AnimationWindow, WithoutFramesOnlyExitActs) {
 TEST_F(AnimationWindow, ListsButtonsFilmAndKeysSelectTheSameFrame) {
   openThree();
   QStringList seen;
-  const auto note = [&] {
+  const std::function<void()> ways[] = {[&] { choose(*window_, "cboFrameData", 2); },
+                                        [&] { choose(*window_, "cboFrame", 0); },
+                                        [&] { press(*window_, "cmdNext"); },
+                                        [&] { QTest::keyClick(window_.get(), Qt::Key_Right); },
+                                        [&] { QTest::keyClick(window_.get(), Qt::Key_Right); },
+                                        [&] { QTest::keyClick(&find("picFilm"), Qt::Key_Up); },
+                                        [&] { QTest::keyClick(&find("picDisp"), Qt::Key_Home); }};
+  for (const auto& way : ways) {
+    way();
     seen << QString("%1%2%3%4")
                 .arg(window_->selectedFrame())
                 .arg(find<QComboBox>("cboFrameData").currentIndex() + 1)
                 .arg(find<FilmStrip>("FilmStrip").selected())
                 .arg(find<GifField>("picDisp").frame());
-  };
-  choose(*window_, "cboFrameData", 2);
-  note();
-  choose(*window_, "cboFrame", 0);
-  note();
-  press(*window_, "cmdNext");
-  note();
-  QTest::keyClick(window_.get(), Qt::Key_Right);
-  note();
-  QTest::keyClick(window_.get(), Qt::Key_Right);
-  note();
-  QTest::keyClick(&find("picFilm"), Qt::Key_Up);
-  note();
-  QTest::keyClick(&find("picDisp"), Qt::Key_Home);
-  note();
+  }
   EXPECT_EQ(seen.join(' '), "3333 1111 2222 3333 3333 2222 1111");
   EXPECT_FALSE(find("cmdPrevious").isEnabled());
   EXPECT_TRUE(label("lblRunningTime").contains("Frame 1:"));
@@ -260,42 +254,20 @@ TEST_F(AnimationWindow, TheBrowserGetsAPageAndInquiriesAreAnswered) {
   menu("mnuInquirySub(2)");
 }
 
-TEST_F(AnimationWindow, SelectBackHandsTheFrameOverAndEndsTheSession) {
+TEST_F(AnimationWindow, NothingUnsavedIsLostWithoutAQuestion) {
   openThree();
-  choose(*window_, "cboFrame", 1);
-  disagree("Load current frame to program main screen and end Animated GIF session?");
-  run(kSelectBack);
-  session().setUnsaved(SessionWork::Series);
-  disagree(kUnsavedQuestion);
-  run(kSelectBack);
-  EXPECT_TRUE(window_->isVisible() && ended_.isEmpty());
-  agree(kUnsavedQuestion);
-  run(kSelectBack);
-  EXPECT_FALSE(window_->isVisible());
-  ASSERT_EQ(ended_.size(), 1);
-  EXPECT_TRUE(ended_[0].endsWith("tmpSelFrame.gif"));
-  clsGIF frame;
-  EXPECT_EQ(frame.LoadFromGIFFile(ended_[0].toStdString()), kGifOk);
-}
-
-TEST_F(AnimationWindow, UnsavedWorkIsAskedAboutAndThePlaceIsKept) {
-  openThree();
-  const QRect place(70, 60, 900, 650);
-  window_->move(place.topLeft());
-  window_->resize(place.size());
   session().setUnsaved(SessionWork::Settings);
   disagree(kUnsavedQuestion);
   EXPECT_FALSE(window_->close());
   disagree(kUnsavedQuestion);
   EXPECT_FALSE(window_->openFile(pathText(temp_ / "three.gif")));
+  disagree(kUnsavedQuestion);
+  run(kSelectBack);
+  EXPECT_TRUE(window_->isVisible() && ended_.isEmpty());
   // The system asks the program to end: nobody is asked.
   link_.state.closingConfirmed = true;
   EXPECT_TRUE(window_->close());
   EXPECT_EQ(ended_.size(), 1);
-  const WindowPlacement stored = link_.placements["GIFani Screen Pos"];
-  EXPECT_EQ(QRect(*stored.left, *stored.top, *stored.width, *stored.height), place);
-  start();
-  EXPECT_TRUE(window_->size().boundedTo(place.size()) == window_->size());
   EXPECT_FALSE(fileExists(link_.state.tempFolder / "tmpRestore.tmp"));
 }
 

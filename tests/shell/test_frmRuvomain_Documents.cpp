@@ -123,19 +123,6 @@ TEST_F(Documents, TitleShowsTheShortenedPathAsItIs) {
   EXPECT_EQ(frameOf(document).windowTitle(), "/a/...../x[*][*].png");  // doubled: Qt shows one
 }
 
-TEST_F(Documents, ClosingAsksOnceForAllUnsavedPictures) {
-  openNew();
-  openNew();
-  state.documents[0].changed = state.documents[1].changed = true;
-  desktop.expect("Changes to one or more files have not been saved yet.\nProceed to close all windows?")
-      .answer(desktop::Answer::No);
-  EXPECT_FALSE(window->close());
-  EXPECT_EQ(window->documentCount(), 2);
-  desktop.expect("Proceed to close all windows?").answer(desktop::Answer::Yes);
-  EXPECT_TRUE(window->close());
-  EXPECT_EQ(window->documentCount(), 0);
-}
-
 TEST_F(Documents, SettingsComeBackAtTheNextStart) {
   control<QComboBox>("cboBrushSize").setCurrentIndex(7);
   for (int level = 0; level <= 4; ++level)
@@ -241,11 +228,6 @@ TEST_F(Documents, CloseAllStopsAtTheFirstNo) {
   desktop.expect("Current picture not saved yet.").answer(desktop::Answer::No);
   window->closeAllDocuments();
   EXPECT_EQ(window->documentCount(), 2);
-}
-
-TEST_F(Documents, HelpFileThatIsMissingIsNamed) {
-  desktop.expect("Ruvopaint.chm missing in current folder.");
-  window->mnuHelpSub_Click(0);
 }
 
 }  // namespace

@@ -144,16 +144,6 @@ TEST_F(ChangePal, ADeletedEntryShowsItsReplacement) {
   }
 }
 
-TEST_F(ChangePal, AnOpaqueColourLikeTheTransparentOneMakesNoHole) {
-  addFrame({0, 1, 2}, {kBlack, kBlack, kRed}, 0);
-  addFrame({1, 1, 2}, {kBlack, kBlack, kRed});
-  ASSERT_TRUE(ReduceGlobalPalette(gif, 16));
-  EXPECT_EQ(colours(1), (std::vector{kBlack, kRed, kBlack})) << "the last frame is opaque, and a place is still kept";
-  EXPECT_EQ(indices(1), (std::vector{2, 0, 1}));
-  EXPECT_EQ(indices(2), (std::vector{0, 0, 1}));
-  EXPECT_EQ(gif.FrameTransparentColorIndex(1), 2);
-}
-
 TEST_F(ChangePal, ATransparentColourThatNoOpaqueEntryNeedsTakesNoPlace) {
   addFrame({0, 1, 2}, {kGreen, kRed, kBlue}, 0);
   gif.setBgdColorIndex(2);
@@ -166,17 +156,6 @@ TEST_F(ChangePal, ATransparentColourThatNoOpaqueEntryNeedsTakesNoPlace) {
   clsPal full = paletteOf({kWhite});
   EXPECT_FALSE(ApplyReducedGlobal(gif, full)) << "no place for an opaque colour";
   EXPECT_EQ(indices(1), (std::vector{1, 2, 0}));
-}
-
-TEST_F(ChangePal, ColoursThatFitAreKeptExactly) {
-  std::vector<Colour> greys;
-  for (int i = 0; i < 64; ++i) greys.push_back(rgb(i, i, i));
-  addFrame({0, 1, 63}, greys, -1, true);
-  ASSERT_TRUE(ReduceLocalPalette(gif, 1, 64));
-  EXPECT_EQ(colours(1), greys);
-  EXPECT_FALSE(ReduceGlobalPalette(gif, 64)) << "there is none";
-  addFrame({0, 0}, {kRed}, 0, true);
-  EXPECT_TRUE(ReduceLocalPalette(gif, 2, 2)) << "nothing opaque, nothing to do";
 }
 
 TEST_F(ChangePal, MovesTheTransparentEntryWithinItsTable) {

@@ -7,12 +7,6 @@ namespace {
 
 using test::RandomGif;
 
-TEST(ChangeBpp, NamesItsItems) {
-  EXPECT_EQ(bppItemText(0), "Upto 256 entries   (8 BPP)");
-  EXPECT_EQ(bppItemText(1), "Upto 128 entries only   (7 BPP)");
-  EXPECT_EQ(bppItemText(4), "Upto 16 entries only   (4 BPP)");
-}
-
 std::vector<std::vector<bool>> holes(const clsGIF& gif) {
   std::vector<std::vector<bool>> all;
   for (const auto& screen : test::shown(gif)) {

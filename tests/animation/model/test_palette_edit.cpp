@@ -24,16 +24,6 @@ clsGIF threeFrames(Colour colour) {
   return gif;
 }
 
-TEST(PaletteEdit, BrightensTheTableThatTheFrameUses) {
-  clsGIF gif = threeFrames(rgb(250, 10, 1));
-  scalePalette(gif, 1, 110);
-  EXPECT_EQ(gif.GlobalPaletteColor(0), rgb(255, 11, 1));
-  EXPECT_EQ(gif.LocalPaletteColor(3, 0), rgb(255, 11, 1));
-  EXPECT_EQ(gif.LocalPaletteColor(2, 0), rgb(250, 10, 1));
-  scalePalette(gif, 2, 90);
-  EXPECT_EQ(gif.LocalPaletteColor(2, 0), rgb(225, 9, 0));
-}
-
 TEST(PaletteEdit, PutsSavedTablesBack) {
   for (unsigned seed = 0; seed < 50; ++seed) {
     clsGIF gif = RandomGif(seed).make();

@@ -27,20 +27,6 @@ class Settings : public testing::Test {
   SettingsContext context_{{1280 * kTwipsPerPixel, 1024 * kTwipsPerPixel}, folder_.path()};
 };
 
-TEST_F(Settings, WithoutAFileEverythingIsAtItsDefault) {
-  const StoredSettings s = readSettings(file_, context_);
-  EXPECT_FALSE(s.options.sdiOnly);
-  EXPECT_EQ(s.options.watchRam, kNoMonitorLevel);
-  EXPECT_TRUE(s.options.remindColorSetting);
-  EXPECT_TRUE(s.options.jpgAddBackExif);
-  EXPECT_EQ(s.brushSizeIndex, 2);
-  EXPECT_EQ(s.colorChartPosition, Point());
-  EXPECT_TRUE(s.dialogShowPreview);
-  EXPECT_EQ(s.palFolder, folder_.path());
-  EXPECT_TRUE(s.fileBrowseFolder.empty());
-  EXPECT_FALSE(file_.exists());
-}
-
 TEST_F(Settings, EachRuleOnOddTexts) {
   EXPECT_FALSE(readWith("Options", "SDIOnly", "1").options.sdiOnly);
   EXPECT_TRUE(readWith("Options", "SDIOnly", "-1").options.sdiOnly);
@@ -135,13 +121,6 @@ TEST_F(Settings, WhatIsWrittenComesBackAndAnUnchangedSessionLeavesTheFileAlone) 
   std::filesystem::last_write_time(file_.path(), long_ago);
   writeSettings(file_, back, context_);
   EXPECT_EQ(std::filesystem::last_write_time(file_.path()), long_ago);
-}
-
-TEST_F(Settings, LastFoldersAreRememberedAtOnce) {
-  rememberLastFolder(file_, kFolderStamp, folder_.path());
-  EXPECT_EQ(lastFolder(file_, kFolderStamp, "/program"), folder_.path());
-  EXPECT_EQ(lastFolder(file_, kFolderCustomBrush, "/program"), "");
-  EXPECT_EQ(lastFolder(file_, kFolderPal, "/program"), "/program");
 }
 
 TEST_F(Settings, HistoryMovesUpClosesGapsAndForgetsTheNinth) {
