@@ -38,16 +38,28 @@ struct PaintingWindow : CanvasEvents, CanvasWindow {
   void setToolTip(const std::string&) override {}
   void setWaiting(bool) override {}
   void hideLoadingMsg() override {}
+  void setTicking(bool) override {}
+  void copyToClipboard(const clsDIB&) override {}
   void NotifyScroll() override {}
   void NotifyClickData(int, Colour, int, int) override {}
+  void NotifyRightClickOnPastedText() override {}
+  void NotifyRegionMoved() override {}
   void NotifyToPrepareUndo() override {}
   void NotifyDragResize(bool) override {}
   void NotifyDragResizeProforma(int, int) override {}
+  void NotifyCancelGlassOp() override {}
+  void NotifyRegionStatus() override {}
+  void NotifyPolygonCrop() override {}
+  void NotifyBezierStatus() override {}
   void NotifyCanvasMouseClick() override {}
   void NotifyCanvasMouseMove() override {}
   void MonitorXYdata(int, int) override {}
   void NoStamp() override {}
   void DispPointOfClick(int, int, Colour) override {}
+  void DispMeasureRectangle(int, int, int, int) override {}
+  void DispMeasureLine(int, int, int, int, double) override {}
+  void DispMeasureArc(int, int, int, int, int, int, double) override {}
+  void DispMeasureOval(int, int, double, int, int) override {}
   void DispMeasureClear() override {}
   void DIBProgress(int) override {}
   void DIBProgressEnd() override {}

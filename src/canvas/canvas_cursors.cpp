@@ -41,6 +41,10 @@ Qt::CursorShape shapeOf(CursorWord word) {
       return Qt::OpenHandCursor;
     case CursorWord::HandOn:
       return Qt::ClosedHandCursor;
+    case CursorWord::SizeVertical:
+      return Qt::SizeVerCursor;
+    case CursorWord::SizeHorizontal:
+      return Qt::SizeHorCursor;
     case CursorWord::RegionDrag:
     case CursorWord::PasteDrag:
       return Qt::SizeAllCursor;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QScrollBar>
+#include <QTimer>
 #include <QWidget>
 #include <array>
 
@@ -28,14 +29,32 @@ struct ucCanvas::Private final : CanvasEvents, CanvasWindow {
   void NotifyClickData(int button, Colour colour, int x, int y) override {
     Q_EMIT q.NotifyClickData(button, colour, x, y);
   }
+  void NotifyRightClickOnPastedText() override { Q_EMIT q.NotifyRightClickOnPastedText(); }
+  void NotifyRegionMoved() override { Q_EMIT q.NotifyRegionMoved(); }
   void NotifyToPrepareUndo() override { Q_EMIT q.NotifyToPrepareUndo(); }
   void NotifyDragResize(bool sizeChanged) override { Q_EMIT q.NotifyDragResize(sizeChanged); }
   void NotifyDragResizeProforma(int width, int height) override { Q_EMIT q.NotifyDragResizeProforma(width, height); }
+  void NotifyCancelGlassOp() override { Q_EMIT q.NotifyCancelGlassOp(); }
+  void NotifyRegionStatus() override { Q_EMIT q.NotifyRegionStatus(); }
+  void NotifyPolygonCrop() override { Q_EMIT q.NotifyPolygonCrop(); }
+  void NotifyBezierStatus() override { Q_EMIT q.NotifyBezierStatus(); }
   void NotifyCanvasMouseClick() override { Q_EMIT q.NotifyCanvasMouseClick(); }
   void NotifyCanvasMouseMove() override { Q_EMIT q.NotifyCanvasMouseMove(); }
   void MonitorXYdata(int x, int y) override { Q_EMIT q.MonitorXYdata(x, y); }
   void NoStamp() override { Q_EMIT q.NoStamp(); }
   void DispPointOfClick(int x, int y, Colour colour) override { Q_EMIT q.DispPointOfClick(x, y, colour); }
+  void DispMeasureRectangle(int x1, int y1, int width, int height) override {
+    Q_EMIT q.DispMeasureRectangle(x1, y1, width, height);
+  }
+  void DispMeasureLine(int x1, int y1, int x2, int y2, double angle) override {
+    Q_EMIT q.DispMeasureLine(x1, y1, x2, y2, angle);
+  }
+  void DispMeasureArc(int x1, int y1, int x2, int y2, int cx, int cy, double radius) override {
+    Q_EMIT q.DispMeasureArc(x1, y1, x2, y2, cx, cy, radius);
+  }
+  void DispMeasureOval(int x, int y, double measure, int width, int height) override {
+    Q_EMIT q.DispMeasureOval(x, y, measure, width, height);
+  }
   void DispMeasureClear() override { Q_EMIT q.DispMeasureClear(); }
   void DIBProgress(int percent) override { Q_EMIT q.DIBProgress(percent); }
   void DIBProgressEnd() override { Q_EMIT q.DIBProgressEnd(); }
@@ -47,6 +66,8 @@ struct ucCanvas::Private final : CanvasEvents, CanvasWindow {
   void setToolTip(const std::string& text) override;
   void setWaiting(bool waiting) override;
   void hideLoadingMsg() override;
+  void setTicking(bool on) override;
+  void copyToClipboard(const clsDIB& picture) override;
 
   void arrangeBar(QScrollBar& bar, bool shown, const QRect& place, int max, int value, int length);
   void arrangeEdges();
@@ -64,6 +85,7 @@ struct ucCanvas::Private final : CanvasEvents, CanvasWindow {
   QWidget* picDragHorizontal;
   QWidget* picDragVertical;
   QWidget* picLoadingMsg;
+  QTimer Timer1;
   QColor backColor;  // not valid: the theme's workspace colour
   CursorWord cursorShown = CursorWord::Arrow;
   double cursorScale = 1;

@@ -8,6 +8,7 @@
 #include <QUrl>
 #include <QWheelEvent>
 #include <cmath>
+#include <optional>
 
 #include "canvas/ucCanvas_Private.h"
 
@@ -24,6 +25,23 @@ MouseButton buttonOf(Qt::MouseButton button) {
 
 KeyModifiers keysOf(Qt::KeyboardModifiers keys) {
   return {keys.testFlag(Qt::ShiftModifier), keys.testFlag(Qt::ControlModifier), keys.testFlag(Qt::AltModifier)};
+}
+
+std::optional<CanvasKey> keyOf(int key) {
+  switch (key) {
+    case Qt::Key_Escape:
+      return CanvasKey::Escape;
+    case Qt::Key_Left:
+      return CanvasKey::Left;
+    case Qt::Key_Right:
+      return CanvasKey::Right;
+    case Qt::Key_Up:
+      return CanvasKey::Up;
+    case Qt::Key_Down:
+      return CanvasKey::Down;
+    default:
+      return std::nullopt;
+  }
 }
 
 QRect rectOf(const Rect& r) {
@@ -116,6 +134,11 @@ void CanvasView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void CanvasView::leaveEvent(QEvent*) {
   d_.core.mouseLeave();
+}
+
+void CanvasView::keyPressEvent(QKeyEvent* event) {
+  const auto key = keyOf(event->key());
+  if (!key || !d_.core.keyPress(*key, keysOf(event->modifiers()))) QWidget::keyPressEvent(event);
 }
 
 // Whole notches of a wheel; fine wheels add up in `rest`.

@@ -8,6 +8,7 @@
 
 #include "canvas/canvas_cursors.h"
 #include "canvas/ucCanvas_Private.h"
+#include "platform/desktop/clipboard_picture.h"
 
 namespace ruvo {
 namespace {
@@ -90,6 +91,8 @@ ucCanvas::Private::Private(ucCanvas& canvas)
     picDrag[i] =
         named(new EdgeHandle(canvas, *this, static_cast<CanvasEdge>(i + 1)), QStringLiteral("picDrag(%1)").arg(i));
   }
+  Timer1.setInterval(kToolTick);
+  QObject::connect(&Timer1, &QTimer::timeout, &canvas, [this] { core.tick(); });
   picJunction->setAutoFillBackground(true);
   for (QWidget* guide : {picDragHorizontal, picDragVertical}) {
     guide->setAutoFillBackground(true);
@@ -213,6 +216,18 @@ void ucCanvas::Private::setWaiting(bool waiting) {
 
 void ucCanvas::Private::hideLoadingMsg() {
   picLoadingMsg->hide();
+}
+
+void ucCanvas::Private::setTicking(bool on) {
+  if (!on) {
+    Timer1.stop();
+  } else if (!Timer1.isActive()) {
+    Timer1.start();
+  }
+}
+
+void ucCanvas::Private::copyToClipboard(const clsDIB& picture) {
+  desktop::putOnClipboard(picture.surface(), picture.DIBhasAlpha());
 }
 
 }  // namespace ruvo

@@ -1,5 +1,6 @@
 #include "canvas/engine/canvas_core.h"
 
+#include <algorithm>
 #include <string>
 
 #include "base/letter_case.h"
@@ -13,7 +14,7 @@ const char* cursorWordText(CursorWord word) {
   static constexpr const char* kTexts[] = {"",           "PAINT",       "ERASE",  "FILL",      "POLIGON", "LINE",
                                            "ARC",        "BEZIERSTART", "BEZIER", "RECTANGLE", "OVAL",    "REGION",
                                            "REGIONDRAG", "PASTEDRAG",   "STAMP",  "SPRAY",     "REPLACE", "COLORPICKER",
-                                           "HANDOFF",    "HANDON",      ""};
+                                           "HANDOFF",    "HANDON",      "",       "",          ""};
   return kTexts[static_cast<std::size_t>(word)];
 }
 
@@ -37,6 +38,7 @@ void CanvasCore::setCanvasOp(int op) {
   if (tool()) tool()->abort(*this);
   resetStroke();
   op_ = op;
+  if (tool() && !blank()) tool()->enter(*this);
   chooseCursor({-1, -1});
   repaintAll();
   window_.arrange();
@@ -139,7 +141,7 @@ void CanvasCore::CanvasCleanse() {
 }
 
 void CanvasCore::SetScrollValues(int x, int y, bool repaint, bool syncBars) {
-  if (tool() && tool()->inProgress()) tool()->abort(*this);
+  if (toolInProgress(kPolygonOp)) tool()->abort(*this);
   view_.setScroll(x, y);
   if (repaint) {
     renderer_.pictureChanged();
@@ -156,6 +158,7 @@ void CanvasCore::SetScrollValues(int x, int y, bool repaint, bool syncBars) {
 void CanvasCore::render(const Rect& area, RenderTarget target) {
   if (blank()) return;
   renderer_.render(bitmaps.DIB, view_, smooth(), area, target);
+  paintOverlay(overlay_, area, target);
   if (!scalars.XYlinesShown) return;
   const auto invert = [&](int x, int y) {
     if (!area.contains(x, y)) return;
@@ -168,8 +171,28 @@ void CanvasCore::render(const Rect& area, RenderTarget target) {
   }
 }
 
+OverlayFigures CanvasCore::overlayNow() {
+  return tool() && !blank() ? tool()->overlay(*this) : OverlayFigures{};
+}
+
+void CanvasCore::overlayChanged() {
+  OverlayFigures now = overlayNow();
+  const Size shown = view_.displaySize();
+  const Rect display{0, 0, shown.width, shown.height};
+  const auto repaintMissing = [&](const OverlayFigures& figures, const OverlayFigures& others) {
+    for (const OverlayFigure& figure : figures) {
+      if (std::find(others.begin(), others.end(), figure) != others.end()) continue;
+      forTouchedParts(figure, display, [this](const Rect& part) { repaintDisplay(part); });
+    }
+  };
+  const OverlayFigures before = std::exchange(overlay_, std::move(now));
+  repaintMissing(before, overlay_);
+  repaintMissing(overlay_, before);
+}
+
 void CanvasCore::repaintAll() {
   scalars.XYlinesShown = false;
+  overlay_ = overlayNow();
   window_.repaint({0, 0, client_.width, client_.height});
 }
 
@@ -183,6 +206,7 @@ void CanvasCore::repaintDisplay(const Rect& display) {
 
 void CanvasCore::resetStroke() {
   if (tool()) tool()->drop();
+  window_.setTicking(false);
   window_.setToolTip("");
   heldButton_ = MouseButton::None;
   backgroundPressed_ = false;

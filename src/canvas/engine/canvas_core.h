@@ -74,6 +74,11 @@ class CanvasCore final : private ToolContext {
   void mouseRelease(Point at, MouseButton button, KeyModifiers keys);
   void mouseLeave();  // the pointer left the control
 
+  // --- Keys and time
+  // True when the key meant something to what is under way; hosts give other keys their usual sense.
+  bool keyPress(CanvasKey key, KeyModifiers keys);
+  void tick();
+
   // --- Resizing the canvas by its edges
   bool edgeHandlesShown() const;
   const EdgeDrag& edgeDrag() const { return edgeDrag_; }
@@ -96,6 +101,11 @@ class CanvasCore final : private ToolContext {
   std::optional<Colour> seenColour(Point image) const override;
   void setWorking(bool working) override;
   RandomSource* random() override { return random_; }
+  void overlayChanged() override;
+  int scale() const override { return scale_; }
+  void selectTool(int op) override { setCanvasOp(op); }
+  void copyToClipboard(const clsDIB& picture) override { window_.copyToClipboard(picture); }
+  void setTicking(bool on) override { window_.setTicking(on); }
 
   const ToolRow& row() const;
   CanvasTool* tool() const { return tools_[static_cast<std::size_t>(op_)].get(); }
@@ -105,6 +115,7 @@ class CanvasCore final : private ToolContext {
   void resetStroke();
   void repaintAll();
   void repaintDisplay(const Rect& display);
+  OverlayFigures overlayNow();
   bool smooth() const { return screenMode_ <= 0; }
   void chooseCursor(Point display);
   void showXYlines(Point display);
@@ -117,6 +128,7 @@ class CanvasCore final : private ToolContext {
   CanvasWindow& window_;
   ViewGeometry view_;
   ViewRenderer renderer_;
+  OverlayFigures overlay_;  // as shown
   EdgeDrag edgeDrag_;
   std::array<std::unique_ptr<CanvasTool>, kScrollOp + 1> tools_;
   RandomSource* random_ = nullptr;

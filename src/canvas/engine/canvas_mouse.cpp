@@ -27,7 +27,7 @@ void CanvasCore::mousePress(Point at, MouseButton button, KeyModifiers keys) {
     return;
   }
   if (blank()) return;
-  if (button == MouseButton::Right && !row().rightPress) {
+  if (button == MouseButton::Right && !row().rightPress && !(tool() && tool()->takesRightPress())) {
     // The press itself does nothing, not even to the measures; but some tools act when this button is let go.
     if (row().rightRelease) heldButton_ = button;
     return;
@@ -71,6 +71,18 @@ void CanvasCore::mouseRelease(Point at, MouseButton button, KeyModifiers keys) {
 
 void CanvasCore::mouseLeave() {
   if (!held()) leavePicture();
+}
+
+bool CanvasCore::keyPress(CanvasKey key, KeyModifiers keys) {
+  if (blank() || !tool()) return false;
+  if (key != CanvasKey::Escape) return tool()->arrow(*this, key, keys);
+  if (!tool()->abandon(*this)) return false;
+  heldButton_ = MouseButton::None;
+  return true;
+}
+
+void CanvasCore::tick() {
+  if (!blank() && tool()) tool()->tick(*this);
 }
 
 void CanvasCore::leavePicture() {

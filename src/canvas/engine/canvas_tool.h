@@ -7,6 +7,7 @@
 #include "base/random_source.h"
 #include "canvas/engine/canvas_events.h"
 #include "canvas/engine/canvas_settings.h"
+#include "canvas/engine/overlay.h"
 #include "canvas/engine/view_geometry.h"
 #include "image/clsDIB.h"
 
@@ -26,7 +27,9 @@ struct CanvasBitmaps {
 // What the tools share while they work.
 struct CanvasScalars {
   int CurX = 0, CurY = 0;                                        // the stroke's current image point
-  bool StrokeDown = false, EraseDown = false, HandDown = false;  // the button is held for that family of tools
+  // The button is held for that family of tools.
+  bool StrokeDown = false, EraseDown = false, RegionDown = false, BezierDown = false, GlassDown = false,
+       HandDown = false;
   bool Busy = false;       // the canvas changes its own bars, or a tool works: scroll and resize requests do nothing
   bool MouseOver = false;  // the pointer is on the picture
   bool XYlinesShown = false;
@@ -34,10 +37,14 @@ struct CanvasScalars {
 
 enum class MouseButton { None, Left, Right };
 
+// The keys that act on what a tool has under way.
+enum class CanvasKey { Escape, Left, Right, Up, Down };
+
 struct KeyModifiers {
   bool shift = false;
   bool ctrl = false;
   bool alt = false;
+  bool any() const { return shift || ctrl || alt; }
 };
 
 // A mouse event as a tool sees it.
@@ -62,6 +69,8 @@ class ToolContext {
   virtual const ViewGeometry& view() const = 0;
   // Pixels of DIB changed: the part of the view that shows them is painted again.
   virtual void changed(const Rect& imageRect) = 0;
+  // What the tool shows over the picture changed: its figures are asked for again.
+  virtual void overlayChanged() = 0;
   // Moves the view with bars and NotifyScroll.
   virtual void scrollTo(int x, int y) = 0;
   virtual void setCursor(CursorWord word) = 0;
@@ -71,11 +80,23 @@ class ToolContext {
   virtual void setWorking(bool working) = 0;
   // Source of random dots; null means that the engines use their own.
   virtual RandomSource* random() = 0;
+  // How many times as large as on an ordinary screen handles and markers are; 1 or more.
+  virtual int scale() const = 0;
+  // Leaves the tool in hand for another one. The tool's abort() runs within the call; it must touch nothing afterwards.
+  virtual void selectTool(int op) = 0;
+  // Puts a copy of the picture on the clipboard.
+  virtual void copyToClipboard(const clsDIB& picture) = 0;
+  // Calls the tool's tick() every kToolTick milliseconds until told otherwise.
+  virtual void setTicking(bool on) = 0;
 };
+
+inline constexpr int kToolTick = 200;
 
 class CanvasTool {
  public:
   virtual ~CanvasTool() = default;
+  // The tool was chosen, or the picture that it works on was replaced.
+  virtual void enter(ToolContext&) {}
   virtual void press(ToolContext&, const ToolPoint&) {}
   // While the button is held, and always while inProgress().
   virtual void move(ToolContext&, const ToolPoint&) {}
@@ -84,6 +105,16 @@ class CanvasTool {
   virtual void abort(ToolContext&) {}
   // The picture is about to go: forget what is under way and touch nothing.
   virtual void drop() {}
+  // Escape: takes back what is in progress, the button held or not, and leaves the picture as it was before. True when
+  // there was something. The canvas forgets the held button afterwards.
+  virtual bool abandon(ToolContext&) { return false; }
+  // An arrow key; true when the tool used it.
+  virtual bool arrow(ToolContext&, CanvasKey, KeyModifiers) { return false; }
+  virtual void tick(ToolContext&) {}
+  // What is shown over the picture now, for the present view.
+  virtual OverlayFigures overlay(const ToolContext&) { return {}; }
+  // A right button press reaches the tool though its row of the table says no.
+  virtual bool takesRightPress() const { return false; }
   // A figure of several clicks has begun.
   virtual bool inProgress() const { return false; }
   // The pointer at a display point, when the table's word is not enough.
