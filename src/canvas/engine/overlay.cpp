@@ -24,7 +24,7 @@ void walkPolyline(const std::vector<Point>& points, const Rect& area, Plot plot)
     before += line.length();
   }
   const Point last = points.back();
-  const bool closed = points.size() > 1 && last == points.front();
+  const bool closed = points.size() > 2 && last == points.front();
   if (!closed && area.contains(last.x, last.y)) plot(last.x, last.y, before);
 }
 
