@@ -162,6 +162,12 @@ void ucCanvas::GetVisibleInfo(int& x1, int& y1, int& x2, int& y2) const {
   d_->core.view().visibleInfo(x1, y1, x2, y2);
 }
 
+void ucCanvas::GetLineInfo(int& x1, int& y1, int& x2, int& y2) const {
+  const auto [from, to] = d_->core.GetLineInfo();
+  x1 = from.x, y1 = from.y;
+  x2 = to.x, y2 = to.y;
+}
+
 void ucCanvas::ShowLoadingMsg() {
   QWidget& notice = *d_->picLoadingMsg;
   notice.move((width() - notice.width()) / 2, (height() - notice.height()) / 2);

@@ -83,6 +83,8 @@ class ucCanvas : public QWidget {
   void GetPicdispStartPos(int& left, int& top) const;
   void GetVisibleStartInfo(int& x, int& y) const;
   void GetVisibleInfo(int& x1, int& y1, int& x2, int& y2) const;
+  // The last rubber band in display pixels, from where it began.
+  void GetLineInfo(int& x1, int& y1, int& x2, int& y2) const;
   void ShowLoadingMsg();
   void RemoveLoadingMsg();
   void AdjustRegionDispPosition_After_FormMax();

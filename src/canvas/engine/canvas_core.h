@@ -60,6 +60,7 @@ class CanvasCore final : private ToolContext {
   void CanvasPicPaint();
   void CanvasCleanse();
   void SetScrollValues(int x, int y, bool repaint, bool syncBars);
+  DisplayLine GetLineInfo() const { return scalars.LineRect; }
   Size grossSize() const;  // by the present settings
   // Lets what floats land in DIB; true when something did. A stroke under way ends first, with its own event.
   bool commitFloating();

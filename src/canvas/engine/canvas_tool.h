@@ -24,9 +24,16 @@ struct CanvasBitmaps {
   clsDIB DIBStamp, DIBStampMask;
 };
 
+// In display pixels.
+struct DisplayLine {
+  Point from;
+  Point to;
+};
+
 // What the tools share while they work.
 struct CanvasScalars {
-  int CurX = 0, CurY = 0;                                        // the stroke's current image point
+  int CurX = 0, CurY = 0;  // the stroke's current image point
+  DisplayLine LineRect;    // the last rubber band
   // The button is held for that family of tools.
   bool StrokeDown = false, EraseDown = false, RegionDown = false, BezierDown = false, GlassDown = false,
        HandDown = false;
