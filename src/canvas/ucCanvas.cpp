@@ -86,6 +86,9 @@ void ucCanvas::setCanvasBackColor(const QColor& color) {
 bool ucCanvas::held() const {
   return d_->core.held();
 }
+void ucCanvas::letGo() {
+  d_->core.letGo();
+}
 void ucCanvas::finishStroke() {
   d_->core.finishStroke();
 }

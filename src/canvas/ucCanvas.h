@@ -53,8 +53,10 @@ class ucCanvas : public QWidget {
   bool SuspendCanvasResizeByEdgeDragging() const;
   void setSuspendCanvasResizeByEdgeDragging(bool suspend);
   void setToShowPixelRGB(bool show);
-  // A tool or the hand holds the mouse button; hosts let commands wait until it is let go.
+  // A tool or the hand holds the mouse button.
   bool held() const;
+  // A held button counts as let go where the pointer was last; hosts say so before a command that comes between.
+  void letGo();
   // Ends the stroke under way as if the button had been let go; NotifyToPrepareUndo comes before the return.
   void finishStroke();
 

@@ -120,6 +120,8 @@ void CanvasView::mousePressEvent(QMouseEvent* event) {
 }
 
 void CanvasView::mouseMoveEvent(QMouseEvent* event) {
+  // A menu or a dialog that opened by a key meanwhile has taken the release.
+  if (!(event->buttons() & (Qt::LeftButton | Qt::RightButton))) d_.core.letGo();
   d_.core.mouseMove(d_.toDevice(*event, *this), keysOf(event->modifiers()));
 }
 

@@ -50,6 +50,8 @@ void frmRuvoPaint::activated() {
   d_->link.unloadToolWindows(true);
   rebuildFileHistoryMenu();
   updateOptionMenus();
+  // What the panel told was of the picture before.
+  d_->setPixelPanel("");
   d_->readSession();
   d_->readToolbox();
   UpdateAllowableMenusForScreenMode();
@@ -70,7 +72,7 @@ bool frmRuvoPaint::AskSaveCurr() {
 }
 
 bool frmRuvoPaint::mayReplacePicture() {
-  if (d_->canvas->held()) d_->canvas->finishStroke();
+  d_->canvas->letGo();
   return !hasUnsavedChanges() || AskSaveCurr();
 }
 

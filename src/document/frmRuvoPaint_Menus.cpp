@@ -47,6 +47,7 @@ void frmRuvoPaint::Private::runMenu(const QString& control, int index) {
       {"mnuWindowsSub", [](Private& d, int i) { d.link.arrangeWindows(i); }},
       {"mnuHelpSub", [](Private& d, int i) { d.link.mnuHelpSub_Click(i); }},
   };
+  canvas->letGo();
   if (const SaveItem* item = saveItemOf(control.toStdString(), index)) return saveAs(*item);
   if (const ReductionItem* item = reductionItemOf(control.toStdString(), index)) return reduceColours(*item);
   if (const Run run = kCommands.value(control)) run(*this, index);

@@ -106,6 +106,7 @@ struct frmRuvoPaint::Private {
 
   // --- Tools and view
   int operationOfMode() const;
+  void takeBezierType(int tool);
   int effectiveBrushSize() const;
   // No tool: ends a curve or a polygon that is under way, without a trace.
   void endRunningOperation() { canvas->setCanvasOp(kNoTool); }
@@ -153,6 +154,7 @@ struct frmRuvoPaint::Private {
   void updateMenus();
 
   static constexpr int kNoTool = 18;
+  static constexpr int kFilledCurveTool = 7;  // index of the tool image
   static constexpr int kLineTool = 4;
   static constexpr int kAntialiasedLine = 8;
   static constexpr int kAntialiasedLineSize = 2;

@@ -16,6 +16,13 @@ void frmRuvoPaint::Private::returnToOperationOfMode() {
   self.OnOffQuickScroll();
 }
 
+// The two curve tools share one operation; an open curve of the one must not go on as one of the other.
+void frmRuvoPaint::Private::takeBezierType(int tool) {
+  const int type = tool == kFilledCurveTool ? 1 : 0;
+  if (canvas->settings().BezierType != type) canvas->BezierAbort();
+  canvas->settings().BezierType = type;
+}
+
 // The antialiased line has a size of its own; every other tool takes the box.
 int frmRuvoPaint::Private::effectiveBrushSize() const {
   const ToolboxState tools = link.toolbox();
@@ -42,6 +49,7 @@ void frmRuvoPaint::Private::readToolbox() {
   settings.SprayDensity = tools.sprayDensity;
   settings.SprayTranslucencyPercent = tools.sprayTranslucencyPercent;
   settings.MagnifyGlassFactor = tools.glassFactor;
+  takeBezierType(tools.tool);
   self.Notify_PolygonSetting_FromMDI();
   self.Notify_PolygonOperationType_FromMDI();
   if (canvas->PolygonDrawMethod() != tools.polygonDrawMethod) canvas->setPolygonDrawMethod(tools.polygonDrawMethod);
@@ -81,9 +89,8 @@ void frmRuvoPaint::Do_imgToolsClick(int index) {
     d_->endRunningOperation();
   } else {
     d_->link.selectTool(index);
-    // Both curve tools are one operation, so the step between them would leave a curve open.
     d_->canvas->BezierAbort();
-    d_->canvas->settings().BezierType = index == 7 ? 1 : 0;
+    d_->takeBezierType(index);
     d_->canvas->setCanvasOp(kToolCanvasOp[static_cast<std::size_t>(index)]);
   }
   d_->canvas->settings().BrushSize = d_->effectiveBrushSize();

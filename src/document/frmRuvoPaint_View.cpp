@@ -39,6 +39,7 @@ void frmRuvoPaint::Private::limitMagnify() {
 void frmRuvoPaint::Private::setMagnify(int magnify) {
   CanvasSettings& settings = canvas->settings();
   if (magnify < 1 || magnify == settings.Magnify) return;
+  canvas->letGo();
   Point scroll;
   canvas->GetScrollValues(scroll.x, scroll.y);
   const Size seen = seenOf(*canvas);

@@ -12,9 +12,8 @@ constexpr MenuRow item(const char* control, int index, const char* parent, const
                        unsigned scope, const char* shortcut = "") {
   return {control, index, parent, text, shortcut, needs, scope, false};
 }
-constexpr MenuRow check(const char* control, int index, const char* parent, const char* text,
-                        unsigned needs = kNeedNothing) {
-  return {control, index, parent, text, "", needs, kScopeBoth, true};
+constexpr MenuRow check(const char* control, int index, const char* parent, const char* text) {
+  return {control, index, parent, text, "", kNeedNothing, kScopeBoth, true};
 }
 constexpr MenuRow line(const char* control, int index, const char* parent, unsigned scope) {
   return {control, index, parent, "-", "", kNeedNothing, scope, false};
@@ -104,8 +103,7 @@ constexpr MenuRow kRows[] = {
     bar("mnuAnimatedGIF", "Animated &GIF", kScopeBoth),
     item("mnuAnimatedGIFNew", 0, "mnuAnimatedGIF", "&Assemble Frames From Files ....", kNotBuilt, kScopeBoth),
     item("mnuAnimatedGIFNew", 1, "mnuAnimatedGIF", "Load &First Frame From GIF File ....", kNotBuilt, kScopeBoth),
-    item("mnuAnimatedGIFNew", 2, "mnuAnimatedGIF", "Open Animated &GIF File ....", kNeedNothing, kScopeBoth,
-         "Ctrl+G"),
+    item("mnuAnimatedGIFNew", 2, "mnuAnimatedGIF", "Open Animated &GIF File ....", kNeedNothing, kScopeBoth, "Ctrl+G"),
     item("mnuAnimatedGIFNew", 3, "mnuAnimatedGIF", "Auto-Generate &Frame Series ....", kNotBuilt, kScopeBoth),
     item("mnuAnimatedGIFImport", 0, "mnuAnimatedGIF", "Convert Animated &Cursor (ANI) To Animated GIF ....", kNotBuilt,
          kScopeBoth),
@@ -250,9 +248,9 @@ constexpr MenuRow kRows[] = {
     line("mnuOptionsSub", 11, "mnuOptions", kScopeBoth),
     item("mnuOptionsSub", 12, "mnuOptions", "&Options for Current Session Only", kNeedNothing, kScopeBoth),
     check("mnuOptionsSessionOnlySub", 0, "mnuOptionsSub(12)",
-          "&Use Alternative Region Marquee  (i.e. If Entire Image Is Dark Greyish)", kNotBuilt),
+          "&Use Alternative Region Marquee  (i.e. If Entire Image Is Dark Greyish)"),
     check("mnuOptionsSessionOnlySub", 1, "mnuOptionsSub(12)", "Suspend &Canvas Resize by Edge Dragging"),
-    check("mnuOptionsSessionOnlySub", 2, "mnuOptionsSub(12)", "Suspend &Region Resize by Edge Dragging", kNotBuilt),
+    check("mnuOptionsSessionOnlySub", 2, "mnuOptionsSub(12)", "Suspend &Region Resize by Edge Dragging"),
     check("mnuOptionsSessionOnlySub", 3, "mnuOptionsSub(12)", "&Turn On [X, Y] Axis Lines (If Applicable)"),
 
     // --- Windows, Help

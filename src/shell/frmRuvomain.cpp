@@ -10,9 +10,9 @@
 #include "base/paths.h"
 #include "base/program_title.h"
 #include "document/frmRuvoPaint.h"
+#include "platform/theme/theme.h"
 #include "shell/frmRuvomain_Private.h"
 #include "shell/shell_controls.h"
-#include "platform/theme/theme.h"
 
 namespace ruvo {
 namespace {
@@ -131,7 +131,7 @@ QWidget* frmRuvomain::buildToolPanel(QWidget* parent) {
   d_->toolbox->clicked = [this](int index) { toolClicked(index); };
   const auto palette = [this](shell::PaletteKind kind, int box) { paletteAsked(kind, box); };
   d_->colors = new shell::BrushAndColors(panel, palette);
-  d_->colors->brushSizeChanged = [this] { brushSizeChanged(); };
+  d_->colors->brushSizeChanged = [this](bool byKeys) { brushSizeChanged(byKeys); };
   d_->colors->swapClicked = [this] { swapColors(); };
   column->addWidget(d_->toolbox);
   column->addWidget(shell::divider(Qt::Horizontal, panel));
@@ -155,6 +155,8 @@ QWidget* frmRuvomain::buildOptionArea(QWidget* parent, const PaletteAsked& palet
   area->setWidgetResizable(true);
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   area->viewport()->setAutoFillBackground(false);
+  // A click beside the options leaves the keys with the picture.
+  area->setFocusPolicy(Qt::NoFocus);
   auto* holder = new QWidget;
   auto* holderColumn = new QVBoxLayout(holder);
   holderColumn->setContentsMargins(0, 0, 0, 0);

@@ -116,7 +116,7 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   void editButtonClicked(int index);
   void newClicked();
   void openClicked();
-  void brushSizeChanged();
+  void brushSizeChanged(bool byKeys);
   void fitInClicked();
   void swapColors();
   void boxRightClicked(int box);

@@ -110,10 +110,19 @@ void BrushAndColors::buildBrushSize() {
   }
   connect(brushSize_, &QComboBox::currentIndexChanged, this, [this] {
     updateSteppers();
-    if (brushSizeChanged) brushSizeChanged();
+    if (brushSizeChanged) brushSizeChanged(sizeByKeys_);
   });
+  brushSize_->installEventFilter(this);
   updateSteppers();
   static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
+
+bool BrushAndColors::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == brushSize_) {
+    if (event->type() == QEvent::KeyPress) sizeByKeys_ = true;
+    if (event->type() == QEvent::KeyRelease || event->type() == QEvent::FocusOut) sizeByKeys_ = false;
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 int BrushAndColors::brushSizeIndex() const {

@@ -35,8 +35,12 @@ class BrushAndColors : public QWidget {
   // What the box holds when no lock is on: the size that the settings keep.
   int ownBrushSizeIndex() const { return lockedFrom_ >= 0 ? lockedFrom_ : brushSizeIndex(); }
 
-  std::function<void()> brushSizeChanged;
+  // `byKeys`: chosen with the keys of the box, which is to keep them.
+  std::function<void(bool byKeys)> brushSizeChanged;
   std::function<void()> swapClicked;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void buildColors(const std::function<void(PaletteKind, int)>& paletteAsked);
@@ -48,6 +52,7 @@ class BrushAndColors : public QWidget {
   QComboBox* brushSize_ = nullptr;
   std::array<QToolButton*, 2> adjust_{};
   int lockedFrom_ = -1;
+  bool sizeByKeys_ = false;
 };
 
 }  // namespace ruvo::shell

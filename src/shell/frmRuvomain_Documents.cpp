@@ -159,6 +159,7 @@ void frmRuvomain::showActive(frmRuvoPaint* document) {
   showMenusOf(document);
   if (!d_->toolbar->viewMode()) SetOptionFrame(kToolOptionFrame[static_cast<std::size_t>(d_->toolbox->selected())]);
   handCustomPictures(*document);
+  d_->toolbar->setPicture(document->canvas());
 }
 
 void frmRuvomain::setDocumentChanged(int slot, bool changed) {

@@ -9,9 +9,9 @@
 #include <QVBoxLayout>
 
 #include "platform/desktop/desktop.h"
+#include "platform/theme/theme.h"
 #include "shell/polygon_specimen.h"
 #include "shell/shell_controls.h"
-#include "platform/theme/theme.h"
 
 namespace ruvo::shell {
 namespace {
@@ -19,7 +19,6 @@ namespace {
 constexpr int kSmallCombo = 76;
 constexpr int kPreviewSide = 34;
 constexpr int kButtonAir = 10;
-constexpr int kRegionTool = 14;
 constexpr int kCustomBrush = 8;
 constexpr int kCustomPattern = 9;
 
@@ -432,14 +431,10 @@ void OptionFrames::buildRegionFrame() {
     auto* button = loadButton(controlName("cmdRegionOperation", i), rows[i].text, frame);
     button->setToolTip(rows[i].tip);
     connect(button, &QPushButton::clicked, this, [this, i] { calls_.regionOperation(i); });
-    button->setEnabled(toolAvailable(kRegionTool));
-    regionOperation_[static_cast<std::size_t>(i)] = button;
+    // Borders and shadows need windows of their own.
+    button->setEnabled(false);
     column(frame)->addWidget(button);
   }
-}
-
-void OptionFrames::enableShadow(bool enable) {
-  regionOperation_[1]->setEnabled(enable && toolAvailable(kRegionTool));
 }
 
 void OptionFrames::readInto(ToolboxState& state) const {

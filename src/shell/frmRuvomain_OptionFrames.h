@@ -60,8 +60,6 @@ class OptionFrames : public Panel {
 
   void readInto(ToolboxState& state) const;
   ColorBox& bezierBox() { return *bezierBox_; }
-  // A shadow can be added to a rectangular region only.
-  void enableShadow(bool enable);
   void setCustomPictures(const CustomPictures& pictures);
   // The specimen of an automatic polygon is drawn in this colour.
   void setSpecimenColour(const QColor& colour);
@@ -123,7 +121,6 @@ class OptionFrames : public Panel {
   QWidget* customBrushRow_ = nullptr;
   QWidget* specimen_ = nullptr;
   ColorBox* bezierBox_ = nullptr;
-  std::array<QAbstractButton*, 2> regionOperation_{};
   QLabel* picCustomBrush_ = nullptr;
   QLabel* picCustomBrushMask_ = nullptr;
   QLabel* picCustomPattern_ = nullptr;

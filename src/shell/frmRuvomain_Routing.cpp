@@ -22,7 +22,6 @@ namespace {
 
 constexpr Size kNewImageSize = {640, 480};
 constexpr int kLineTool = 4;
-constexpr int kRegionTool = 14;
 constexpr int kAntialiasedLine = 8;
 constexpr int kAntialiasedLineBrush = 2;
 // Takes the focus after a brush size was picked, so that the keys are the picture's again.
@@ -57,7 +56,12 @@ void frmRuvomain::tell(void (frmRuvoPaint::*call)(int), int index) {
 // --- Tools
 
 void frmRuvomain::toolClicked(int index) {
-  if (frmRuvoPaint* document = activeDocument()) return document->Do_imgToolsClick(index);
+  if (frmRuvoPaint* document = activeDocument()) {
+    document->Do_imgToolsClick(index);
+    // The keys are the picture's from here on, whatever control had them.
+    document->canvas()->setFocus();
+    return;
+  }
   // With no document only the border moves; the first document that is opened takes the tool over.
   selectTool(index);
 }
@@ -65,7 +69,6 @@ void frmRuvomain::toolClicked(int index) {
 void frmRuvomain::selectTool(int index) {
   d_->toolbox->select(index);
   SetOptionFrame(kToolOptionFrame[static_cast<std::size_t>(index)]);
-  d_->options->enableShadow(index == kRegionTool);
   lockBrushForLine();
   setStatusPanel(kPanelPixel, QString());
 }
@@ -85,9 +88,9 @@ void frmRuvomain::lockBrushForLine() {
   d_->colors->lockBrushSize(fixed ? kAntialiasedLineBrush : 0);
 }
 
-void frmRuvomain::brushSizeChanged() {
+void frmRuvomain::brushSizeChanged(bool byKeys) {
   if (session().settingsLoading) return;
-  d_->toolbar->container(kFocusContainer)->setFocus();
+  if (!byKeys) d_->toolbar->focusBeside(kFocusContainer);
   tell(&frmRuvoPaint::Notify_BrushSize_FromMDI);
 }
 

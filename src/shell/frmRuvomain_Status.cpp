@@ -1,11 +1,12 @@
 #include "shell/frmRuvomain_Status.h"
 
 #include <QPainter>
+#include <algorithm>
 
 #include "canvas/ucProgress.h"
 #include "document/main_window_link.h"
-#include "shell/shell_controls.h"
 #include "platform/theme/theme.h"
+#include "shell/shell_controls.h"
 
 namespace ruvo::shell {
 namespace {
@@ -14,6 +15,9 @@ constexpr int kBarHeight = 28;
 constexpr int kProgressWidth = 120;
 // Widths of the panels 1 to 4; panel 0 takes what is left.
 constexpr std::array<int, kStatusPanelCount> kPanelWidths = {0, 52, 220, 112, 112};
+// The measures of an arc need more than that; in a wide window they get it.
+constexpr int kWidestMeasure = 345;
+constexpr double kMeasureShare = 0.29;
 constexpr std::array<const char*, kStatusPanelCount> kPanelTips = {"", "Size of incoming image", "", "Size on screen",
                                                                    "Net image size"};
 
@@ -41,12 +45,14 @@ StatusBar::StatusBar(QWidget* parent) : Panel(Border::Top, parent) {
 }
 
 void StatusBar::resizeEvent(QResizeEvent*) {
+  auto widths = kPanelWidths;
+  widths[kPanelPixel] = std::clamp(qRound(width() * kMeasureShare), kPanelWidths[kPanelPixel], kWidestMeasure);
   int right = width() - 6;
   for (int i = kStatusPanelCount - 1; i >= 1; --i) {
     const auto at = static_cast<std::size_t>(i);
-    right -= kPanelWidths[at];
-    panels_[at]->setGeometry(right, 0, kPanelWidths[at], kBarHeight);
-    labels_[at]->setGeometry(9, 1, kPanelWidths[at] - 12, kBarHeight - 1);
+    right -= widths[at];
+    panels_[at]->setGeometry(right, 0, widths[at], kBarHeight);
+    labels_[at]->setGeometry(9, 1, widths[at] - 12, kBarHeight - 1);
   }
   right -= kProgressWidth + 10;
   progress_->setGeometry(right, (kBarHeight - 8) / 2 + 1, kProgressWidth, 8);

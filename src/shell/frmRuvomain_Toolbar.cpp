@@ -10,8 +10,8 @@
 
 #include "base/limits.h"
 #include "document/menu_table.h"
-#include "shell/shell_controls.h"
 #include "platform/theme/theme.h"
+#include "shell/shell_controls.h"
 
 namespace ruvo::shell {
 namespace {
@@ -253,8 +253,12 @@ void Toolbar::setFitIn(bool checked) {
   fitInBox_->setChecked(checked);
 }
 
-void Toolbar::focusBeside() {
-  container(0)->setFocus();
+void Toolbar::focusBeside(int container) {
+  groups_[static_cast<std::size_t>(container)]->setFocus();
+}
+
+void Toolbar::setPicture(QWidget* canvas) {
+  for (QWidget* group : groups_) group->setFocusProxy(canvas);
 }
 
 int Toolbar::widthWithButtons(int side) {

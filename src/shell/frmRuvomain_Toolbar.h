@@ -68,9 +68,9 @@ class Toolbar : public Panel {
   bool fitIn() const;
   void setFitIn(bool checked);
 
-  // The controls beside those of the mode that a mode change moves the focus to.
-  void focusBeside();
-  QWidget* container(int index) { return groups_[static_cast<std::size_t>(index)]; }
+  // Moves the focus to a group of buttons and with it on to the picture, where there is one.
+  void focusBeside(int container = 0);
+  void setPicture(QWidget* canvas);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

@@ -55,6 +55,22 @@ TEST(UcCanvas, PaintsByTheMouse) {
   EXPECT_EQ(screen.pixelColor(shown.at(20, 12)), QColor(Qt::white));
 }
 
+// A dialog that a key opens in the middle of a stroke gets the release.
+TEST(UcCanvas, AMoveWithNoButtonDownEndsTheStroke) {
+  ShownCanvas shown(40, 40);
+  shown.canvas.setCanvasOp(0);
+  QSignalSpy undo(&shown.canvas, &ucCanvas::NotifyToPrepareUndo);
+  QTest::mousePress(shown.view, Qt::LeftButton, {}, shown.at(10, 10));
+  QTest::mouseMove(shown.view, shown.at(20, 10));
+  EXPECT_TRUE(shown.canvas.held());
+  const QPointF back = shown.at(30, 30);
+  QMouseEvent event(QEvent::MouseMove, back, shown.view->mapToGlobal(back), Qt::NoButton, Qt::NoButton, {});
+  QCoreApplication::sendEvent(shown.view, &event);
+  EXPECT_FALSE(shown.canvas.held());
+  EXPECT_EQ(undo.count(), 1);
+  EXPECT_EQ(shown.pixel(30, 30).colour(), kWhite);
+}
+
 // On a scaled screen the point in the widget is rounded; a click would miss the pixel under the pointer.
 TEST(UcCanvas, TakesTheExactPlaceOfThePointer) {
   ShownCanvas shown(40, 40);

@@ -140,6 +140,19 @@ TEST_F(DocumentEdit, CanvasEventsBecomeTextsAndColours) {
   EXPECT_EQ(main.panels[kPanelPixel], "Click:  [1, 2]   RGB(3, 4, 5)");
   Q_EMIT canvas.DispMeasureClear();
   EXPECT_EQ(main.panels[kPanelPixel], "");
+  const auto told = [this] { return main.panels[kPanelPixel].toStdString(); };
+  Q_EMIT canvas.DispMeasureLine(1, 2, 4, 6, 53.13);
+  EXPECT_EQ(told(), "[1,2]  [4,6]   L=5   A=53.1");
+  Q_EMIT canvas.DispMeasureLine(0, 1, 1500, 0, 179.96);
+  EXPECT_EQ(told(), "[0,1]  [1500,0]   L=1500   A=0.0");
+  Q_EMIT canvas.DispMeasureArc(1, 2, 3, 4, 5, 6, 7.6);
+  EXPECT_EQ(told(), "[1,2]  [3,4]  C=[5,6]  R=8");
+  Q_EMIT canvas.DispMeasureOval(1, 2, 3, 7, 8);
+  EXPECT_EQ(told(), "[1, 2]  Radius 3   w=7  h=8");
+  Q_EMIT canvas.DispMeasureRectangle(1, 2, 3, 4);
+  EXPECT_EQ(told(), "Start [1, 2]   W=3 H=4");
+  document->activated();
+  EXPECT_EQ(told(), "") << "the panel is another picture's from here on";
   Q_EMIT canvas.NotifyDragResizeProforma(7, 8);
   EXPECT_EQ(main.panels[kPanelNetSize], "7 x 8");
   Q_EMIT canvas.NotifyClickData(2, rgb(9, 8, 7), 0, 0);
@@ -195,8 +208,14 @@ TEST_F(DocumentEdit, OptionsAreCopiedAndRefusedWhereTheyMustBe) {
   main.documents = 1;
   EXPECT_TRUE(document->triggerMenu("mnuOptionsSub", 1));
   EXPECT_TRUE(checked("mnuOptionsSub", 1));
-  EXPECT_TRUE(document->triggerMenu("mnuOptionsSessionOnlySub", 3));
-  EXPECT_TRUE(checked("mnuOptionsSessionOnlySub", 3));
+  for (int option = 0; option < 4; ++option) {
+    EXPECT_TRUE(document->triggerMenu("mnuOptionsSessionOnlySub", option));
+    EXPECT_TRUE(checked("mnuOptionsSessionOnlySub", option)) << option;
+  }
+  document->Notify_SessionOptions_FromMDI();
+  const ucCanvas& canvas = *document->canvas();
+  EXPECT_TRUE(canvas.settings().UseAlternativeRegionMarquee && canvas.SuspendCanvasResizeByEdgeDragging());
+  EXPECT_TRUE(canvas.settings().SuspendRegionResizeByEdgeDragging && canvas.settings().TurnOnXYlines);
 }
 
 TEST_F(DocumentEdit, InquiryTellsAboutThePicture) {

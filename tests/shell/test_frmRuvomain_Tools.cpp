@@ -92,6 +92,67 @@ TEST_F(Tools, AntialiasedLineHasItsOwnBrushSizeWhileChosen) {
   EXPECT_TRUE(size.isEnabled());
 }
 
+// Every tool's frame writes to the canvas, and a document that is opened later reads the same.
+TEST_F(Tools, OptionsOfShapesReachEveryCanvas) {
+  frmRuvoPaint& first = openNew();
+  control<QComboBox>("cboPolygonOperationType").setCurrentIndex(4);
+  control<QComboBox>("cboPolygonSetting(0)").setCurrentText("5");
+  control<QComboBox>("cboPolygonSetting(1)").setCurrentText("20");
+  control<QComboBox>("cboPolygonSetting(2)").setCurrentText("0.4");
+  control<QComboBox>("cboPolygonSetting(3)").setCurrentText("90");
+  for (const char* name :
+       {"optPolygonDrawMethod(1)", "optLineType(4)", "optRectangleCornerShape(3)", "optOvalEnhancement(1)"})
+    click(name);
+  window->selectTool(7);
+  mouse(control<QWidget>("picColorToUse(2)"), Qt::RightButton);
+  for (frmRuvoPaint* document : {&first, &openNew()}) {
+    const CanvasSettings& settings = document->canvas()->settings();
+    EXPECT_EQ(document->canvas()->PolygonDrawMethod(), 1);
+    EXPECT_EQ(settings.PolygonOperationType, 4);
+    EXPECT_EQ(settings.PolygonNumPoints, 5);
+    EXPECT_EQ(settings.PolygonRadius, 20);
+    EXPECT_FLOAT_EQ(settings.PolygonConcaveFactor, 0.4F);
+    EXPECT_EQ(settings.PolygonAngle, 90);
+    EXPECT_EQ(settings.LineType, 4);
+    EXPECT_EQ(settings.RectangleCornerShape, 3);
+    EXPECT_EQ(settings.OvalEnhancement, 1);
+    EXPECT_EQ(settings.BezierFillColor, kBlack);
+  }
+  EXPECT_EQ(window->activeDocument()->canvas()->settings().BezierType, 1) << "the filled curve is the chosen tool";
+  EXPECT_FALSE(control("cmdRegionOperation(0)").isEnabled() || control("cmdRegionOperation(1)").isEnabled());
+}
+
+// Escape, arrows and Delete are the picture's unless a control that knows them has the focus.
+TEST_F(Tools, AToolAndASizeGiveTheKeysToThePicture) {
+  QApplication::setActiveWindow(window.get());
+  QWidget* picture = openNew().canvas()->findChild<QWidget*>("picDisp");
+  QComboBox& size = control<QComboBox>("cboBrushSize");
+  const auto hasKeys = [&](QWidget* widget) { return QApplication::focusWidget() == widget; };
+  EXPECT_TRUE(hasKeys(picture));
+  size.setFocus();
+  click("imgTools(2)");
+  EXPECT_TRUE(hasKeys(picture));
+  size.setFocus();
+  size.setCurrentIndex(5);
+  EXPECT_TRUE(hasKeys(picture)) << "picked from the list";
+  size.setFocus();
+  QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+  QApplication::sendEvent(&size, &down);
+  EXPECT_EQ(size.currentIndex(), 6);
+  EXPECT_TRUE(hasKeys(&size)) << "stepped through with its keys";
+  click("cmdMode(0)");
+  EXPECT_TRUE(hasKeys(picture));
+  QWidget& scale = control<QWidget>("txbZoomScale");
+  scale.setFocus();
+  QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+  QApplication::sendEvent(&scale, &enter);
+  EXPECT_TRUE(hasKeys(picture));
+  click("cmdMode(1)");
+  // Beside the options there is nothing that could take them.
+  mouse(*control<QWidget>("picOptionArea").findChild<QWidget*>("qt_scrollarea_viewport"), Qt::LeftButton);
+  EXPECT_TRUE(hasKeys(picture));
+}
+
 TEST_F(Tools, ColoursSwapByArrowAndRightClick) {
   window->colorPicked(rgb(10, 20, 30), false);
   window->colorPicked(rgb(200, 100, 50), true);

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "document/main_window_link.h"
+#include "document/option_rows.h"
 
 namespace ruvo::test {
 
@@ -23,8 +24,8 @@ class FakeMainWindow : public MainWindowLink {
   bool zoomIn = false;
   bool zoomOut = false;
   bool corners = false;
-  QStringList history;                        // as added, newest last
-  QStringList animationHistory;               // the same
+  QStringList history;           // as added, newest last
+  QStringList animationHistory;  // the same
   QMap<QString, WindowPlacement> placements;
   QList<QPair<PendingOpen, QString>> opened;  // windows asked for
   QStringList calls;                          // everything else, "name" or "name(argument)"
@@ -105,7 +106,10 @@ class FakeMainWindow : public MainWindowLink {
     if (index == 1) state.options.sdiOnly = !state.options.sdiOnly;
   }
   void mnuSubMonitorRAM_Click(int index) override { state.options.watchRam = index; }
-  void mnuOptionsSessionOnlySub_Click(int) override { state.options.axisLines = !state.options.axisLines; }
+  void mnuOptionsSessionOnlySub_Click(int index) override {
+    bool OptionFlags::*flag = optionFlagOf("mnuOptionsSessionOnlySub", index);
+    state.options.*flag = !(state.options.*flag);
+  }
   void mnuFileExit_Click() override { calls << "mnuFileExit"; }
   void mnuHelpSub_Click(int index) override { calls << QString("mnuHelpSub(%1)").arg(index); }
   void arrangeWindows(int index) override { calls << QString("arrangeWindows(%1)").arg(index); }

@@ -74,6 +74,8 @@ class CanvasCore final : private ToolContext {
   void mouseMove(Point at, KeyModifiers keys);
   void mouseRelease(Point at, MouseButton button, KeyModifiers keys);
   void mouseLeave();  // the pointer left the control
+  // The held button counts as let go where the pointer was last: its release went elsewhere, or a command comes between.
+  void letGo();
 
   // --- Keys and time
   // True when the key meant something to what is under way; hosts give other keys their usual sense.
@@ -143,6 +145,8 @@ class CanvasCore final : private ToolContext {
   bool showPixelRgb_ = false;
   bool backgroundPressed_ = false;
   MouseButton heldButton_ = MouseButton::None;  // whose press was taken; a release acts only for it
+  Point heldAt_;                                // of its press or last move, in the control
+  KeyModifiers heldKeys_;
   Point xyLines_;
 };
 

@@ -21,6 +21,8 @@ ToolPoint CanvasCore::toolPoint(Point display, MouseButton button, KeyModifiers 
 
 void CanvasCore::mousePress(Point at, MouseButton button, KeyModifiers keys) {
   if (button == MouseButton::None || held()) return;
+  heldAt_ = at;
+  heldKeys_ = keys;
   wipeXYlines();
   if (!view_.picDisp.contains(at.x, at.y)) {
     backgroundPressed_ = true;
@@ -44,6 +46,8 @@ void CanvasCore::mouseMove(Point at, KeyModifiers keys) {
     return;
   }
   scalars.MouseOver = true;
+  heldAt_ = at;
+  heldKeys_ = keys;
   wipeXYlines();
   chooseCursor(display);
   const ToolPoint point = toolPoint(display, heldButton_, keys);
@@ -67,6 +71,10 @@ void CanvasCore::mouseRelease(Point at, MouseButton button, KeyModifiers keys) {
   if (blank()) return;
   wipeXYlines();
   if (tool()) tool()->release(*this, toolPoint(toDisplay(at), button, keys));
+}
+
+void CanvasCore::letGo() {
+  if (held()) mouseRelease(heldAt_, heldButton_, heldKeys_);
 }
 
 void CanvasCore::mouseLeave() {

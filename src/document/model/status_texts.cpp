@@ -13,6 +13,10 @@ std::string text(int value) {
 std::string rounded(double value) {
   return std::to_string(roundToInt(value));
 }
+// Rounded first: of 179.97 degrees remains what is shown of a level line.
+std::string angleText(double degrees) {
+  return formatNumber(std::fmod(std::round(degrees * 10), 1800) / 10, kFormatAngle);
+}
 std::string pair(int x, int y, const char* between) {
   std::string both = "[";
   both += text(x);
@@ -37,7 +41,7 @@ std::string rectangleText(int x, int y, int width, int height) {
 
 std::string lineText(int x1, int y1, int x2, int y2, double angle) {
   return pair(x1, y1, ",") + "  " + pair(x2, y2, ",") + "   L=" + rounded(std::hypot(x2 - x1, y2 - y1)) +
-         "   A=" + formatNumber(angle, kFormatAngle);
+         "   A=" + angleText(angle);
 }
 
 std::string arcText(int x1, int y1, int x2, int y2, int cx, int cy, double radius) {

@@ -60,6 +60,14 @@ TEST(CanvasCore, OnlyTheButtonWhosePressWasTakenEndsAStroke) {
   EXPECT_EQ(canvas.taken(), (Events{"DispMeasureClear", "NotifyToPrepareUndo"}));
   canvas.release({5, 5});
   EXPECT_EQ(canvas.events, Events{});
+  // A command that comes between ends it where the pointer was last.
+  canvas.press({5, 5});
+  canvas.move({9, 5});
+  canvas.move({900, 5});
+  canvas.core.letGo();
+  canvas.core.letGo();
+  EXPECT_EQ(canvas.taken(), (Events{"DispMeasureClear", "NotifyToPrepareUndo"}));
+  EXPECT_FALSE(canvas.core.held());
 }
 
 TEST(CanvasCore, ClicksOnTheBackgroundAndLeavingThePicture) {
