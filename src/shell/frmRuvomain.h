@@ -130,6 +130,7 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   void menuTriggered(const QString& control, int index);
   void showMenusOf(frmRuvoPaint* document);
   void updateMainMenu();
+  void clipboardChanged();
   void historyClicked(int index);
   void listHistory(const QString& control, const FileHistory& history, HistoryPaths& paths);
   void toggleOption(const QString& control, int index);

@@ -22,8 +22,15 @@ void frmRuvomain::buildMenus() {
   d_->menus = std::make_unique<MenuSet>(kScopeMain, this,
                                         [this](const QString& control, int index) { menuTriggered(control, index); });
   if (QMenu* edit = d_->menus->menu("mnuEdit")) connect(edit, &QMenu::aboutToShow, this, [this] { updateMainMenu(); });
+  desktop::desktop().watchClipboard(this, [this] { clipboardChanged(); });
   showMenusOf(nullptr);
   updateMainMenu();
+}
+
+// What can be pasted follows what other programs copy.
+void frmRuvomain::clipboardChanged() {
+  updateMainMenu();
+  tell(&frmRuvoPaint::updateEditButtons);
 }
 
 // What the main window's own menus allow: there is no picture, but there may be one on the clipboard.
@@ -45,6 +52,7 @@ void frmRuvomain::menuTriggered(const QString& control, int index) {
   if (control == "mnuFileHistoryGIFani") return mnuFileHistoryGIFani_Click(index);
   if (control == "mnuFileExit") return mnuFileExit_Click();
   if (control == "mnuEditPaste") return openDocument(PendingOpen::Paste, QString());
+  if (control == "mnuEditClearClipboard") return desktop::desktop().clearClipboard();
   if (control == "mnuOptionsSub") return mnuOptionsSub_Click(index);
   if (control == "mnuSubMonitorRAM") return mnuSubMonitorRAM_Click(index);
   if (control == "mnuOptionsSessionOnlySub") return mnuOptionsSessionOnlySub_Click(index);

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "platform/desktop/desktop.h"
+#include "platform/imaging/codecs.h"
 
 namespace ruvo {
 
@@ -28,11 +29,12 @@ class UnattendedDesktop : public desktop::Desktop {
   std::optional<QColor> pickColor(QWidget*, const QColor&) override { return std::nullopt; }
   bool clipboardHasPicture() override { return false; }
   void putOnClipboard(const QImage&) override {}
+  imaging::LoadResult clipboardPicture(std::int64_t) override { return imaging::refused(imaging::LoadError::Missing); }
+  void clearClipboard() override {}
+  void watchClipboard(QObject*, std::function<void()>) override {}
   std::int64_t freeRamKb() override { return INT64_MAX; }
   int screenBitsPerPixel() override { return 32; }
-  desktop::PrintAnswer print(QWidget*, const desktop::PrintedList&) override {
-    return desktop::PrintAnswer::Cancelled;
-  }
+  desktop::PrintAnswer print(QWidget*, const desktop::PrintedList&) override { return desktop::PrintAnswer::Cancelled; }
   bool open(const QString&) override { return false; }
 
  private:

@@ -5,8 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QMimeData>
+#include <QPointer>
 #include <deque>
 
+#include "platform/desktop/clipboard_picture.h"
 #include "platform/desktop/desktop.h"
 
 namespace ruvo::test {
@@ -16,7 +19,8 @@ class ScriptedDesktop : public desktop::Desktop {
   ScriptedDesktop() : previous_(desktop::setDesktop(this)) {}
   ~ScriptedDesktop() override {
     desktop::setDesktop(previous_);
-    for (const auto& step : script_) ADD_FAILURE() << "never asked: " << step.kind << " \"" << step.text.toStdString() << '"';
+    for (const auto& step : script_)
+      ADD_FAILURE() << "never asked: " << step.kind << " \"" << step.text.toStdString() << '"';
   }
 
   // expect("Proceed still?").answer(desktop::Answer::Yes). A part of the message text is enough.
@@ -28,7 +32,9 @@ class ScriptedDesktop : public desktop::Desktop {
   Expectation expect(const QString& textPart) { return add("message", textPart); }
   void expectOpen(const QString& path) { script_[add("open", "").index].path = path; }
   // `proposed` is a part of the name that the program must propose.
-  void expectSave(const QString& path, const QString& proposed = "") { script_[add("save", proposed).index].path = path; }
+  void expectSave(const QString& path, const QString& proposed = "") {
+    script_[add("save", proposed).index].path = path;
+  }
   void expectFolder(const QString& path) { script_[add("folder", "").index].path = path; }
   void expectColor(std::optional<QColor> colour) { script_[add("colour", "").index].colour = colour; }
 
@@ -36,8 +42,9 @@ class ScriptedDesktop : public desktop::Desktop {
 
   // The whole text of each message shown, in order.
   QStringList messages;
-  bool clipboardPicture = false;
-  QImage clipboard;  // what was put there
+  // What the clipboard offers; read as the real one is.
+  std::unique_ptr<QMimeData> clipboardData = std::make_unique<QMimeData>();
+  QImage clipboard;  // what the program put there last
   std::int64_t ramKb = 1 << 22;
   int bitsPerPixel = 32;
   QStringList opened;
@@ -58,8 +65,28 @@ class ScriptedDesktop : public desktop::Desktop {
   }
   QString pickFolder(QWidget*, const QString& title, const QString&) override { return take("folder", title).path; }
   std::optional<QColor> pickColor(QWidget*, const QColor&) override { return take("colour", "").colour; }
-  void putOnClipboard(const QImage& picture) override { clipboard = picture; }
-  bool clipboardHasPicture() override { return clipboardPicture; }
+  bool clipboardHasPicture() override { return desktop::holdsPicture(*clipboardData); }
+  void putOnClipboard(const QImage& picture) override {
+    clipboard = picture;
+    copyElsewhere([&](QMimeData& data) { data.setImageData(picture); });
+  }
+  imaging::LoadResult clipboardPicture(std::int64_t maxPixels) override {
+    return desktop::pictureOf(*clipboardData, maxPixels);
+  }
+  void clearClipboard() override {
+    copyElsewhere([](QMimeData&) {});
+  }
+  void watchClipboard(QObject* watcher, std::function<void()> changed) override {
+    watchers_.push_back({watcher, changed});
+  }
+  // As when another program copies: `fill` puts in what it offers.
+  void copyElsewhere(const std::function<void(QMimeData&)>& fill) {
+    clipboardData = std::make_unique<QMimeData>();
+    fill(*clipboardData);
+    for (const auto& [watcher, changed] : watchers_) {
+      if (watcher) changed();
+    }
+  }
   std::int64_t freeRamKb() override { return ramKb; }
   int screenBitsPerPixel() override { return bitsPerPixel; }
   desktop::PrintAnswer print(QWidget*, const desktop::PrintedList& list) override {
@@ -100,6 +127,7 @@ class ScriptedDesktop : public desktop::Desktop {
   }
 
   Desktop* previous_;
+  std::vector<std::pair<QPointer<QObject>, std::function<void()>>> watchers_;
   std::deque<Step> script_;
 };
 

@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
+#include <QDeadlineTimer>
 #include <QDesktopServices>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -20,6 +22,9 @@
 #include <QUrl>
 
 #include "base/program_title.h"
+#include "platform/desktop/clipboard_picture.h"
+#include "platform/desktop/cursors.h"
+#include "platform/imaging/codecs.h"
 
 namespace ruvo::desktop {
 namespace {
@@ -135,12 +140,34 @@ class QtDesktop : public Desktop {
     return picked.isValid() ? std::optional(picked) : std::nullopt;
   }
 
+  // Another program is asked what it offers. One that does not answer is left alone for a while, or every look would
+  // stop this program for seconds.
   bool clipboardHasPicture() override {
+    if (!mute_.hasExpired()) return false;
+    QElapsedTimer asked;
+    asked.start();
     const QMimeData* data = QApplication::clipboard()->mimeData();
-    return data && data->hasImage();
+    const bool has = data && holdsPicture(*data);
+    if (!has && asked.elapsed() > kSlowAnswerMs) mute_.setRemainingTime(kMuteMs);
+    return has;
   }
 
   void putOnClipboard(const QImage& picture) override { QApplication::clipboard()->setImage(picture); }
+
+  imaging::LoadResult clipboardPicture(std::int64_t maxPixels) override {
+    const WaitCursor wait;
+    const QMimeData* data = QApplication::clipboard()->mimeData();
+    return data ? pictureOf(*data, maxPixels) : imaging::refused(imaging::LoadError::Missing);
+  }
+
+  void clearClipboard() override { QApplication::clipboard()->clear(); }
+
+  void watchClipboard(QObject* watcher, std::function<void()> changed) override {
+    QObject::connect(QApplication::clipboard(), &QClipboard::dataChanged, watcher, [this, changed] {
+      mute_ = {};
+      changed();
+    });
+  }
 
   std::int64_t freeRamKb() override {
     QFile file("/proc/meminfo");
@@ -168,6 +195,11 @@ class QtDesktop : public Desktop {
   bool open(const QString& fileOrAddress) override {
     return QDesktopServices::openUrl(QUrl::fromUserInput(fileOrAddress));
   }
+
+ private:
+  static constexpr qint64 kSlowAnswerMs = 1000;
+  static constexpr qint64 kMuteMs = 30'000;
+  QDeadlineTimer mute_;  // the clipboard's owner does not answer
 };
 
 Desktop* installed = nullptr;

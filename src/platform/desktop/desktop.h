@@ -6,12 +6,15 @@
 #include <QString>
 #include <QStringList>
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 #include "platform/desktop/list_printing.h"
+#include "platform/imaging/picture_loader.h"
 #include "platform/raster/surface.h"
 
 class QImage;
+class QObject;
 class QWidget;
 
 namespace ruvo::desktop {
@@ -30,7 +33,8 @@ class Desktop {
 
   // A modal message titled with the program's name. The text is plain (never rich text). A closed box answers No
   // (YesNo) or Ok.
-  virtual Answer message(QWidget* parent, const QString& text, Icon icon = Icon::None, Buttons buttons = Buttons::Ok) = 0;
+  virtual Answer message(QWidget* parent, const QString& text, Icon icon = Icon::None,
+                         Buttons buttons = Buttons::Ok) = 0;
 
   // File pickers. `filter` is in the classic form "Name (*.a;*.b)|*.a;*.b|Name 2|*.c". Empty when cancelled.
   virtual QString openFile(QWidget* parent, const QString& title, const QString& folder, const QString& filter) = 0;
@@ -43,6 +47,12 @@ class Desktop {
   // The clipboard's picture test: true when it holds something that Paste can take.
   virtual bool clipboardHasPicture() = 0;
   virtual void putOnClipboard(const QImage& picture) = 0;
+  // The picture that another program, or this one, put there. See desktop::pictureOf() for the answers.
+  virtual imaging::LoadResult clipboardPicture(std::int64_t maxPixels) = 0;
+  // Empties it, whoever filled it.
+  virtual void clearClipboard() = 0;
+  // Calls `changed` whenever this or another program changed it, as long as `watcher` lives.
+  virtual void watchClipboard(QObject* watcher, std::function<void()> changed) = 0;
 
   // Memory available without swapping, in KB.
   virtual std::int64_t freeRamKb() = 0;

@@ -9,6 +9,7 @@
 #include "base/file_source.h"
 #include "base/limits.h"
 #include "platform/imaging/bmp_header.h"
+#include "platform/imaging/codecs.h"
 
 namespace ruvo::imaging {
 namespace {
@@ -341,7 +342,7 @@ LoadError decode(const Input& input, const BmpHeader& header, BmpResult& result)
   return LoadError::None;
 }
 
-BmpResult readFrom(const Input& input) {
+BmpResult readFrom(const Input& input, std::int64_t maxPixels) {
   BmpResult result;
   std::array<std::uint8_t, kBmpHeadBytes> head{};
   const std::size_t got = input.read(0, head);
@@ -350,6 +351,9 @@ BmpResult readFrom(const Input& input) {
   result.width = header.width;
   result.height = header.height;
   result.fileDepth = header.bits;
+  if (result.error == LoadError::None && !sizeAllowed(header.width, header.height, maxPixels)) {
+    result.error = LoadError::TooLarge;
+  }
   if (result.error == LoadError::None) result.error = decode(input, header, result);
   if (result.error != LoadError::None) result.surface.clear();
   return result;
@@ -361,13 +365,14 @@ bool looksLikeBmp(std::span<const std::uint8_t> firstBytes) {
   return looksLikeBmpHead(firstBytes);
 }
 
-BmpResult readBmp(std::span<const std::uint8_t> bytes) {
-  return readFrom(Input(bytes));
+BmpResult readBmp(std::span<const std::uint8_t> bytes, std::int64_t maxPixels) {
+  return readFrom(Input(bytes), maxPixels);
 }
 
 BmpResult readBmpFile(const std::filesystem::path& path) {
   const FileSource file(path);
-  if (file.isOpen() && file.size() <= static_cast<std::uint64_t>(kMaxFileBytes)) return readFrom(Input(file));
+  if (file.isOpen() && file.size() <= static_cast<std::uint64_t>(kMaxFileBytes))
+    return readFrom(Input(file), kMaxPicturePixels);
   BmpResult refused;
   refused.error = file.isOpen() ? LoadError::TooLarge : LoadError::Missing;
   return refused;

@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <span>
 
+#include "base/limits.h"
 #include "platform/imaging/picture_loader.h"
 #include "platform/raster/surface.h"
 
@@ -37,7 +38,8 @@ struct BmpResult {
 
 // The first bytes of a BMP or of an OS/2 bitmap array.
 bool looksLikeBmp(std::span<const std::uint8_t> firstBytes);
-BmpResult readBmp(std::span<const std::uint8_t> bytes);
+// A bitmap of more than `maxPixels` pixels is too large as well.
+BmpResult readBmp(std::span<const std::uint8_t> bytes, std::int64_t maxPixels = kMaxPicturePixels);
 // Reads rows straight from the file, so that the whole of it never lies in memory beside the surface.
 BmpResult readBmpFile(const std::filesystem::path& path);
 

@@ -2,6 +2,8 @@
 
 #include <new>
 
+#include "base/byte_reader.h"
+#include "base/byte_writer.h"
 #include "base/file_io.h"
 #include "platform/imaging/bmp_reader.h"
 #include "platform/imaging/codecs.h"
@@ -22,8 +24,7 @@ bool classicLoaderTakes(FileKind kind) {
 }
 
 // A BMP whose rows stop early is refused: the rest of it would be black, and a save would make that lasting.
-LoadResult loadBmp(const std::filesystem::path& path) {
-  BmpResult file = readBmpFile(path);
+LoadResult loadBmp(BmpResult&& file) {
   LoadResult result;
   result.error = file && file.truncated ? LoadError::Broken : file.error;
   result.width = file.width;
@@ -49,10 +50,39 @@ LoadResult loadFile(const std::filesystem::path& path, bool classicOnly) {
     if (isMetafile(std::span(first).first(got))) return loadMetafile(path);
     if (kind == FileKind::Unknown || (classicOnly && !classicLoaderTakes(kind)))
       return refused(LoadError::NotThisFormat);
-    return kind == FileKind::Bmp ? loadBmp(path) : readAny(source, kind);
+    return kind == FileKind::Bmp ? loadBmp(readBmpFile(path)) : readAny(source, kind);
   } catch (const std::bad_alloc&) {
     return refused(LoadError::NoMemory);
   }
+}
+
+// The header of a bitmap without the file header before it: one of the published lengths, and one plane.
+bool looksLikeDib(std::span<const std::uint8_t> bytes) {
+  constexpr std::uint32_t kCoreHeader = 12;
+  constexpr std::array<std::uint32_t, 7> kLengths = {kCoreHeader, 40, 52, 56, 64, 108, 124};
+  ByteReader reader(bytes);
+  const std::uint32_t length = reader.u32();
+  reader.skip(length == kCoreHeader ? 4 : 8);
+  return reader.u16() == 1 && std::find(kLengths.begin(), kLengths.end(), length) != kLengths.end();
+}
+
+// With a file header that leaves the offset of the pixels open, as they follow the table.
+std::vector<std::uint8_t> withFileHeader(std::span<const std::uint8_t> dib) {
+  constexpr std::size_t kRestOfFileHeader = 12;
+  ByteWriter file;
+  file.append("BM");
+  file.zeros(kRestOfFileHeader);
+  file.append(dib);
+  return file.take();
+}
+
+LoadResult loadMetafile(std::vector<std::uint8_t>&& bytes, std::int64_t maxPixels) {
+  LoadResult loaded = adoptMetafile(std::move(bytes));
+  if (loaded && !sizeAllowed(loaded.width, loaded.height, maxPixels)) {
+    loaded.picture = {};
+    loaded.error = LoadError::TooLarge;
+  }
+  return loaded;
 }
 
 }  // namespace
@@ -96,6 +126,20 @@ LoadResult LoadPicture(const std::filesystem::path& path) {
 LoadResult LoadImageThroughGDIPlus(const std::filesystem::path& path) {
   if (!imagingUsable()) return refused(LoadError::NotThisFormat);
   return loadFile(path, false);
+}
+
+LoadResult LoadPictureFromBytes(std::vector<std::uint8_t> bytes, std::int64_t maxPixels) {
+  if (static_cast<std::int64_t>(bytes.size()) > kMaxFileBytes) return refused(LoadError::TooLarge);
+  try {
+    if (isMetafile(bytes)) return loadMetafile(std::move(bytes), maxPixels);
+    const FileKind kind = kindOf(bytes);
+    if (kind == FileKind::Bmp) return loadBmp(readBmp(bytes, maxPixels));
+    if (kind == FileKind::Unknown && looksLikeDib(bytes)) return loadBmp(readBmp(withFileHeader(bytes), maxPixels));
+    MemorySource source(bytes);
+    return readAny(source, kind, maxPixels);
+  } catch (const std::bad_alloc&) {
+    return refused(LoadError::NoMemory);
+  }
 }
 
 }  // namespace ruvo::imaging

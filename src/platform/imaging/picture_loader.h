@@ -1,7 +1,9 @@
 // The platform's picture loading: one call per family, sizes checked before pixels are allocated, no exceptions.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <vector>
 
 #include "platform/imaging/picture.h"
 
@@ -28,5 +30,10 @@ LoadResult LoadPicture(const std::filesystem::path& path);
 // The imaging service's loader: PNG and TIFF (and whatever LoadPicture takes), 32-bit surfaces with straight alpha in
 // byte 3 where the file has alpha. Without imagingUsable() everything is NotThisFormat.
 LoadResult LoadImageThroughGDIPlus(const std::filesystem::path& path);
+
+// A whole picture in memory, as another program hands it over: any of the kinds above, or a device-independent bitmap
+// without a file header. Which one is told by its first bytes. A picture of more than `maxPixels` pixels is TooLarge,
+// and nothing of it is decoded.
+LoadResult LoadPictureFromBytes(std::vector<std::uint8_t> bytes, std::int64_t maxPixels);
 
 }  // namespace ruvo::imaging
