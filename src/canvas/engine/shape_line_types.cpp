@@ -25,11 +25,15 @@ Rect softLine(clsDIB& picture, Point from, Point to, Colour colour, const LineMa
   constexpr int kShortestArrow = 6, kShortestDoubleArrow = 14;
   Rect changed = manner.softEdges ? AAWideLine(picture, from, to, colour, manner.width)
                                   : penLine(picture, from, to, colour, manner.width);
-  const bool atEnd = (manner.type == kArrowLine && longerThan(kShortestArrow, from, to)) ||
-                     (manner.type == kDoubleArrowLine && longerThan(kShortestDoubleArrow, from, to));
-  if (atEnd) changed = changed.united(arrowHead(picture, to, from, colour, manner.width, manner.softEdges));
-  if (atEnd && manner.type == kDoubleArrowLine)
-    changed = changed.united(arrowHead(picture, from, to, colour, manner.width, manner.softEdges));
+  const auto head = [&](Point tip, Point back) {
+    changed = changed.united(arrowHead(picture, tip, back, colour, manner.width, manner.softEdges));
+  };
+  if (manner.type == kArrowLine && longerThan(kShortestArrow, from, to)) head(to, from);
+  if (manner.type == kDoubleArrowLine && longerThan(kShortestDoubleArrow, from, to)) {
+    const Point middle{from.x + (to.x - from.x) / 2, from.y + (to.y - from.y) / 2};
+    head(from, middle);
+    head(to, middle);
+  }
   return changed;
 }
 

@@ -161,7 +161,8 @@ Rect arrowHead(clsDIB& picture, Point tip, Point from, Colour colour, int width,
   constexpr double kBarbAngle = 0.5;  // between a barb and the line, about 29 degrees
   if (tip == from) return {};
   const double back = std::atan2(from.y - tip.y, from.x - tip.x);
-  const double length = std::min(5.0 + 2 * std::clamp(width, 1, kWidestPen), distance(tip, from));
+  // On a short line a whole head would hide the line.
+  const double length = std::min(5.0 + 2 * std::clamp(width, 1, kWidestPen), 0.7 * distance(tip, from));
   Rect changed;
   for (const double angle : {back - kBarbAngle, back + kBarbAngle}) {
     const Point end{tip.x + roundToInt(length * std::cos(angle)), tip.y + roundToInt(length * std::sin(angle))};
