@@ -1,11 +1,11 @@
 // The inside of ucCanvas: its child controls, and the two ways between them and the core.
 #pragma once
 
-#include <QScrollBar>
 #include <QTimer>
 #include <QWidget>
 #include <array>
 
+#include "canvas/canvas_bars.h"
 #include "canvas/engine/canvas_core.h"
 #include "canvas/ucCanvas.h"
 #include "canvas/ucCanvas_View.h"
@@ -15,13 +15,6 @@ namespace ruvo {
 struct ucCanvas::Private final : CanvasEvents, CanvasWindow {
   explicit Private(ucCanvas& canvas);
 
-  // --- Device pixels
-
-  // Where the pointer is, for the core: counted from the device pixel at which the control begins.
-  Point toDevice(const QMouseEvent& event, const QWidget& receiver) const;
-  Size deviceClient() const;
-  // The logical rectangle that holds device pixels.
-  QRect toLogical(const Rect& device) const;
   void takeClient();  // hands size and bars to the core
 
   // --- CanvasEvents: each becomes the signal of its name
@@ -69,18 +62,14 @@ struct ucCanvas::Private final : CanvasEvents, CanvasWindow {
   void setTicking(bool on) override;
   void copyToClipboard(const clsDIB& picture) override;
 
-  void arrangeBar(QScrollBar& bar, bool shown, const QRect& place, int max, int value, int length);
   void arrangeEdges();
-  void scrolledByBar();
-  int barThickness() const;
+  void scrolledByBar(int x, int y);
   QColor surround() const;
 
   ucCanvas& q;
   CanvasCore core{*this, *this};
   CanvasView* picDisp;
-  QScrollBar* HsbDisp;
-  QScrollBar* VsbDisp;
-  QWidget* picJunction;
+  CanvasBars bars;
   std::array<QWidget*, 4> picDrag;
   QWidget* picDragHorizontal;
   QWidget* picDragVertical;

@@ -1,19 +1,21 @@
-// The viewport of the canvas: paints the picture and what surrounds it, and takes mouse, wheel and dropped files.
+// The viewport of the canvas: shows the picture and takes mouse, wheel, keys and dropped files.
 #pragma once
 
-#include <QImage>
-#include <QWidget>
-
+#include "canvas/picture_view.h"
 #include "canvas/ucCanvas.h"
 
 namespace ruvo {
 
-class CanvasView final : public QWidget {
+class CanvasView final : public PictureView {
  public:
   CanvasView(ucCanvas& canvas, ucCanvas::Private& inside);
 
  protected:
-  void paintEvent(QPaintEvent* event) override;
+  const ViewGeometry& shown() const override;
+  QColor surround() const override;
+  void render(const Rect& area, RenderTarget target) override;
+  void sizeChanged() override { canvas_.CanvasResize(); }
+  void paintOver(QPainter& painter, QPoint origin) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -26,14 +28,11 @@ class CanvasView final : public QWidget {
   void dropEvent(QDropEvent* event) override;
 
  private:
-  void paintPicture(QPainter& painter, QPoint origin, const QRect& dirty);
-  void paintSurround(QPainter& painter, QPoint origin, const QRegion& dirty);
   void zoomAt(QPointF pointer, int steps);  // device pixels of the control
   int wholeSteps(int angle, int& rest);
 
   ucCanvas& canvas_;
   ucCanvas::Private& d_;
-  QImage buffer_;
   int zoomRest_ = 0;
 };
 

@@ -52,6 +52,25 @@ raster::Surface partOverWhite(const clsDIB& picture, const Rect& part) {
 
 }  // namespace
 
+void invertCrossHair(Point at, const Rect& area, RenderTarget target) {
+  const auto invert = [&](int x, int y) {
+    if (!area.contains(x, y)) return;
+    std::uint8_t* pixel = target.pixels + (y - area.top) * target.stride + (x - area.left) * 4;
+    for (int i = 0; i < 3; ++i) pixel[i] = static_cast<std::uint8_t>(~pixel[i]);
+  };
+  for (int x = area.left; x < area.right; ++x) invert(x, at.y);
+  for (int y = area.top; y < area.bottom; ++y) {
+    if (y != at.y) invert(at.x, y);
+  }
+}
+
+Rect fittedPlace(const clsDIB& picture, Size client, bool enlarge) {
+  const Size room = ViewGeometry::fitRoom(client);
+  int x = 0, y = 0, width = 0, height = 0;
+  picture.GetBestFitPointAndSize(std::max(1, room.width), std::max(1, room.height), x, y, width, height, enlarge);
+  return Rect::fromSize(x + 1, y + 1, width, height);
+}
+
 void ViewRenderer::render(const clsDIB& picture, const ViewGeometry& view, bool smooth, const Rect& area,
                           RenderTarget target) {
   const raster::Surface& surface = picture.surface();

@@ -19,6 +19,13 @@ struct RenderTarget {
   std::ptrdiff_t stride = 0;
 };
 
+// Inverts the row and the column of a display point in pixels that show `area`.
+void invertCrossHair(Point at, const Rect& area, RenderTarget target);
+
+// Where a picture that is fitted into a control of this size lies in it (ViewLayout::fitted). Small pictures keep their
+// size unless they are to be enlarged.
+Rect fittedPlace(const clsDIB& picture, Size client, bool enlarge);
+
 class ViewRenderer {
  public:
   // The picture's pixels changed, or another picture stands in its place.
