@@ -1,5 +1,6 @@
 #include "canvas/ucCanvas.h"
 
+#include "canvas/engine/glass_lens.h"
 #include "canvas/ucCanvas_Private.h"
 
 namespace ruvo {
@@ -183,12 +184,14 @@ void ucCanvas::RemoveLoadingMsg() {
   d_->picLoadingMsg->hide();
 }
 
-// Regions and the glass keep their place in the picture; with neither out there is only the view to paint again.
 void ucCanvas::AdjustRegionDispPosition_After_FormMax() {
   d_->picDisp->update();
 }
 void ucCanvas::updateGlass() {
-  d_->picDisp->update();
+  d_->core.overlayChanged();
+}
+void ucCanvas::GetMagnifyGlassSizeInfo(int& width, int& height) const {
+  width = height = glass::kSide * d_->picDisp->markerScale();
 }
 
 void ucCanvas::resizeEvent(QResizeEvent* event) {

@@ -90,7 +90,8 @@ class ucCanvas : public QWidget {
   void ShowLoadingMsg();
   void RemoveLoadingMsg();
   void AdjustRegionDispPosition_After_FormMax();
-  void updateGlass();  // redraws the magnifying glass if it is out
+  void updateGlass();  // shows the magnifying glass anew, if it is out, after its settings changed
+  void GetMagnifyGlassSizeInfo(int& width, int& height) const;  // device pixels of the display
 
  Q_SIGNALS:
   void doLoadFileByDragDrop(const QString& path);

@@ -96,6 +96,7 @@ void frmRuvoPaint::Private::showPicture() {
   self.OnOffQuickScroll();
   self.Do_UpdateZoomButtons();
   updatePanels();
+  refreshPanoramic();
 }
 
 void frmRuvoPaint::UpdateDisplay() {
@@ -106,6 +107,7 @@ void frmRuvoPaint::resizeEvent(QResizeEvent*) {
   if (isMinimized()) return;
   d_->canvas->setGeometry(rect());
   d_->canvas->AdjustRegionDispPosition_After_FormMax();
+  d_->refreshPanoramic();
   if (!d_->isActive()) return;
   AllowOrDisallowQuickScroll();
   OnOffQuickScroll();

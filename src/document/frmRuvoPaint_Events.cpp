@@ -10,9 +10,13 @@ void frmRuvoPaint::Private::connectCanvas() {
   QObject::connect(canvas, &ucCanvas::NotifyToPrepareUndo, &self, [this] {
     setChanged(true);
     pushState();
+    refreshPanoramic();
   });
   // A region that is still moving is no edit yet; the state is pushed when it is put down.
-  QObject::connect(canvas, &ucCanvas::NotifyRegionMoved, &self, [this] { setChanged(true); });
+  QObject::connect(canvas, &ucCanvas::NotifyRegionMoved, &self, [this] {
+    setChanged(true);
+    refreshPanoramic();
+  });
   QObject::connect(canvas, &ucCanvas::NotifyRegionStatus, &self, [this] { self.updateEditButtons(); });
   QObject::connect(canvas, &ucCanvas::NotifyDragResizeProforma, &self,
                    [this](int width, int height) { link.setStatusPanel(kPanelNetSize, qt(sizeText(width, height))); });
@@ -25,6 +29,7 @@ void frmRuvoPaint::Private::connectCanvas() {
   });
   QObject::connect(canvas, &ucCanvas::NotifyClickData, &self,
                    [this](int button, Colour colour, int, int) { link.colorPicked(colour, button == 2); });
+  QObject::connect(canvas, &ucCanvas::NotifyCancelGlassOp, &self, [this] { self.OnOffQuickScroll(); });
   QObject::connect(canvas, &ucCanvas::NoStamp, &self, [this] { tell(tr("No stamp loaded yet.")); });
   QObject::connect(canvas, &ucCanvas::DIBProgress, &self, [this](int percent) { link.setProgress(percent); });
   QObject::connect(canvas, &ucCanvas::DIBProgressEnd, &self, [this] { link.endProgress(); });

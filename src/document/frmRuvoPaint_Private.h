@@ -8,6 +8,7 @@
 #include "base/progress.h"
 #include "canvas/ucCanvas.h"
 #include "document/frmRuvoPaint.h"
+#include "document/frmRuvoPanoramic.h"
 #include "document/menu_table.h"
 #include "document/model/file_record.h"
 #include "document/model/open_rules.h"
@@ -59,9 +60,10 @@ struct frmRuvoPaint::Private {
     bool turned = false;  // with the picture; the states before that have it as it was
   } iconMask;
   bool awaitsFirstActivation = true;
-  bool busy = false;             // Undo or Redo runs; a second click is dropped
-  bool historyGapTold = false;   // a state could not be written and the user knows
-  std::vector<QString> dropped;  // files that wait for the end of a dialog
+  bool busy = false;                     // Undo or Redo runs; a second click is dropped
+  bool historyGapTold = false;           // a state could not be written and the user knows
+  QPointer<frmRuvoPanoramic> panoramic;  // while it is shown
+  std::vector<QString> dropped;          // files that wait for the end of a dialog
 
   SessionState& session() { return link.session(); }
   bool hasPicture() const { return !canvas->DIB().empty(); }
@@ -111,8 +113,11 @@ struct frmRuvoPaint::Private {
   // No tool: ends a curve or a polygon that is under way, without a trace.
   void endRunningOperation() { canvas->setCanvasOp(kNoTool); }
   void returnToOperationOfMode();
+  bool glassOut() const { return canvas->CanvasOp() == kGlassTool; }
   void setMagnify(int magnify);
   void zoomBySteps(int steps);
+  void showPanoramic();
+  void refreshPanoramic();
   template <typename T>
   void take(T CanvasSettings::*setting, T ToolboxState::*value) {
     canvas->settings().*setting = link.toolbox().*value;
@@ -155,6 +160,7 @@ struct frmRuvoPaint::Private {
 
   static constexpr int kNoTool = 18;
   static constexpr int kFilledCurveTool = 7;  // index of the tool image
+  static constexpr int kGlassTool = 17;
   static constexpr int kLineTool = 4;
   static constexpr int kAntialiasedLine = 8;
   static constexpr int kAntialiasedLineSize = 2;

@@ -11,6 +11,8 @@ int frmRuvoPaint::Private::operationOfMode() const {
 }
 
 void frmRuvoPaint::Private::returnToOperationOfMode() {
+  // The lens stays out while pictures come and go beneath it.
+  if (glassOut()) return;
   if (canvas->PasteOn() || canvas->PasteOnText() || canvas->RegionMoveReady()) return;
   canvas->setCanvasOp(operationOfMode());
   self.OnOffQuickScroll();
@@ -50,6 +52,7 @@ void frmRuvoPaint::Private::readToolbox() {
   settings.SprayTranslucencyPercent = tools.sprayTranslucencyPercent;
   settings.MagnifyGlassFactor = tools.glassFactor;
   takeBezierType(tools.tool);
+  settings.UseConvexGlass = tools.convexGlass;
   self.Notify_PolygonSetting_FromMDI();
   self.Notify_PolygonOperationType_FromMDI();
   if (canvas->PolygonDrawMethod() != tools.polygonDrawMethod) canvas->setPolygonDrawMethod(tools.polygonDrawMethod);

@@ -44,7 +44,7 @@ void frmRuvoPaint::Private::restartHistory() {
 template <typename Step>
 void frmRuvoPaint::Private::restoreState(Step step) {
   busy = true;
-  endRunningOperation();
+  if (!glassOut()) endRunningOperation();
   int x = 0;
   int y = 0;
   canvas->GetScrollValues(x, y);

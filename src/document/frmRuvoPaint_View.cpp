@@ -6,6 +6,8 @@ namespace ruvo {
 namespace {
 
 constexpr int kLargestMagnify = 8;  // the last item of cboMagnify
+// Between the navigator, when it is first shown, and the upper right corner of the canvas (logical pixels).
+constexpr int kNavigatorMargin = 24;
 
 enum ZoomButton { kPaintIn, kPaintOut, kPaintOriginal, kViewIn, kViewOut, kViewOriginal };
 
@@ -136,12 +138,14 @@ void frmRuvoPaint::Do_UpdateModeChange() {
 // --- Quick scroll: the hand, while a bar shows and no tool is chosen
 
 void frmRuvoPaint::AllowOrDisallowQuickScroll() {
-  d_->link.setScrollButtons(d_->hasPicture() && d_->canvas->HasScrollBarVisible(), false);
+  d_->link.setScrollButtons(d_->hasPicture() && d_->canvas->HasScrollBarVisible(), d_->hasPicture());
 }
 
 void frmRuvoPaint::OnOffQuickScroll() {
   d_->canvas->settings().HandScrollEnabled =
       d_->canvas->HasScrollBarVisible() && d_->canvas->CanvasOp() == Private::kNoTool;
+  // Every change of the tool comes by here.
+  Do_UpdateGlassButton();
 }
 
 void frmRuvoPaint::Do_imgUpperLeftClick() {
@@ -155,24 +159,54 @@ void frmRuvoPaint::Do_imgLowerRightClick() {
   d_->canvas->SetScrollValues(x, y, true, true);
 }
 
-// The navigator window is not there yet: its button is shown as what it is.
+// --- Navigator
+
 void frmRuvoPaint::Do_imgPanoramicClick() {
-  AllowOrDisallowQuickScroll();
+  if (d_->panoramic && d_->panoramic->isVisible()) {
+    d_->panoramic->close();
+  } else if (d_->hasPicture()) {
+    d_->showPanoramic();
+  }
+}
+
+// Where it stood last; at first in the upper right corner of the picture.
+void frmRuvoPaint::Private::showPanoramic() {
+  panoramic = new frmRuvoPanoramic(*canvas, link.window());
+  const QSize size = panoramic->sizeHint();
+  QPoint at = canvas->mapToGlobal(QPoint(canvas->width() - size.width() - kNavigatorMargin, kNavigatorMargin));
+  if (const auto& kept = session().panoramicPosition) at = QPoint(kept->x, kept->y);
+  panoramic->setGeometry(QRect(at, size));
+  panoramic->moved = [this](const QPoint& place) { session().panoramicPosition = Point{place.x(), place.y()}; };
+  panoramic->show();
+}
+
+void frmRuvoPaint::Private::refreshPanoramic() {
+  if (panoramic) panoramic->refresh();
 }
 
 // --- Magnifying glass
 
-// The lens is not drawn yet, so its button stays disabled.
 void frmRuvoPaint::Do_UpdateGlassButton() {
-  d_->link.setGlassEnabled(false);
+  d_->link.setGlass(d_->hasPicture() && !d_->link.toolbox().viewMode, d_->glassOut());
 }
 
 void frmRuvoPaint::Do_cmdGlassClick() {
-  Do_UpdateGlassButton();
+  if (!d_->hasPicture() || d_->link.toolbox().viewMode) return;
+  if (d_->glassOut()) {
+    d_->endRunningOperation();
+  } else {
+    d_->commitFloatingAndPush();
+    // With the lens out no tool is chosen, and putting it away leaves none.
+    d_->link.FlatAllToolsImages();
+    d_->canvas->setCanvasOp(Private::kGlassTool);
+  }
+  d_->setPixelPanel("");
+  OnOffQuickScroll();
 }
 
 void frmRuvoPaint::Do_cboGlassClick() {
   d_->take(&CanvasSettings::MagnifyGlassFactor, &ToolboxState::glassFactor);
+  d_->take(&CanvasSettings::UseConvexGlass, &ToolboxState::convexGlass);
   d_->canvas->updateGlass();
 }
 

@@ -15,11 +15,11 @@ class frmRuvoPaint;
 
 // Which toolbar buttons (`cmdEditTB` 0 to 12) a document's state allows.
 struct EditButtonState {
-  bool undo = false;    // buttons 0 and 1
-  bool redo = false;    // 2
-  bool region = false;  // 3 and 4
-  bool paste = false;   // 5 and 6
-  bool picture = false; // 7 to 12
+  bool undo = false;     // buttons 0 and 1
+  bool redo = false;     // 2
+  bool region = false;   // 3 and 4
+  bool paste = false;    // 5 and 6
+  bool picture = false;  // 7 to 12
 };
 
 // Status panels of the main window.
@@ -49,20 +49,20 @@ class MainWindowLink {
   virtual void setProgress(int percent) = 0;  // 0 to 100
   virtual void endProgress() = 0;
   virtual void setEditButtons(const EditButtonState& state) = 0;
-  virtual void setZoomButtons(bool in, bool out, bool original) = 0;   // of the mode that is on
-  virtual void setScrollButtons(bool corners, bool panoramic) = 0;     // imgUpperLeft, imgLowerRight; imgPanoramic
-  virtual void setGlassEnabled(bool enabled) = 0;
+  virtual void setZoomButtons(bool in, bool out, bool original) = 0;  // of the mode that is on
+  virtual void setScrollButtons(bool corners, bool panoramic) = 0;    // imgUpperLeft, imgLowerRight; imgPanoramic
+  virtual void setGlass(bool enabled, bool out) = 0;                  // cmdGlass and cboGlass; the lens is out
   virtual void MDI_disableAllButtonsOnToolBar() = 0;
-  virtual void setMagnify(int magnify) = 0;    // shows it in cboMagnify without telling the document
-  virtual void setZoomScale(int scale) = 0;    // shows it in txbZoomScale
-  virtual void setFitIn(bool checked) = 0;     // sets ckbFitIn without telling the document
+  virtual void setMagnify(int magnify) = 0;  // shows it in cboMagnify without telling the document
+  virtual void setZoomScale(int scale) = 0;  // shows it in txbZoomScale
+  virtual void setFitIn(bool checked) = 0;   // sets ckbFitIn without telling the document
 
   // --- Tools
   virtual void selectTool(int index) = 0;  // border of the tool image and its option frame
   virtual void FlatAllToolsImages() = 0;   // all flat; tells the document Notify_SetScrollOp_FromMDI
   virtual void SetOptionFrame(int index) = 0;
   virtual void colorPicked(Colour colour, bool second) = 0;  // ends in updateColorToUse
-  virtual void showCustomPictures() = 0;   // the option frames' pictures of brush, pattern, stamp changed
+  virtual void showCustomPictures() = 0;  // the option frames' pictures of brush, pattern, stamp changed
 
   // --- Windows and files
   virtual void unloadToolWindows(bool spareBrowser) = 0;

@@ -186,6 +186,7 @@ ToolboxState frmRuvomain::toolbox() const {
   d_->options->readInto(state);
   state.magnify = d_->toolbar->magnify();
   state.glassFactor = d_->toolbar->glassFactor();
+  state.convexGlass = d_->toolbar->convexGlass();
   state.viewMode = d_->toolbar->viewMode();
   state.fitIn = d_->toolbar->fitIn();
   state.zoomScale = d_->toolbar->zoomScale();
@@ -210,8 +211,8 @@ void frmRuvomain::setZoomButtons(bool in, bool out, bool original) {
 void frmRuvomain::setScrollButtons(bool corners, bool panoramic) {
   d_->toolbar->setScrollButtons(corners, panoramic);
 }
-void frmRuvomain::setGlassEnabled(bool enabled) {
-  d_->toolbar->setGlassEnabled(enabled);
+void frmRuvomain::setGlass(bool enabled, bool out) {
+  d_->toolbar->setGlass(enabled, out);
 }
 
 void frmRuvomain::setMagnify(int magnify) {

@@ -60,7 +60,7 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   void setEditButtons(const EditButtonState& state) override;
   void setZoomButtons(bool in, bool out, bool original) override;
   void setScrollButtons(bool corners, bool panoramic) override;
-  void setGlassEnabled(bool enabled) override;
+  void setGlass(bool enabled, bool out) override;
   void MDI_disableAllButtonsOnToolBar() override;
   void setMagnify(int magnify) override;
   void setZoomScale(int scale) override;

@@ -1,5 +1,6 @@
 #include "shell/frmRuvomain_Toolbar.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -19,8 +20,6 @@ namespace {
 constexpr int kMaxMagnify = 8;
 constexpr int kMaxGlass = 8;
 constexpr int kMinGlass = 2;
-// The glass is not drawn yet.
-constexpr bool kGlassBuilt = false;
 
 constexpr std::array<EditButton, kEditButtonCount> kEditButtons = {{
     {"undo_all", "Undo all", "mnuEditUndoAll", -1},
@@ -114,14 +113,22 @@ void Toolbar::buildFileAndEdit() {
 
 void Toolbar::buildGlassAndMode() {
   QWidget* glass = addGroup();
-  glass_ = addButton(glass, "cmdGlass", "glass", "Magnifying glass", [this] { calls_.glass(); });
+  glass_ = addButton(glass, "cmdGlass", "glass", "Magnifying glass  (right click: flat or convex)",
+                     [this] { calls_.glass(); });
   QStringList factors;
   for (int factor = kMinGlass; factor <= kMaxGlass; ++factor) factors << QString::number(factor);
   glassBox_ = combo("cboGlass", factors, 0, 46, glass);
   glassBox_->setToolTip("x 100 %  (Magnifying Glass)");
   glass->layout()->addWidget(glassBox_);
   connect(glassBox_, &QComboBox::currentIndexChanged, this, [this] { calls_.glassFactor(); });
-  glassBox_->setEnabled(kGlassBuilt);
+  convex_ = new QAction("Convex glass", this);
+  convex_->setObjectName("ckbConvexGlass");
+  convex_->setCheckable(true);
+  connect(convex_, &QAction::toggled, this, [this] { calls_.glassFactor(); });
+  for (QWidget* control : {static_cast<QWidget*>(glass_), static_cast<QWidget*>(glassBox_)}) {
+    control->setContextMenuPolicy(Qt::ActionsContextMenu);
+    control->addAction(convex_);
+  }
 
   QWidget* mode = addGroup();
   mode_[0] = addButton(mode, "cmdMode(0)", "mode_view", "Switch to View mode", [this] { calls_.mode(0); });
@@ -215,9 +222,10 @@ void Toolbar::setScrollButtons(bool corners, bool panoramic) {
   panoramic_->setEnabled(panoramic);
 }
 
-void Toolbar::setGlassEnabled(bool enabled) {
-  glass_->setEnabled(enabled && kGlassBuilt);
-  glassBox_->setEnabled(enabled && kGlassBuilt);
+void Toolbar::setGlass(bool enabled, bool out) {
+  glass_->setEnabled(enabled);
+  glass_->setChecked(out);
+  glassBox_->setEnabled(enabled);
 }
 
 void Toolbar::disableAll() {
@@ -225,7 +233,7 @@ void Toolbar::disableAll() {
   setZoomButtons(false, false, false);
   setEditButtons({});
   setScrollButtons(false, false);
-  setGlassEnabled(false);
+  setGlass(false, false);
 }
 
 int Toolbar::magnify() const {
@@ -238,6 +246,10 @@ void Toolbar::setMagnify(int magnify) {
 
 int Toolbar::glassFactor() const {
   return glassBox_->currentIndex() + kMinGlass;
+}
+
+bool Toolbar::convexGlass() const {
+  return convex_->isChecked();
 }
 
 void Toolbar::setZoomScale(int scale) {

@@ -10,6 +10,7 @@
 #include "document/main_window_link.h"
 #include "shell/shell_controls.h"
 
+class QAction;
 class QCheckBox;
 class QComboBox;
 class QLineEdit;
@@ -36,7 +37,7 @@ class Toolbar : public Panel {
     std::function<void()> openAnimation;
     std::function<void(int)> edit;
     std::function<void()> glass;
-    std::function<void()> glassFactor;
+    std::function<void()> glassFactor;  // or the kind of the glass
     std::function<void(int)> mode;
     std::function<void(int)> zoom;
     std::function<void()> magnify;
@@ -56,13 +57,14 @@ class Toolbar : public Panel {
   void setEditButtons(const EditButtonState& state);
   void setZoomButtons(bool in, bool out, bool original);
   void setScrollButtons(bool corners, bool panoramic);
-  void setGlassEnabled(bool enabled);
+  void setGlass(bool enabled, bool out);
   // No document: magnification 1, everything that acts on one is disabled.
   void disableAll();
 
   int magnify() const;
   void setMagnify(int magnify);
   int glassFactor() const;
+  bool convexGlass() const;
   int zoomScale() const { return zoomScale_; }
   void setZoomScale(int scale);
   bool fitIn() const;
@@ -97,6 +99,7 @@ class Toolbar : public Panel {
   std::array<PictureButton*, kZoomButtonCount> zoom_{};
   std::array<PictureButton*, 2> mode_{};
   PictureButton* glass_ = nullptr;
+  QAction* convex_ = nullptr;
   PictureButton* upperLeft_ = nullptr;
   PictureButton* lowerRight_ = nullptr;
   PictureButton* panoramic_ = nullptr;

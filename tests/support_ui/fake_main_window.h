@@ -24,6 +24,9 @@ class FakeMainWindow : public MainWindowLink {
   bool zoomIn = false;
   bool zoomOut = false;
   bool corners = false;
+  bool panoramic = false;
+  bool glassEnabled = false;
+  bool glassOut = false;
   QStringList history;           // as added, newest last
   QStringList animationHistory;  // the same
   QMap<QString, WindowPlacement> placements;
@@ -59,8 +62,14 @@ class FakeMainWindow : public MainWindowLink {
     zoomIn = in;
     zoomOut = out;
   }
-  void setScrollButtons(bool shown, bool) override { corners = shown; }
-  void setGlassEnabled(bool) override {}
+  void setScrollButtons(bool shown, bool navigator) override {
+    corners = shown;
+    panoramic = navigator;
+  }
+  void setGlass(bool enabled, bool out) override {
+    glassEnabled = enabled;
+    glassOut = out;
+  }
   void MDI_disableAllButtonsOnToolBar() override { calls << "MDI_disableAllButtonsOnToolBar"; }
   void setMagnify(int magnify) override { tools.magnify = magnify; }
   void setZoomScale(int scale) override { tools.zoomScale = scale; }

@@ -80,11 +80,7 @@ void CanvasCore::setClient(Size client, Size bars, int scale) {
 void CanvasCore::layoutView() {
   ViewLayout in{client_, bitmaps.DIB.size(), settings.Magnify, settings.FitInView, {}, bars_};
   if (settings.FitInView && !blank()) {
-    const Size room = ViewGeometry::fitRoom(client_);
-    int x = 0, y = 0, width = 0, height = 0;
-    bitmaps.DIB.GetBestFitPointAndSize(std::max(1, room.width), std::max(1, room.height), x, y, width, height,
-                                       settings.FitInEvenIfSmaller);
-    in.fitted = Rect::fromSize(x + 1, y + 1, width, height);
+    in.fitted = fittedPlace(bitmaps.DIB, client_, settings.FitInEvenIfSmaller);
   }
   view_.layout(in);
   edgeDrag_.place(view_.picDisp, client_, scale_);
@@ -159,16 +155,7 @@ void CanvasCore::render(const Rect& area, RenderTarget target) {
   if (blank()) return;
   renderer_.render(bitmaps.DIB, view_, smooth(), area, target);
   paintOverlay(overlay_, area, target);
-  if (!scalars.XYlinesShown) return;
-  const auto invert = [&](int x, int y) {
-    if (!area.contains(x, y)) return;
-    std::uint8_t* pixel = target.pixels + (y - area.top) * target.stride + (x - area.left) * 4;
-    for (int i = 0; i < 3; ++i) pixel[i] = static_cast<std::uint8_t>(~pixel[i]);
-  };
-  for (int x = area.left; x < area.right; ++x) invert(x, xyLines_.y);
-  for (int y = area.top; y < area.bottom; ++y) {
-    if (y != xyLines_.y) invert(xyLines_.x, y);
-  }
+  if (scalars.XYlinesShown) invertCrossHair(xyLines_, area, target);
 }
 
 OverlayFigures CanvasCore::overlayNow() {

@@ -15,12 +15,6 @@ namespace ruvo {
 
 struct ToolRow;
 
-// Tools that the canvas itself must know.
-inline constexpr int kPolygonOp = 3;
-inline constexpr int kBezierOp = 6;
-inline constexpr int kGlassOp = 17;
-inline constexpr int kScrollOp = 18;  // no tool: scroll mode
-
 class CanvasCore final : private ToolContext {
  public:
   CanvasCore(CanvasEvents& events, CanvasWindow& window);
@@ -91,6 +85,8 @@ class CanvasCore final : private ToolContext {
 
   // --- Painting and files
 
+  // A setting of what the tool shows over the picture changed.
+  void overlayChanged() override;
   // Renders `area` of the display with what is drawn over the picture. See ViewRenderer::render.
   void render(const Rect& area, RenderTarget target);
   // A dropped file's name has one of the extensions of FileExtAllowed.
@@ -104,7 +100,6 @@ class CanvasCore final : private ToolContext {
   std::optional<Colour> seenColour(Point image) const override;
   void setWorking(bool working) override;
   RandomSource* random() override { return random_; }
-  void overlayChanged() override;
   int scale() const override { return scale_; }
   void selectTool(int op) override { setCanvasOp(op); }
   void copyToClipboard(const clsDIB& picture) override { window_.copyToClipboard(picture); }

@@ -13,6 +13,12 @@
 
 namespace ruvo {
 
+// Values of CanvasOp that more than the tool's own file must know.
+inline constexpr int kPolygonOp = 3;
+inline constexpr int kBezierOp = 6;
+inline constexpr int kGlassOp = 17;
+inline constexpr int kScrollOp = 18;  // no tool: scroll mode
+
 // The working pictures, all 32 bits. DIB is the picture itself: every committed change lands there.
 struct CanvasBitmaps {
   clsDIB DIB;

@@ -25,7 +25,7 @@ const std::array<ToolRow, 19>& toolTable() {
       {14, W::Spray,         false, false, false, false, makeSprayTool},
       {15, W::Replace,       false, false, false, true,  makeReplaceTool},
       {16, W::ColorPicker,   false, true,  false, false, makeColorPickerTool},
-      {17, W::Unchanged,     true,  true,  false, false, nullptr},
+      {17, W::Unchanged,     true,  true,  false, false, makeGlassTool},
       {18, W::HandOff,       true,  true,  false, false, makeScrollTool},
   }};
   return table;

@@ -31,6 +31,7 @@ std::unique_ptr<CanvasTool> makeFilledRectangleTool();
 std::unique_ptr<CanvasTool> makeStampTool();
 std::unique_ptr<CanvasTool> makeSprayTool();
 std::unique_ptr<CanvasTool> makeColorPickerTool();
+std::unique_ptr<CanvasTool> makeGlassTool();
 std::unique_ptr<CanvasTool> makeScrollTool();
 
 }  // namespace ruvo

@@ -5,10 +5,12 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "base/colour.h"
+#include "base/geometry.h"
 #include "base/program_title.h"
 
 namespace ruvo {
@@ -78,6 +80,7 @@ struct SessionState {
   std::filesystem::path fileToDeleteAtExit;
 
   OptionFlags options;
+  std::optional<Point> panoramicPosition;  // of the navigator, logical pixels of the desktop; never saved
 };
 
 // What the main window's controls hold. Values are those of the canvas properties of the same name.
@@ -108,6 +111,7 @@ struct ToolboxState {
   int sprayTranslucencyPercent = 100;
   int magnify = 1;
   int glassFactor = 2;
+  bool convexGlass = false;
   bool viewMode = false;
   bool fitIn = false;  // the box's check; it works in View mode only
   int zoomScale = 1;
