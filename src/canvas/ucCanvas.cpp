@@ -100,21 +100,6 @@ bool ucCanvas::PolygonInProgress() const {
 bool ucCanvas::BezierInProgress() const {
   return d_->core.toolInProgress(kBezierOp);
 }
-bool ucCanvas::RegionMoveReady() const {
-  return d_->core.floats();
-}
-bool ucCanvas::PasteOn() const {
-  return d_->core.floats();
-}
-bool ucCanvas::PasteOnText() const {
-  return d_->core.floats();
-}
-bool ucCanvas::commitFloating() {
-  return d_->core.commitFloating();
-}
-void ucCanvas::dropFloating() {
-  d_->core.dropFloating();
-}
 void ucCanvas::BezierAbort() {
   if (BezierInProgress()) d_->core.finishStroke();
 }
@@ -184,9 +169,6 @@ void ucCanvas::RemoveLoadingMsg() {
   d_->picLoadingMsg->hide();
 }
 
-void ucCanvas::AdjustRegionDispPosition_After_FormMax() {
-  d_->picDisp->update();
-}
 void ucCanvas::updateGlass() {
   d_->core.overlayChanged();
 }

@@ -15,6 +15,7 @@
 namespace ruvo {
 
 class CanvasCore;
+struct PasteManner;
 
 class ucCanvas : public QWidget {
   Q_OBJECT
@@ -62,13 +63,48 @@ class ucCanvas : public QWidget {
 
   bool PolygonInProgress() const;
   bool BezierInProgress() const;
-  // A region marquee exists / a paste floats / text is being placed. False until the region tools are built.
-  bool RegionMoveReady() const;
+
+  // The region; see RegionEngine for what each call does.
+  bool HasRegion() const;               // a marquee stands, lifted or not: what menus and commands ask
+  bool RegionMoveReady() const;         // its pixels float above the picture
+  void setRegionMoveReady(bool ready);  // false commits, true does nothing
   bool PasteOn() const;
   bool PasteOnText() const;
-  // Ends what floats into the DIB; true when something did.
+  // False while a paste floats commits it and selects tool 18; true stores.
+  void setPasteOn(bool on);
+  void setPasteOnText(bool on);
+  bool RegionTransparent() const;
+  bool RegionTranslucent() const;
+  bool TranslucentTransparent() const;
+  int TranslucentPercent() const;
+  bool TranslucencyPending() const;
+  // A write composes what floats anew.
+  void setRegionTransparent(bool on);
+  void setRegionTranslucent(bool on);
+  void setTranslucentTransparent(bool on);
+  void setTranslucentPercent(int percent);
+  bool SuspendAntsMarching() const;
+  void setSuspendAntsMarching(bool suspend);
+  const clsDIB& DIBregion() const;
+  const clsDIB& DIBmask() const;
+  const clsDIB& DIBsnap() const;
+  // First and last image pixels, which may lie outside the picture. False without a region.
+  bool GetRegionData(int& x1, int& y1, int& x2, int& y2) const;
+  // Lifts what the marquee holds; true when pixels float afterwards.
+  bool PrepareRegionDragging();
+  void UpdateRegionDragging();
+  void UpdateRegionDragging_Process_Translucent();
+  // Commits what floats, selects tool 11 and lets the picture float at the top left of what is seen. False, with nothing
+  // changed but that commit, when there is no picture yet or no memory.
+  bool startPaste(const clsDIB& picture, const PasteManner& manner);
+  // The region's own pixels, white where its shape or transparency leaves them out. False without one.
+  bool copyRegion(clsDIB& out);
+  // Takes what the region holds out of the picture, and the region with it; without an event. A floating paste is only
+  // dropped. True when the picture changed.
+  bool eraseRegion();
+  // Ends what floats into the DIB, by NotifyToPrepareUndo before the return; true when something did.
   bool commitFloating();
-  // Takes the floating picture away without a trace.
+  // Takes the floating picture or the marquee away without a trace.
   void dropFloating();
   void BezierAbort();  // ends an open Bezier curve without drawing
 

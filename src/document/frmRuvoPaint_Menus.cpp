@@ -97,7 +97,7 @@ void frmRuvoPaint::Private::runOption(const QString& control, int index) {
   if (control == QLatin1String("mnuSubMonitorRAM")) {
     link.mnuSubMonitorRAM_Click(index);
   } else if (control == QLatin1String("mnuOptionsSessionOnlySub")) {
-    if (canvas->RegionMoveReady()) {
+    if (canvas->HasRegion()) {
       tell(tr("Cannot reset this option when there is a region currently."));
     } else {
       link.mnuOptionsSessionOnlySub_Click(index);
@@ -126,7 +126,7 @@ void frmRuvoPaint::Private::updateMenus() {
   unsigned have = 0;
   if (hasPicture()) {
     have |= kNeedPicture;
-    if (canvas->RegionMoveReady()) have |= kNeedRegion;
+    if (canvas->HasRegion()) have |= kNeedRegion;
     if (history.canUndo()) have |= kNeedUndo;
     if (history.canRedo()) have |= kNeedRedo;
   }

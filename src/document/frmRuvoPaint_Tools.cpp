@@ -12,8 +12,7 @@ int frmRuvoPaint::Private::operationOfMode() const {
 
 void frmRuvoPaint::Private::returnToOperationOfMode() {
   // The lens stays out while pictures come and go beneath it.
-  if (glassOut()) return;
-  if (canvas->PasteOn() || canvas->PasteOnText() || canvas->RegionMoveReady()) return;
+  if (glassOut() || canvas->HasRegion()) return;
   canvas->setCanvasOp(operationOfMode());
   self.OnOffQuickScroll();
 }

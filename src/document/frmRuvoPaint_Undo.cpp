@@ -10,10 +10,9 @@ constexpr std::int64_t kSlowStatePixels = 10'000'000;
 }  // namespace
 
 bool frmRuvoPaint::Private::commitFloatingAndPush() {
+  // What lands is pushed by the event that it raises.
   if (!canvas->commitFloating()) return false;
   canvas->CanvasPicPaint();
-  pushState();
-  setChanged(true);
   return true;
 }
 

@@ -36,6 +36,7 @@ void CanvasCore::setCanvasOp(int op) {
   if (op < 0 || op > kScrollOp) return;
   if (op != kScrollOp && op == op_) return;
   if (tool()) tool()->abort(*this);
+  region_.commit();
   resetStroke();
   op_ = op;
   if (tool() && !blank()) tool()->enter(*this);
@@ -78,6 +79,7 @@ void CanvasCore::setClient(Size client, Size bars, int scale) {
 }
 
 void CanvasCore::layoutView() {
+  region_.checkPicture();
   ViewLayout in{client_, bitmaps.DIB.size(), settings.Magnify, settings.FitInView, {}, bars_};
   if (settings.FitInView && !blank()) {
     in.fitted = fittedPlace(bitmaps.DIB, client_, settings.FitInEvenIfSmaller);
@@ -193,6 +195,7 @@ void CanvasCore::repaintDisplay(const Rect& display) {
 
 void CanvasCore::resetStroke() {
   if (tool()) tool()->drop();
+  region_.forget();
   window_.setTicking(false);
   window_.setToolTip("");
   heldButton_ = MouseButton::None;
@@ -210,20 +213,20 @@ void CanvasCore::finishStroke() {
 
 bool CanvasCore::commitFloating() {
   finishStroke();
-  // The float is composed into DIB all the while, so letting it land is letting it go.
-  const bool floated = floats();
-  bitmaps.DIBsnap.ClearUp();
-  bitmaps.DIBregion.ClearUp();
-  bitmaps.DIBmask.ClearUp();
-  return floated;
+  return region_.commit();
 }
 
 void CanvasCore::dropFloating() {
+  region_.drop();
   resetStroke();
-  if (floats() && !bitmaps.DIBsnap.empty()) bitmaps.DIB = std::move(bitmaps.DIBsnap);
   bitmaps.DIBsnap.ClearUp();
   bitmaps.DIBregion.ClearUp();
   bitmaps.DIBmask.ClearUp();
+}
+
+bool CanvasCore::startPaste(const clsDIB& picture, const PasteManner& manner) {
+  commitFloating();
+  return !blank() && region_.startPaste(picture, manner);
 }
 
 void CanvasCore::changed(const Rect& imageRect) {
@@ -253,7 +256,8 @@ void CanvasCore::setWorking(bool working) {
 // --- Edges
 
 bool CanvasCore::edgesFree() const {
-  return !edgesSuspended_ && !blank() && !view_.anyBar() && !view_.FitInView && view_.Magnify == 1 && !floats();
+  return !edgesSuspended_ && !blank() && !view_.anyBar() && !view_.FitInView && view_.Magnify == 1 &&
+         !region_.HasRegion();
 }
 
 bool CanvasCore::edgeHandlesShown() const {

@@ -9,6 +9,7 @@
 
 #include "canvas/engine/canvas_tool.h"
 #include "canvas/engine/edge_drag.h"
+#include "canvas/engine/region_engine.h"
 #include "canvas/engine/view_render.h"
 
 namespace ruvo {
@@ -42,8 +43,6 @@ class CanvasCore final : private ToolContext {
   int PolygonDrawMethod() const { return polygonDrawMethod_; }
   void setPolygonDrawMethod(int method);  // ends a polygon being built
   bool toolInProgress(int op) const;
-  // Pixels float above the picture.
-  bool floats() const { return !bitmaps.DIBregion.empty(); }
 
   // --- Members
 
@@ -56,12 +55,18 @@ class CanvasCore final : private ToolContext {
   void SetScrollValues(int x, int y, bool repaint, bool syncBars);
   DisplayLine GetLineInfo() const { return scalars.LineRect; }
   Size grossSize() const;  // by the present settings
-  // Lets what floats land in DIB; true when something did. A stroke under way ends first, with its own event.
+  // The selection. Its commit() leaves a stroke of another tool alone.
+  RegionEngine& region() override { return region_; }
+  const RegionEngine& region() const override { return region_; }
+  // Lets what floats land in DIB with NotifyToPrepareUndo, and says true when something did; a bare marquee goes. A
+  // stroke under way ends first, with its own event.
   bool commitFloating();
   // Ends the stroke under way as if the button had been let go.
   void finishStroke();
   // Takes away what floats, and forgets the stroke under way; what that has painted stays for the host to take back.
   void dropFloating();
+  // Commits what floats, then lets the picture float: see RegionEngine::startPaste.
+  bool startPaste(const clsDIB& picture, const PasteManner& manner);
 
   // --- Mouse, in control pixels
   void mousePress(Point at, MouseButton button, KeyModifiers keys);
@@ -128,6 +133,7 @@ class CanvasCore final : private ToolContext {
   ViewRenderer renderer_;
   OverlayFigures overlay_;  // as shown
   EdgeDrag edgeDrag_;
+  RegionEngine region_{*this};
   std::array<std::unique_ptr<CanvasTool>, kScrollOp + 1> tools_;
   RandomSource* random_ = nullptr;
   Size client_;

@@ -29,12 +29,14 @@ void CanvasCore::mousePress(Point at, MouseButton button, KeyModifiers keys) {
     return;
   }
   if (blank()) return;
-  if (button == MouseButton::Right && !row().rightPress && !(tool() && tool()->takesRightPress())) {
+  const bool rightOnRegion = button == MouseButton::Right && region_.HasRegion();
+  if (button == MouseButton::Right && !row().rightPress && !rightOnRegion && !(tool() && tool()->takesRightPress())) {
     // The press itself does nothing, not even to the measures; but some tools act when this button is let go.
     if (row().rightRelease) heldButton_ = button;
     return;
   }
-  heldButton_ = button;
+  // Nothing of a region hangs on the right button being held, and the menu that a host may show takes its release away.
+  if (!rightOnRegion) heldButton_ = button;
   events.DispMeasureClear();
   if (tool()) tool()->press(*this, toolPoint(toDisplay(at), button, keys));
 }
@@ -42,6 +44,7 @@ void CanvasCore::mousePress(Point at, MouseButton button, KeyModifiers keys) {
 void CanvasCore::mouseMove(Point at, KeyModifiers keys) {
   const Point display = toDisplay(at);
   if (!inside(view_, display)) {
+    region_.UpdateRegionDragging_Process_Translucent();
     if (!held()) leavePicture();
     return;
   }
@@ -78,6 +81,7 @@ void CanvasCore::letGo() {
 }
 
 void CanvasCore::mouseLeave() {
+  region_.UpdateRegionDragging_Process_Translucent();
   if (!held()) leavePicture();
 }
 

@@ -13,9 +13,12 @@
 
 namespace ruvo {
 
+class RegionEngine;
+
 // Values of CanvasOp that more than the tool's own file must know.
 inline constexpr int kPolygonOp = 3;
 inline constexpr int kBezierOp = 6;
+inline constexpr int kRectangleRegionOp = 11;
 inline constexpr int kGlassOp = 17;
 inline constexpr int kScrollOp = 18;  // no tool: scroll mode
 
@@ -101,6 +104,9 @@ class ToolContext {
   virtual void copyToClipboard(const clsDIB& picture) = 0;
   // Calls the tool's tick() every kToolTick milliseconds until told otherwise.
   virtual void setTicking(bool on) = 0;
+  // The selection, whichever tool is in hand.
+  virtual RegionEngine& region() = 0;
+  virtual const RegionEngine& region() const = 0;
 };
 
 inline constexpr int kToolTick = 200;

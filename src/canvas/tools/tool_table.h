@@ -33,5 +33,7 @@ std::unique_ptr<CanvasTool> makeSprayTool();
 std::unique_ptr<CanvasTool> makeColorPickerTool();
 std::unique_ptr<CanvasTool> makeGlassTool();
 std::unique_ptr<CanvasTool> makeScrollTool();
+std::unique_ptr<CanvasTool> makeRegionTool();
+std::unique_ptr<CanvasTool> makeOvalRegionTool();
 
 }  // namespace ruvo

@@ -1,0 +1,321 @@
+// A region's life: how it comes to float, how it is composed, and how it ends.
+#include "canvas/engine/region_engine.h"
+
+#include <utility>
+
+#include "canvas/engine/brush_mix.h"
+#include "canvas/engine/image_shape.h"
+#include "canvas/engine/region_compose.h"
+#include "platform/raster/blit.h"
+
+namespace ruvo {
+namespace {
+
+Point cornerOf(const Rect& box) {
+  return {box.left, box.top};
+}
+
+// A pasted picture as the target keeps its pixels: 32 bits, byte 3 as there.
+bool takePasted(const clsDIB& picture, const clsDIB& target, clsDIB& region) {
+  if (!region.CreateBlankDIB(picture.DIBWidth(), picture.DIBHeight(), 32, kWhite)) return false;
+  const bool flatten = picture.DIBhasAlpha() && !target.DIBhasAlpha();
+  if (flatten) {
+    clsDIB::Display_DIB_With_Alpha(picture, region.surface(), kWhite);
+  } else {
+    raster::blit(region.surface(), 0, 0, picture.surface());
+  }
+  region.setDIBhasAlpha(target.DIBhasAlpha());
+  if (picture.DIBhasAlpha()) return true;
+  const auto pixels = region.surface().view32();
+  for (int y = 0; y < pixels.height(); ++y) {
+    for (int x = 0; x < pixels.width(); ++x) pixels.at(x, y).alpha = target.DIBhasAlpha() ? 255 : 0;
+  }
+  return true;
+}
+
+}  // namespace
+
+// --- What it is
+
+bool RegionEngine::GetRegionData(int& x1, int& y1, int& x2, int& y2) const {
+  if (!HasRegion()) return false;
+  x1 = box_.left;
+  y1 = box_.top;
+  x2 = box_.right - 1;
+  y2 = box_.bottom - 1;
+  return true;
+}
+
+Rect RegionEngine::onDisplay(const Rect& box) const {
+  const ViewGeometry& view = context_.view();
+  const Point from = view.toDisplay(Point{box.left, box.top}), to = view.toDisplay(Point{box.right, box.bottom});
+  return {from.x, from.y, to.x, to.y};
+}
+
+Rect RegionEngine::RegionRect() const {
+  return HasRegion() ? onDisplay(box_) : Rect{};
+}
+
+bool RegionEngine::contains(Point image) const {
+  if (!box_.contains(image.x, image.y)) return false;
+  return !oval_ || inRegionOval({box_.width(), box_.height()}, {image.x - box_.left, image.y - box_.top});
+}
+
+std::optional<Colour> RegionEngine::keyColour() const {
+  const bool keyed = flags_.RegionTranslucent ? flags_.TranslucentTransparent : flags_.RegionTransparent;
+  return keyed ? std::optional(context_.settings.TransparentColor) : std::nullopt;
+}
+
+void RegionEngine::setFlags(const RegionFlags& flags) {
+  flags_ = flags;
+  flags_.TranslucentPercent = std::clamp(flags.TranslucentPercent, 0, 100);
+  pending_ = pending_ && flags_.RegionTranslucent;
+  if (floats()) UpdateRegionDragging();
+}
+
+void RegionEngine::setPaste(bool& flag, bool on) {
+  if (!on && flag && floats()) return context_.selectTool(kScrollOp);
+  flag = on;
+}
+
+void RegionEngine::setSuspendAntsMarching(bool suspend) {
+  antsSuspended_ = suspend;
+  showMarquee();
+}
+
+// --- Floating
+
+bool RegionEngine::PrepareRegionDragging() {
+  checkPicture();
+  if (!HasRegion() || floats()) return floats();
+  clsDIB region, shape, mask, snap;
+  const clsDIB& picture = bitmaps().DIB;
+  if (picture.surface().depth() != 32 || !takeRegionPixels(picture, box_, region) ||
+      !makeRegionMask(region, oval_, std::nullopt, shape) || !makeRegionMask(region, oval_, keyColour(), mask) ||
+      !clsDIB::CloneDIB(picture, snap, kWhite, picture.BottomUp())) {
+    return false;
+  }
+  ClearAreasOutsideImageShape(region, shape, kBlack);
+  clearBeneath(snap, mask, box_, context_.settings.TransparentColor);
+  bitmaps().DIBregion = std::move(region);
+  bitmaps().DIBmask = std::move(mask);
+  bitmaps().DIBsnap = std::move(snap);
+  maskKey_ = keyColour();
+  home_ = box_;
+  copiesLeft_ = false;
+  stage_ = Stage::Floating;
+  if (flags_.RegionTranslucent) UpdateRegionDragging();
+  return true;
+}
+
+bool RegionEngine::startPaste(const clsDIB& picture, const PasteManner& manner) {
+  clsDIB region, mask, snap;
+  const clsDIB& target = bitmaps().DIB;
+  if (target.surface().depth() != 32 || picture.empty() || !takePasted(picture, target, region)) return false;
+  const Colour topLeft = clsDIB::GetTopPixelColor(region, true);
+  const std::optional<Colour> key = manner.transparent ? std::optional(topLeft) : std::nullopt;
+  if (!makeRegionMask(region, false, key, mask)) return false;
+  if (!clsDIB::CloneDIB(target, snap, kWhite, target.BottomUp())) return false;
+
+  context_.selectTool(kRectangleRegionOp);
+  forget();
+  bitmaps().DIBregion = std::move(region);
+  bitmaps().DIBmask = std::move(mask);
+  bitmaps().DIBsnap = std::move(snap);
+  if (key) {
+    colourBeforePaste_ = std::exchange(context_.settings.TransparentColor, *key);
+    pasteKey_ = key;
+  }
+  maskKey_ = key;
+  oval_ = false;
+  (manner.text ? pasteOnText_ : pasteOn_) = true;
+  flags_ = {manner.transparent, manner.translucent, manner.transparent && manner.translucent,
+            std::clamp(manner.percent, 0, 100)};
+  const ViewGeometry& view = context_.view();
+  settle(Stage::Floating, Rect::fromSize(view.VisStartX, view.VisStartY, bitmaps().DIBregion.DIBWidth(),
+                                         bitmaps().DIBregion.DIBHeight()));
+  compose(box_, flags_.RegionTranslucent);
+  measure();
+  context_.events.NotifyRegionStatus();
+  return true;
+}
+
+// A region of this rectangle stands on the present picture.
+void RegionEngine::settle(Stage stage, const Rect& box) {
+  stage_ = stage;
+  box_ = home_ = box;
+  copiesLeft_ = false;
+  marqueePhase_ = 0;
+  picture_.begin(bitmaps().DIB);
+  showMarquee();
+}
+
+// --- Composing
+
+// DIBmask follows the flags and the colour; false when there is no memory for it, and it is as before.
+bool RegionEngine::refreshMask() {
+  const std::optional<Colour> key = keyColour();
+  if (key == maskKey_) return true;
+  clsDIB mask;
+  if (!makeRegionMask(bitmaps().DIBregion, oval_, key, mask)) return false;
+  bitmaps().DIBmask = std::move(mask);
+  maskKey_ = key;
+  return true;
+}
+
+void RegionEngine::UpdateRegionDragging() {
+  checkPicture();
+  if (!floats()) return;
+  refreshMask();
+  pending_ = flags_.RegionTranslucent && gesture_ == Gesture::Drag;
+  compose(box_, flags_.RegionTranslucent && !pending_);
+}
+
+void RegionEngine::UpdateRegionDragging_Process_Translucent() {
+  if (!std::exchange(pending_, false)) return;
+  checkPicture();
+  if (floats() && flags_.RegionTranslucent) compose(box_, true);
+}
+
+// Brings DIB from the region at `before` to the region at its box. Only pixels of these two rectangles are touched.
+void RegionEngine::compose(const Rect& before, bool blended) {
+  CanvasBitmaps& b = bitmaps();
+  for (const Rect& part : partsOutside(before, box_)) restoreUnder(part);
+  const Point at = cornerOf(box_);
+  if (!blended || !composeBlended(b.DIB, b.DIBsnap, b.DIBregion, b.DIBmask, at, flags_.TranslucentPercent))
+    composeFlat(b.DIB, b.DIBsnap, b.DIBregion, b.DIBmask, at);
+  context_.changed(box_);
+  showMarquee();
+}
+
+// The picture without the region.
+void RegionEngine::restoreUnder(const Rect& box) {
+  if (box.empty()) return;
+  raster::blit(bitmaps().DIB.surface(), box.left, box.top, box.width(), box.height(), bitmaps().DIBsnap.surface(),
+               box.left, box.top);
+  context_.changed(box);
+}
+
+// What DIB shows under the region becomes part of what lies beneath; false when there is no memory to take it back.
+bool RegionEngine::leaveCopy() {
+  UpdateRegionDragging_Process_Translucent();
+  CanvasBitmaps& b = bitmaps();
+  if (!takeRegionPixels(b.DIBsnap, box_, beneathCopy_)) return false;
+  raster::blit(b.DIBsnap.surface(), box_.left, box_.top, box_.width(), box_.height(), b.DIB.surface(), box_.left,
+               box_.top);
+  copiesLeft_ = true;
+  return true;
+}
+
+// What floats goes back to where it was lifted; a paste goes.
+void RegionEngine::takeBack() {
+  CanvasBitmaps& b = bitmaps();
+  restoreUnder(box_);
+  if (isPaste()) return;
+  clsDIB shape;
+  if (!makeRegionMask(b.DIBregion, oval_, std::nullopt, shape)) shape = std::move(b.DIBmask);
+  composeFlat(b.DIB, b.DIB, b.DIBregion, shape, cornerOf(home_));
+  context_.changed(home_);
+}
+
+// --- Ends
+
+void RegionEngine::clearBitmaps() {
+  bitmaps().DIBsnap.ClearUp();
+  bitmaps().DIBregion.ClearUp();
+  bitmaps().DIBmask.ClearUp();
+  maskKey_.reset();
+  pending_ = false;
+}
+
+void RegionEngine::forget() {
+  if (floats()) clearBitmaps();
+  // Only a paste's own colour gives way to the one before it; another has been chosen meanwhile.
+  if (pasteKey_ && context_.settings.TransparentColor == *pasteKey_)
+    context_.settings.TransparentColor = colourBeforePaste_;
+  pasteKey_.reset();
+  beneathCopy_.ClearUp();
+  stage_ = Stage::None;
+  gesture_ = Gesture::None;
+  context_.scalars.RegionDown = false;
+  pasteOn_ = pasteOnText_ = copiesLeft_ = false;
+  flags_ = {};
+  picture_.end();
+}
+
+void RegionEngine::checkPicture() {
+  if ((HasRegion() || gesture_ != Gesture::None) && !picture_.isStill(bitmaps().DIB)) forget();
+}
+
+bool RegionEngine::commit() {
+  endGesture();
+  checkPicture();
+  if (!HasRegion()) return false;
+  const bool landed = floats();
+  // DIB shows the region composed, so letting it land is letting it go.
+  UpdateRegionDragging_Process_Translucent();
+  forget();
+  showMarquee();
+  if (landed) context_.events.NotifyToPrepareUndo();
+  context_.events.NotifyRegionStatus();
+  return landed;
+}
+
+bool RegionEngine::drop() {
+  endGesture();
+  checkPicture();
+  const bool copies = floats() && copiesLeft_;
+  if (floats()) takeBack();
+  forget();
+  showMarquee();
+  return copies;
+}
+
+bool RegionEngine::erase() {
+  endGesture();
+  checkPicture();
+  if (!HasRegion()) return false;
+  bool changes = true;
+  if (floats()) {
+    changes = !isPaste() || copiesLeft_;
+    restoreUnder(box_);
+  } else {
+    clsDIB pixels, shape;
+    if (!takeRegionPixels(bitmaps().DIB, box_, pixels) || !makeRegionMask(pixels, oval_, std::nullopt, shape))
+      return false;
+    clearBeneath(bitmaps().DIB, shape, box_, kWhite);
+    context_.changed(box_);
+  }
+  forget();
+  showMarquee();
+  return changes;
+}
+
+bool RegionEngine::copy(clsDIB& out) const {
+  const CanvasBitmaps& b = bitmaps();
+  if (!HasRegion() || !picture_.isStill(b.DIB)) return false;
+  const bool taken = floats() ? takeRegionPixels(b.DIBregion, b.DIBregion.surface().bounds(), out)
+                              : takeRegionPixels(b.DIB, box_, out);
+  clsDIB mask;
+  if (!taken || !makeRegionMask(out, oval_, keyColour(), mask)) return false;
+  ClearAreasOutsideImageShape(out, mask, kWhite, brush::writtenAlpha(out));
+  return true;
+}
+
+// --- Showing
+
+void RegionEngine::showMarquee() {
+  context_.setTicking(pending_ || (HasRegion() && !antsSuspended_));
+  context_.overlayChanged();
+}
+
+void RegionEngine::measure() const {
+  const int width = box_.width(), height = box_.height();
+  if (oval_) {
+    context_.events.DispMeasureOval(box_.left, box_.top, (width + height) / 4.0, width, height);
+  } else {
+    context_.events.DispMeasureRectangle(box_.left, box_.top, width, height);
+  }
+}
+
+}  // namespace ruvo
