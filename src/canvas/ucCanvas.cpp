@@ -18,6 +18,9 @@ clsDIB& ucCanvas::DIB() {
 const clsDIB& ucCanvas::DIB() const {
   return d_->core.bitmaps.DIB;
 }
+clsDIB& ucCanvas::DIBregion() {
+  return d_->core.bitmaps.DIBregion;
+}
 clsDIB& ucCanvas::DIBCustomBrush() {
   return d_->core.bitmaps.DIBCustomBrush;
 }

@@ -29,6 +29,8 @@ class ucCanvas : public QWidget {
   // The picture at real size, 32 bits. Hosts may remake it; then call CanvasResize.
   clsDIB& DIB();
   const clsDIB& DIB() const;
+  // Where a polygon's cut-out lies while NotifyPolygonCrop is told; the host may take it away.
+  clsDIB& DIBregion();
   // What custom tools use: loaded brush, pattern and stamp with their masks.
   clsDIB& DIBCustomBrush();
   clsDIB& DIBCustomBrushMask();

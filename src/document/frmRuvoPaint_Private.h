@@ -106,6 +106,10 @@ struct frmRuvoPaint::Private {
     return true;
   }
 
+  // The last step of every crop: `cut` (32 bits) becomes the picture, with one state. False, in words and with nothing
+  // changed, when it is too small.
+  bool takeCrop(clsDIB&& cut);
+
   // --- Tools and view
   int operationOfMode() const;
   void takeBezierType(int tool);

@@ -2,8 +2,8 @@
 
 #include <QPainter>
 #include <QPolygonF>
-#include <numbers>
 
+#include "canvas/engine/shape_polygon.h"
 #include "platform/theme/theme.h"
 
 namespace ruvo::shell {
@@ -32,16 +32,11 @@ void PolygonSpecimen::paintEvent(QPaintEvent*) {
   painter.setBrush(Qt::white);
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
 
-  const bool drawnIn = concave_ < 1;
-  const int corners = drawnIn ? vertices_ * 2 : vertices_;
   const QPointF centre = QRectF(rect()).center();
   constexpr double kRadius = 25;
   QPolygonF outline;
-  for (int i = 0; i < corners; ++i) {
-    const double turn = angle_ * std::numbers::pi / 180 + 2 * std::numbers::pi * i / corners - std::numbers::pi / 2;
-    const double reach = drawnIn && i % 2 == 1 ? kRadius * concave_ : kRadius;
-    outline << centre + QPointF(std::cos(turn), std::sin(turn)) * reach;
-  }
+  for (const shape::PolygonCorner& corner : shape::polygonCorners({vertices_, kRadius, concave_, angle_}))
+    outline << centre + QPointF(corner.x, corner.y);
   painter.setPen(QPen(colour_, 1.5));
   painter.setBrush(Qt::NoBrush);
   painter.drawPolygon(outline);

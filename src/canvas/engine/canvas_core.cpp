@@ -63,6 +63,10 @@ void CanvasCore::setToShowPixelRGB(bool show) {
 
 void CanvasCore::setPolygonDrawMethod(int method) {
   polygonDrawMethod_ = method;
+  PolygonAbort();
+}
+
+void CanvasCore::PolygonAbort() {
   if (toolInProgress(kPolygonOp)) tool()->abort(*this);
 }
 
@@ -139,7 +143,7 @@ void CanvasCore::CanvasCleanse() {
 }
 
 void CanvasCore::SetScrollValues(int x, int y, bool repaint, bool syncBars) {
-  if (toolInProgress(kPolygonOp)) tool()->abort(*this);
+  PolygonAbort();
   view_.setScroll(x, y);
   if (repaint) {
     renderer_.pictureChanged();

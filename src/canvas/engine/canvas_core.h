@@ -40,7 +40,7 @@ class CanvasCore final : private ToolContext {
   bool SuspendCanvasResizeByEdgeDragging() const { return edgesSuspended_; }
   void setSuspendCanvasResizeByEdgeDragging(bool suspend);
   void setToShowPixelRGB(bool show);
-  int PolygonDrawMethod() const { return polygonDrawMethod_; }
+  int PolygonDrawMethod() const override { return polygonDrawMethod_; }
   void setPolygonDrawMethod(int method);  // ends a polygon being built
   bool toolInProgress(int op) const;
 
@@ -52,6 +52,8 @@ class CanvasCore final : private ToolContext {
   void CanvasResize();
   void CanvasPicPaint();
   void CanvasCleanse();
+  // Forgets a polygon that is being built.
+  void PolygonAbort();
   void SetScrollValues(int x, int y, bool repaint, bool syncBars);
   DisplayLine GetLineInfo() const { return scalars.LineRect; }
   Size grossSize() const;  // by the present settings

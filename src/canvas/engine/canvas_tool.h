@@ -83,6 +83,8 @@ class ToolContext {
   CanvasEvents& events;
 
   virtual const ViewGeometry& view() const = 0;
+  // How polygons are drawn: 0 vertex by vertex, 1 whole by one press.
+  virtual int PolygonDrawMethod() const = 0;
   // Pixels of DIB changed: the part of the view that shows them is painted again.
   virtual void changed(const Rect& imageRect) = 0;
   // What the tool shows over the picture changed: its figures are asked for again.

@@ -11,7 +11,7 @@ const std::array<ToolRow, 19>& toolTable() {
       {0, W::Paint,          false, false, true,  false, makePaintTool},
       {1, W::Erase,          false, false, true,  false, makeEraseTool},
       {2, W::Fill,           false, false, false, true,  makeFillTool},
-      {3, W::Poligon,        true,  true,  false, false, nullptr},
+      {3, W::Poligon,        true,  true,  false, false, makePolygonTool},
       {4, W::Line,           false, false, false, false, makeLineTool},
       {5, W::Arc,            false, false, false, false, nullptr},
       {6, W::BezierStart,    true,  true,  false, false, nullptr},

@@ -25,6 +25,7 @@ std::unique_ptr<CanvasTool> makePaintTool();
 std::unique_ptr<CanvasTool> makeEraseTool();
 std::unique_ptr<CanvasTool> makeFillTool();
 std::unique_ptr<CanvasTool> makeReplaceTool();
+std::unique_ptr<CanvasTool> makePolygonTool();
 std::unique_ptr<CanvasTool> makeLineTool();
 std::unique_ptr<CanvasTool> makeRectangleTool();
 std::unique_ptr<CanvasTool> makeFilledRectangleTool();

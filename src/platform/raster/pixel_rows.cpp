@@ -252,6 +252,12 @@ void RowStore::put(int x, int y, int count, const std::uint8_t* loose) {
   RUVO_BOUNDS(x >= 0 && count >= 0 && x + count <= surface_.width());
   if (surface_.depth() < 8) return putPacked(x, y, count, loose);
   std::uint8_t* to = direct(x, y);
+  if (opaqueAlpha_ && op_ == Rop2::CopyPen) {
+    // One pass over the pixels; long fills are as fast as the memory.
+    for (std::ptrdiff_t i = 0; i < 4 * static_cast<std::ptrdiff_t>(count); i += 4)
+      putWord(to + i, word(loose + i) | 0xFF000000);
+    return;
+  }
   combine(op_, to, loose, static_cast<std::size_t>(count) * looseBytes(surface_.depth()));
   if (opaqueAlpha_) {
     for (int i = 0; i < count; ++i) to[4 * static_cast<std::ptrdiff_t>(i) + 3] = 255;

@@ -195,7 +195,7 @@ TEST(Tools, ThePickerTellsWhatIsSeen) {
 }
 
 TEST(Tools, UnbuiltToolsCanBeChosenAndDoNothing) {
-  for (const int op : {3, 5, 6, 9, 10}) {
+  for (const int op : {5, 6, 9, 10}) {
     Drawing canvas(op);
     EXPECT_EQ(canvas.core.CanvasOp(), op);
     canvas.press({1, 1});
