@@ -94,16 +94,36 @@ class Matcher {
  private:
   template <int Bytes>
   void matchWith(const std::uint8_t* row, int count, std::uint64_t* bits) const {
+    const std::uint32_t wanted = wanted_, mask = mask_;
     for (int x = 0; x < count; x += kWordBits) {
       const int stop = std::min(kWordBits, count - x);
-      std::uint64_t word = 0;
-      for (int k = 0; k < stop; ++k, row += Bytes) {
-        std::uint32_t pixel = 0;
-        std::memcpy(&pixel, row, Bytes);
-        word |= static_cast<std::uint64_t>(((pixel & mask_) == wanted_) != unequal_) << k;
+      // A byte a pixel first: the compiler compares several pixels at a time then.
+      std::uint8_t matches[kWordBits] = {};
+      const auto compare = [&](int pixels) {
+        for (int k = 0; k < pixels; ++k) {
+          std::uint32_t pixel = 0;
+          std::memcpy(&pixel, row + static_cast<std::ptrdiff_t>(k) * Bytes, Bytes);
+          matches[k] = ((pixel & mask) == wanted) != unequal_;
+        }
+      };
+      if (stop == kWordBits) {
+        compare(kWordBits);
+      } else {
+        compare(stop);
       }
-      *bits++ = word;
+      row += static_cast<std::ptrdiff_t>(stop) * Bytes;
+      *bits++ = packed(matches);
     }
+  }
+  // The lowest bits of 64 bytes. The multiplication moves those of eight bytes side by side into the top byte.
+  static std::uint64_t packed(const std::uint8_t* bytes) {
+    std::uint64_t word = 0;
+    for (int k = 0; k < kWordBits; k += 8) {
+      std::uint64_t eight;
+      std::memcpy(&eight, bytes + k, 8);
+      word |= eight * 0x0102040810204080 >> 56 << k;
+    }
+    return word;
   }
 
   const Surface& surface_;
