@@ -41,7 +41,7 @@ TEST(PolygonTool, EachOperationActsOnceWhenTheFigureIsClosed) {
     canvas.draw(kSquare);
     const bool crops = operation >= 6, copies = operation >= 3 && !crops;
     EXPECT_EQ(canvas.eventsButMeasures(), Events{crops ? "NotifyPolygonCrop" : "NotifyToPrepareUndo"}) << operation;
-    EXPECT_FALSE(canvas.inProgress() || canvas.core.floats());
+    EXPECT_FALSE(canvas.inProgress() || !canvas.core.bitmaps.DIBregion.empty());
     Rows drawn = operation % 3 == 0 ? kOutline : kFilled;
     if (operation % 3 == 2) {
       for (std::string& row : drawn) std::replace(row.begin(), row.end(), '#', 'x');
