@@ -10,6 +10,7 @@ namespace {
 // Rings of the rim from the outside, in pixels of an ordinary screen; both together stand out on any picture.
 constexpr double kDarkRing = 1.25;
 constexpr double kLightRing = 1.25;
+constexpr int kSmooth = 4;  // places whose mean a smoothed pixel is
 constexpr Colour kDark = rgb(70, 72, 78);
 constexpr Colour kLight = rgb(236, 238, 242);
 
@@ -53,25 +54,38 @@ bool Lens::prepare(const Manner& manner) {
     }
   }
   manner_ = manner;
-  places_.resize(static_cast<std::size_t>(side) * static_cast<std::size_t>(side));
+  places_.clear();
   rim_.clear();
   const double radius = side / 2.0;
-  auto* place = places_.data();
   for (int y = 0; y < side; ++y) {
     auto* maskRow = reinterpret_cast<Pixel32*>(mask_.pictureRow(y));
-    for (int x = 0; x < side; ++x, ++place) {
+    for (int x = 0; x < side; ++x) {
       const double right = x + 0.5 - radius, down = y + 0.5 - radius;
       const double distance = std::hypot(right, down);
       const bool inside = distance < radius;
       maskRow[x] = Pixel32::plain(inside ? kBlack : kWhite);
-      const double toSource =
-          inside ? sourceDistance(distance / radius, manner.factor, manner.convex) * radius / distance : 1;
-      place->x = static_cast<std::int16_t>(std::floor(radius + right * toSource));
-      place->y = static_cast<std::int16_t>(std::floor(radius + down * toSource));
+      if (manner.convex) {
+        // Towards the rim the picture is pressed together: a single pixel in place of several would tear lines.
+        for (const double below : {-0.25, 0.25}) {
+          for (const double beside : {-0.25, 0.25}) addPlace(right + beside, down + below);
+        }
+      } else {
+        addPlace(right, down);
+      }
       if (inside) addRim(x, y, distance);
     }
   }
   return true;
+}
+
+void Lens::addPlace(double right, double down) {
+  const double radius = manner_.side() / 2.0;
+  const double distance = std::hypot(right, down);
+  double toSource = 1;
+  if (distance > 0 && distance < radius)
+    toSource = sourceDistance(distance / radius, manner_.factor, manner_.convex) * radius / distance;
+  places_.push_back({static_cast<std::int16_t>(std::floor(radius + right * toSource)),
+                     static_cast<std::int16_t>(std::floor(radius + down * toSource))});
 }
 
 void Lens::addRim(int x, int y, double distance) {
@@ -89,6 +103,16 @@ Pixel32 Lens::seenAt(const clsDIB& picture, Place place) const {
   return brush::seen(picture, rows_[y][columns_[x]]);
 }
 
+Pixel32 Lens::meanAt(const clsDIB& picture, const Place* places) const {
+  int blue = 2, green = 2, red = 2;
+  for (int i = 0; i < kSmooth; ++i) {
+    const Pixel32 pixel = seenAt(picture, places[i]);
+    blue += pixel.blue, green += pixel.green, red += pixel.red;
+  }
+  const auto mean = [](int sum) { return static_cast<std::uint8_t>(sum / kSmooth); };
+  return {mean(blue), mean(green), mean(red), 0};
+}
+
 bool Lens::compose(const clsDIB& picture, const ViewGeometry& view, Point corner, const Manner& manner) {
   const raster::Surface& surface = picture.surface();
   if (picture.empty() || surface.depth() != 32 || !prepare(manner)) return false;
@@ -104,7 +128,10 @@ bool Lens::compose(const clsDIB& picture, const ViewGeometry& view, Point corner
   const Place* place = places_.data();
   for (int y = 0; y < side; ++y) {
     auto* to = reinterpret_cast<Pixel32*>(contents_.pictureRow(y));
-    for (int x = 0; x < side; ++x) *to++ = seenAt(picture, *place++);
+    for (int x = 0; x < side; ++x) {
+      *to++ = manner.convex ? meanAt(picture, place) : seenAt(picture, *place);
+      place += manner.convex ? kSmooth : 1;
+    }
   }
   paintRim(picture);
   return true;

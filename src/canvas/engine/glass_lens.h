@@ -36,8 +36,8 @@ struct Manner {
 // What the lens shows.
 class Lens {
  public:
-  // Composes the contents for a lens whose box begins at `corner` of the display. Pixels beyond the picture's edge are
-  // never shown: the edge itself is held. False without a picture of 32 bits, or without memory.
+  // Composes the contents for a lens whose box begins at `corner` of the display: whole pixels in the flat lens, smoothed
+  // ones in the convex one. Pixels beyond the picture's edge are never shown: the edge itself is held. False without a picture of 32 bits, or without memory.
   bool compose(const clsDIB& picture, const ViewGeometry& view, Point corner, const Manner& manner);
 
   // 32 bits, manner.side() square; white in the mask is outside the lens. Empty before the first compose().
@@ -45,7 +45,7 @@ class Lens {
   const raster::Surface& mask() const { return mask_; }
 
  private:
-  // The place in the lens's box, from its corner, whose picture is seen at a pixel.
+  // A place in the lens's box, from its corner, whose picture is seen at a pixel.
   struct Place {
     std::int16_t x, y;
   };
@@ -57,14 +57,16 @@ class Lens {
   };
 
   bool prepare(const Manner& manner);
+  void addPlace(double right, double down);
   void addRim(int x, int y, double distance);
   void paintRim(const clsDIB& picture);
   Pixel32 seenAt(const clsDIB& picture, Place place) const;
+  Pixel32 meanAt(const clsDIB& picture, const Place* places) const;
 
   Manner manner_;
   raster::Surface contents_;
   raster::Surface mask_;
-  std::vector<Place> places_;  // row by row
+  std::vector<Place> places_;  // row by row; one for each pixel of the flat lens, four of the convex one
   std::vector<RimPixel> rim_;
   // The picture's column and row that the display shows beneath each column and row of the box.
   std::vector<int> columns_;
