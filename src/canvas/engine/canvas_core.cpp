@@ -4,7 +4,6 @@
 #include <string>
 
 #include "base/letter_case.h"
-#include "canvas/engine/brush_mix.h"
 #include "canvas/tools/tool_table.h"
 #include "platform/raster/blit.h"
 
@@ -244,12 +243,6 @@ void CanvasCore::changed(const Rect& imageRect) {
 
 void CanvasCore::scrollTo(int x, int y) {
   SetScrollValues(x, y, true, true);
-}
-
-std::optional<Colour> CanvasCore::seenColour(Point image) const {
-  const raster::Surface& surface = bitmaps.DIB.surface();
-  if (surface.depth() != 32 || !surface.bounds().contains(image.x, image.y)) return std::nullopt;
-  return brush::seen(bitmaps.DIB, surface.view32().at(image.x, surface.memoryRowOf(image.y))).colour();
 }
 
 void CanvasCore::setWorking(bool working) {

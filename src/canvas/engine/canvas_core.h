@@ -104,7 +104,7 @@ class CanvasCore final : private ToolContext {
   void changed(const Rect& imageRect) override;
   void scrollTo(int x, int y) override;
   void setCursor(CursorWord word) override { window_.setCursor(word); }
-  std::optional<Colour> seenColour(Point image) const override;
+  std::optional<Colour> seenColour(Point image) const override { return ruvo::seenColour(bitmaps.DIB, image); }
   void setWorking(bool working) override;
   RandomSource* random() override { return random_; }
   int scale() const override { return scale_; }

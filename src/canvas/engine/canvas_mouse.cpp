@@ -1,6 +1,4 @@
 // What the mouse does to the canvas: which events reach the tool, the pointer's shape, the cross hair and the readout.
-#include <sstream>
-
 #include "canvas/engine/canvas_core.h"
 #include "canvas/tools/tool_table.h"
 
@@ -128,9 +126,7 @@ void CanvasCore::wipeXYlines() {
 void CanvasCore::showPixel(Point image) {
   const auto colour = seenColour(image);
   if (!colour) return;
-  std::ostringstream text;
-  text << "RGB(" << int{redOf(*colour)} << ", " << int{greenOf(*colour)} << ", " << int{blueOf(*colour)} << ')';
-  window_.setToolTip(text.str());
+  window_.setToolTip(rgbText(*colour));
 }
 
 }  // namespace ruvo

@@ -52,6 +52,17 @@ raster::Surface partOverWhite(const clsDIB& picture, const Rect& part) {
 
 }  // namespace
 
+std::optional<Colour> seenColour(const clsDIB& picture, Point image) {
+  const raster::Surface& surface = picture.surface();
+  if (surface.depth() != 32 || !surface.bounds().contains(image.x, image.y)) return std::nullopt;
+  return brush::seen(picture, surface.view32().at(image.x, surface.memoryRowOf(image.y))).colour();
+}
+
+std::string rgbText(Colour colour) {
+  return "RGB(" + std::to_string(redOf(colour)) + ", " + std::to_string(greenOf(colour)) + ", " +
+         std::to_string(blueOf(colour)) + ")";
+}
+
 void invertCrossHair(Point at, const Rect& area, RenderTarget target) {
   const auto invert = [&](int x, int y) {
     if (!area.contains(x, y)) return;

@@ -5,6 +5,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "canvas/engine/view_geometry.h"
@@ -18,6 +20,11 @@ struct RenderTarget {
   std::uint8_t* pixels = nullptr;
   std::ptrdiff_t stride = 0;
 };
+
+// The colour that is seen at a point of a 32-bit picture (over white where it is see-through); none outside.
+std::optional<Colour> seenColour(const clsDIB& picture, Point image);
+// "RGB(1, 2, 3)"
+std::string rgbText(Colour colour);
 
 // Inverts the row and the column of a display point in pixels that show `area`.
 void invertCrossHair(Point at, const Rect& area, RenderTarget target);

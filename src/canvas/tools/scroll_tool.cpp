@@ -1,6 +1,5 @@
 // Tool 18, no drawing: the left button drags the picture by the hand, the right one tells the host what lies there.
-#include <algorithm>
-
+#include "canvas/engine/hand_scroll.h"
 #include "canvas/tools/tool_table.h"
 
 namespace ruvo {
@@ -19,18 +18,15 @@ class ScrollTool final : public CanvasTool {
     }
     if (!handUsable(context)) return;
     context.setCursor(CursorWord::HandOn);
-    start_ = at.display;
-    startScroll_ = {context.view().ScrollX, context.view().ScrollY};
+    hand_.begin(context.view(), at.display);
     context.scalars.HandDown = true;
   }
 
   void move(ToolContext& context, const ToolPoint& at) override {
     if (!context.scalars.HandDown) return;
-    // The picture follows the hand, so the view goes the other way.
     const ViewGeometry& view = context.view();
-    const int x = std::clamp(startScroll_.x - (at.display.x - start_.x), 0, view.ScrollMaxX);
-    const int y = std::clamp(startScroll_.y - (at.display.y - start_.y), 0, view.ScrollMaxY);
-    if (x != view.ScrollX || y != view.ScrollY) context.scrollTo(x, y);
+    const Point to = hand_.follow(view, at.display);
+    if (to != Point{view.ScrollX, view.ScrollY}) context.scrollTo(to.x, to.y);
   }
 
   void release(ToolContext& context, const ToolPoint& at) override {
@@ -63,8 +59,7 @@ class ScrollTool final : public CanvasTool {
     return context.settings.HandScrollEnabled && !context.view().FitInView && context.view().anyBar();
   }
 
-  Point start_;
-  Point startScroll_;
+  HandScroll hand_;
 };
 
 }  // namespace
