@@ -7,7 +7,7 @@ namespace ruvo {
 // The tool that the mode calls for; the view mode has none.
 int frmRuvoPaint::Private::operationOfMode() const {
   const ToolboxState tools = link.toolbox();
-  return tools.viewMode || !toolAvailable(tools.tool) ? kNoTool : kToolCanvasOp[static_cast<std::size_t>(tools.tool)];
+  return tools.viewMode ? kNoTool : kToolCanvasOp[static_cast<std::size_t>(tools.tool)];
 }
 
 void frmRuvoPaint::Private::returnToOperationOfMode() {
@@ -81,7 +81,7 @@ void frmRuvoPaint::Private::readSession() {
 }
 
 void frmRuvoPaint::Do_imgToolsClick(int index) {
-  if (index < 0 || index > Private::kClearAllTools || !toolAvailable(index) || d_->link.toolbox().viewMode) return;
+  if (index < 0 || index > Private::kClearAllTools || d_->link.toolbox().viewMode) return;
   if (d_->commitFloatingAndPush()) {
     d_->endRunningOperation();
     d_->canvas->CanvasPicPaint();

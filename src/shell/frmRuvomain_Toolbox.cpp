@@ -84,7 +84,7 @@ void Toolbox::select(int index) {
 }
 
 void Toolbox::setUsable(bool usable) {
-  for (int i = 0; i < kToolCount; ++i) tools_[static_cast<std::size_t>(i)]->setEnabled(usable && toolAvailable(i));
+  for (int i = 0; i < kToolCount; ++i) tools_[static_cast<std::size_t>(i)]->setEnabled(usable);
 }
 
 }  // namespace ruvo::shell

@@ -18,7 +18,7 @@ TEST_F(Tools, ClickMovesTheBorderAndShowsTheToolsFrame) {
     int borders = 0;
     for (int i = 0; i < 19; ++i) borders += control(QString("imgTools(%1)").arg(i)).isChecked() ? 1 : 0;
     EXPECT_EQ(borders, 1);
-    EXPECT_EQ(control(QString("imgTools(%1)").arg(tool)).isEnabled(), toolAvailable(tool));
+    EXPECT_TRUE(control(QString("imgTools(%1)").arg(tool)).isEnabled());
   }
   click("imgTools(2)");
   EXPECT_EQ(window->toolbox().tool, 2);

@@ -63,7 +63,9 @@ void BandTool::release(ToolContext& context, const ToolPoint& at) {
   if (ours && inside && at.display != pointer_) follow(context, at);
   takeAway(context);
   if (!ours) return;
-  context.changed(draw(dib, context.settings, band_));
+  const Rect landed = draw(dib, context.settings, band_);
+  if (landed.empty()) return;
+  context.changed(landed);
   context.events.NotifyToPrepareUndo();
 }
 

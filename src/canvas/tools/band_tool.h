@@ -30,7 +30,7 @@ class BandTool : public CanvasTool {
   // The band between two display points in the middle of image pixels.
   virtual OverlayFigure figure(Point from, Point to) const = 0;
   virtual void measure(CanvasEvents& events, const Band& band) const = 0;
-  // Draws the figure; returns the changed rectangle.
+  // Draws the figure; returns the changed rectangle. When that is empty nothing has happened, and nothing is told.
   virtual Rect draw(clsDIB& picture, const CanvasSettings& settings, const Band& band) const = 0;
 
  private:

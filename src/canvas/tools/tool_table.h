@@ -1,5 +1,4 @@
-// The tools by their number. One row says what a tool is for the canvas; tools without a maker can be chosen and show
-// their pointer, and the mouse does nothing with them.
+// The tools by their number. One row says what a tool is for the canvas.
 #pragma once
 
 #include <array>
@@ -29,6 +28,10 @@ std::unique_ptr<CanvasTool> makePolygonTool();
 std::unique_ptr<CanvasTool> makeLineTool();
 std::unique_ptr<CanvasTool> makeRectangleTool();
 std::unique_ptr<CanvasTool> makeFilledRectangleTool();
+std::unique_ptr<CanvasTool> makeArcTool();
+std::unique_ptr<CanvasTool> makeBezierTool();
+std::unique_ptr<CanvasTool> makeOvalTool();
+std::unique_ptr<CanvasTool> makeFilledOvalTool();
 std::unique_ptr<CanvasTool> makeStampTool();
 std::unique_ptr<CanvasTool> makeSprayTool();
 std::unique_ptr<CanvasTool> makeColorPickerTool();

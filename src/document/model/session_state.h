@@ -121,9 +121,5 @@ struct ToolboxState {
 inline constexpr std::array<int, 19> kToolCanvasOp = {0, 1, 2, 3, 4, 5, 6, 6, 7, 8, 9, 10, 13, 14, 11, 12, 15, 16, 18};
 // The option frame that each tool image shows, -1 for none.
 inline constexpr std::array<int, 19> kToolOptionFrame = {0, 0, 1, 2, 3, -1, -1, 4, 5, 5, 6, 6, 7, 8, 9, 9, -1, -1, -1};
-// Tools whose drawing is not built yet: shown, but disabled.
-constexpr bool toolAvailable(int tool) {
-  return (tool >= 0 && tool <= 4) || tool == 8 || tool == 9 || (tool >= 12 && tool <= 18);
-}
 
 }  // namespace ruvo

@@ -194,17 +194,5 @@ TEST(Tools, ThePickerTellsWhatIsSeen) {
   EXPECT_EQ(canvas.taken().back(), "NotifyClickData 1 16777215 0 0");
 }
 
-TEST(Tools, UnbuiltToolsCanBeChosenAndDoNothing) {
-  for (const int op : {5, 6, 9, 10}) {
-    Drawing canvas(op);
-    EXPECT_EQ(canvas.core.CanvasOp(), op);
-    canvas.press({1, 1});
-    canvas.move({3, 3});
-    canvas.release({3, 3});
-    EXPECT_EQ(canvas.events, Events{"DispMeasureClear"});
-    EXPECT_PICTURE(canvas.picture(), {".....", ".....", ".....", ".....", "....."});
-  }
-}
-
 }  // namespace
 }  // namespace ruvo
