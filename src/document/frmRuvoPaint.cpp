@@ -1,5 +1,6 @@
 #include "document/frmRuvoPaint.h"
 
+#include <QMenu>
 #include <QResizeEvent>
 
 #include "document/frmRuvoPaint_Private.h"
@@ -27,6 +28,7 @@ frmRuvoPaint::Private::Private(frmRuvoPaint& owner, MainWindowLink& mainWindow, 
   canvas->settings().TransparentColor = kWhite;
   menus = std::make_unique<MenuSet>(kScopeDocument, &owner,
                                     [this](const QString& control, int index) { runMenu(control, index); });
+  QObject::connect(menus->menu("mnuEdit"), &QMenu::aboutToShow, &self, [this] { self.updateEditButtons(); });
   connectCanvas();
   connectMeasures();
 }
@@ -57,9 +59,8 @@ void frmRuvoPaint::Private::tell(const QString& text, desktop::Icon icon) {
   desktop::desktop().message(link.window(), text, icon);
 }
 
-bool frmRuvoPaint::Private::ask(const QString& question) {
-  return desktop::desktop().message(link.window(), question, desktop::Icon::Question, desktop::Buttons::YesNoCareful) ==
-         desktop::Answer::Yes;
+bool frmRuvoPaint::Private::ask(const QString& question, desktop::Buttons buttons) {
+  return desktop::desktop().message(link.window(), question, desktop::Icon::Question, buttons) == desktop::Answer::Yes;
 }
 
 // Arranging windows resizes all documents; only the active one may write to the shared panels.

@@ -98,6 +98,10 @@ class frmRuvoPaint : public QWidget {
   void mnuEditUndoAll_Click();
   void mnuEditUndo_Click();
   void mnuEditRedo_Click();
+  void mnuEditCut_Click();
+  void mnuEditCopy_Click();
+  void mnuEditPaste_Click();
+  void mnuEditPasteTransparent_Click();
   // A menu row by its control name and index ("mnuFileSub", 0); false when there is none or it is disabled.
   bool triggerMenu(const QString& control, int index = -1);
 

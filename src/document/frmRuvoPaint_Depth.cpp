@@ -9,9 +9,7 @@ void frmRuvoPaint::Private::reduceColours(const ReductionItem& item) {
   if (!hasPicture()) return;
   commitFloatingAndPush();
   // A reduction can be undone, so Enter may say Yes.
-  if (desktop::desktop().message(link.window(), qt(item.question), desktop::Icon::Question, desktop::Buttons::YesNo) !=
-      desktop::Answer::Yes)
-    return;
+  if (!ask(qt(item.question), desktop::Buttons::YesNo)) return;
   setPixelPanel("");
   changePicture([&](clsDIB& picture) {
     const WaitCursor wait;

@@ -5,23 +5,6 @@
 #include "document/model/status_texts.h"
 
 namespace ruvo {
-namespace {
-// The shortest side that a crop may leave.
-constexpr int kSmallestCrop = 2;
-}  // namespace
-
-bool frmRuvoPaint::Private::takeCrop(clsDIB&& cut) {
-  if (cut.DIBWidth() < kSmallestCrop || cut.DIBHeight() < kSmallestCrop) {
-    tell(tr("Size too small to crop."));
-    return false;
-  }
-  canvas->DIB() = std::move(cut);
-  iconMask = {};
-  setChanged(true);
-  pushState();
-  showPicture();
-  return true;
-}
 
 void frmRuvoPaint::Private::connectCanvas() {
   QObject::connect(canvas, &ucCanvas::NotifyToPrepareUndo, &self, [this] {
@@ -35,7 +18,11 @@ void frmRuvoPaint::Private::connectCanvas() {
     refreshPanoramic();
   });
   QObject::connect(canvas, &ucCanvas::NotifyPolygonCrop, &self, [this] { takeCrop(std::move(canvas->DIBregion())); });
-  QObject::connect(canvas, &ucCanvas::NotifyRegionStatus, &self, [this] { self.updateEditButtons(); });
+  QObject::connect(canvas, &ucCanvas::NotifyRegionStatus, &self, [this] {
+    self.updateEditButtons();
+    // The view mode has no tool but for what floats in it. Later, because the tool itself is telling this.
+    if (link.toolbox().viewMode) QTimer::singleShot(0, &self, [this] { returnToOperationOfMode(); });
+  });
   QObject::connect(canvas, &ucCanvas::NotifyDragResizeProforma, &self,
                    [this](int width, int height) { link.setStatusPanel(kPanelNetSize, qt(sizeText(width, height))); });
   QObject::connect(canvas, &ucCanvas::NotifyDragResize, &self, [this](bool sizeChanged) {

@@ -6,10 +6,6 @@
 #include "document/frmRuvoSizeOfNew.h"
 
 namespace ruvo {
-namespace {
-// What Paste makes when the clipboard holds no picture.
-constexpr Size kEmptyPasteSize = {320, 200};
-}  // namespace
 
 bool frmRuvoPaint::firstActivation(PendingOpen command, const QString& file) {
   d_->awaitsFirstActivation = false;
@@ -19,9 +15,8 @@ bool frmRuvoPaint::firstActivation(PendingOpen command, const QString& file) {
   switch (command) {
     case PendingOpen::None:
       return true;
-    // The clipboard's picture will be fetched here; without one the new document is empty.
     case PendingOpen::Paste:
-      return d_->makeNew(untitledName(d_->slot), kEmptyPasteSize.width, kEmptyPasteSize.height);
+      return d_->makeFromClipboard();
     case PendingOpen::New: {
       const bool alone = d_->link.documentCount() <= 1;
       return d_->makeNew(alone ? kFirstUntitledName : untitledName(d_->slot), d_->session().newImageWidth,
@@ -114,18 +109,23 @@ bool frmRuvoPaint::Private::makeNew(const std::string& name, int width, int heig
     tell(qt(openFaultText(OpenFault::NoImage, name)));
     return false;
   }
+  takeAsNew(name, std::move(blank));
+  return true;
+}
+
+// Of no file yet, with a history of its own.
+void frmRuvoPaint::Private::takeAsNew(const std::string& name, clsDIB&& picture) {
   canvas->dropFloating();
   endRunningOperation();
-  canvas->DIB() = std::move(blank);
+  record = untitledRecord(name, picture.DIBWidth(), picture.DIBHeight());
+  canvas->DIB() = std::move(picture);
   iconMask = {};
-  record = untitledRecord(name, width, height);
   restartHistory();
   setChanged(false);
   setTitle(name);
   canvas->SetScrollValues(0, 0, false, true);
   returnToOperationOfMode();
   showPicture();
-  return true;
 }
 
 void frmRuvoPaint::Private::commandNew() {

@@ -7,6 +7,7 @@
 #include "base/paths.h"
 #include "document/frmRuvoPaint_Private.h"
 #include "document/model/colour_reduction.h"
+#include "document/model/paste_rules.h"
 #include "document/option_rows.h"
 
 namespace ruvo {
@@ -36,6 +37,13 @@ void frmRuvoPaint::Private::runMenu(const QString& control, int index) {
       {"mnuEditUndo", [](Private& d, int) { d.self.mnuEditUndo_Click(); }},
       {"mnuEditRedo", [](Private& d, int) { d.self.mnuEditRedo_Click(); }},
       {"mnuEditUndoAll", [](Private& d, int) { d.self.mnuEditUndoAll_Click(); }},
+      {"mnuEditCut", [](Private& d, int) { d.self.mnuEditCut_Click(); }},
+      {"mnuEditCutAndCopy", [](Private& d, int) { d.cutAndCopy(); }},
+      {"mnuEditCopy", [](Private& d, int) { d.self.mnuEditCopy_Click(); }},
+      {"mnuEditCrop", [](Private& d, int) { d.cropPerRegion(); }},
+      {"mnuEditCropPerImageInsideRegion", [](Private& d, int) { d.cropPerImageInsideRegion(); }},
+      {"mnuEditCleansePaintSub", [](Private& d, int i) { d.cleanse(i == 1); }},
+      {"mnuEditClearClipboard", [](Private& d, int) { d.clearClipboard(); }},
       {"mnuRotateSub", [](Private& d, int i) { d.self.Do_mnuRotateSubClick(i); }},
       {"mnuInquiryOriginal", [](Private& d, int) { d.tellProperties(); }},
       {"mnuInquiryColorCount", [](Private& d, int) { d.tellColourCount(); }},
@@ -50,6 +58,7 @@ void frmRuvoPaint::Private::runMenu(const QString& control, int index) {
   canvas->letGo();
   if (const SaveItem* item = saveItemOf(control.toStdString(), index)) return saveAs(*item);
   if (const ReductionItem* item = reductionItemOf(control.toStdString(), index)) return reduceColours(*item);
+  if (const auto manner = pasteMannerOf(control.toStdString(), index)) return paste(*manner);
   if (const Run run = kCommands.value(control)) run(*this, index);
 }
 

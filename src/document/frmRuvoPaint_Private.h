@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "base/progress.h"
@@ -20,6 +21,7 @@
 
 namespace ruvo {
 
+struct PasteManner;
 struct ReductionItem;
 struct WriteOrder;
 
@@ -72,7 +74,8 @@ struct frmRuvoPaint::Private {
 
   // --- Talking
   void tell(const QString& text, desktop::Icon icon = desktop::Icon::Exclamation);
-  bool ask(const QString& question);
+  // Careful, unless told otherwise: Enter answers No.
+  bool ask(const QString& question, desktop::Buttons buttons = desktop::Buttons::YesNoCareful);
   void setPixelPanel(const std::string& text) { link.setStatusPanel(kPanelPixel, qt(text)); }
   void setTitle(const std::string& name);
   void updatePanels();
@@ -82,6 +85,8 @@ struct frmRuvoPaint::Private {
 
   // --- Life
   bool makeNew(const std::string& name, int width, int height);
+  bool makeFromClipboard();
+  void takeAsNew(const std::string& name, clsDIB&& picture);
   void releaseEverything();
   void readSession();
   void readToolbox();
@@ -106,8 +111,9 @@ struct frmRuvoPaint::Private {
     return true;
   }
 
-  // The last step of every crop: `cut` (32 bits) becomes the picture, with one state. False, in words and with nothing
-  // changed, when it is too small.
+  // What was cut out of the picture (32 bits) becomes the picture, with one state. Nothing floats any more.
+  void becomeCrop(clsDIB&& cut);
+  // The same; false, in words and with nothing changed, when it is too small.
   bool takeCrop(clsDIB&& cut);
 
   // --- Tools and view
@@ -147,6 +153,19 @@ struct frmRuvoPaint::Private {
   QString proposedPath(const std::string& ending);
   FileRecord recordOfSaved(const WriteOrder& order, int bits, Size size) const;
   void noteSaved(const FileRecord& saved);
+  bool copyToClipboard();
+  void cutAndCopy();
+  void paste(const PasteManner& manner);
+  bool leaveFitIn();
+  bool takeFromClipboard(const imaging::LoadResult& fetched, clsDIB& picture);
+  std::optional<bool> askToEnlarge(Size incoming);
+  bool enlargeFor(Size incoming);
+  bool floatPasted(const clsDIB& picture, const PasteManner& manner);
+  void clearClipboard();
+  std::optional<Rect> regionBox() const;
+  void cropPerRegion();
+  void cropPerImageInsideRegion();
+  void cleanse(bool onlyOutside);
   template <typename Step>
   void restoreState(Step step);
   bool loadCustomPicture(const QString& folderKey, clsDIB& picture);
@@ -164,6 +183,7 @@ struct frmRuvoPaint::Private {
 
   static constexpr int kNoTool = 18;
   static constexpr int kFilledCurveTool = 7;  // index of the tool image
+  static constexpr int kRegionTool = 14;
   static constexpr int kGlassTool = 17;
   static constexpr int kLineTool = 4;
   static constexpr int kAntialiasedLine = 8;

@@ -21,8 +21,8 @@ constexpr MenuRow line(const char* control, int index, const char* parent, unsig
 
 constexpr unsigned kEditPicture = kNeedPicture | kNotBuilt;
 constexpr unsigned kReducePicture = kNeedPicture | kNeedPaintMode;
-constexpr unsigned kEditRegion = kNeedPicture | kNeedRegion | kNotBuilt;
-constexpr unsigned kEditPaste = kNeedClipboard | kNotBuilt;
+constexpr unsigned kEditRegion = kNeedPicture | kNeedRegion;
+constexpr unsigned kEditPaste = kNeedPicture | kNeedClipboard;
 
 // A row stands after the row that it hangs under.
 constexpr MenuRow kRows[] = {
@@ -142,8 +142,8 @@ constexpr MenuRow kRows[] = {
     line("mnuEditLine", 0, "mnuEdit", kScopeBoth),
     item("mnuEditCut", -1, "mnuEdit", "C&ut / Erase Region", kEditRegion, kScopeBoth, "Del"),
     item("mnuEditCutAndCopy", -1, "mnuEdit", "Cut && Cop&y", kEditRegion, kScopeBoth, "Ctrl+X"),
-    item("mnuEditCopy", -1, "mnuEdit", "&Copy", kEditPicture, kScopeBoth, "Ctrl+C"),
-    item("mnuEditPaste", -1, "mnuEdit", "&Paste", kEditPaste, kScopeBoth, "Ctrl+V"),
+    item("mnuEditCopy", -1, "mnuEdit", "&Copy", kNeedPicture, kScopeBoth, "Ctrl+C"),
+    item("mnuEditPaste", -1, "mnuEdit", "&Paste", kNeedClipboard, kScopeBoth, "Ctrl+V"),
     item("mnuEditPasteTransparent", -1, "mnuEdit", "Paste &Transparent (per Top Pixel)", kEditPaste, kScopeBoth),
     item("mnuEditPasteTranslucent", -1, "mnuEdit", "PasteTransl&ucent", kEditPaste, kScopeDocument),
     item("mnuEditPasteTranslucentSub", 0, "mnuEditPasteTranslucent", "&Transparent Per Top Pixel  (Rest Translucent)",
@@ -186,12 +186,12 @@ constexpr MenuRow kRows[] = {
     item("mnuEditCrop", -1, "mnuEdit", "Cr&op Per Region", kEditRegion, kScopeDocument),
     item("mnuEditCropPerImageInsideRegion", -1, "mnuEdit",
          "Crop Per &Image Inside Region  (After Text /  Paste Transparent)", kEditRegion, kScopeDocument),
-    item("mnuEditCleansePaint", -1, "mnuEdit", "Clean&se Paint", kEditPicture, kScopeDocument),
-    item("mnuEditCleansePaintSub", 0, "mnuEditCleansePaint", "Cleanse &Whole ", kEditPicture, kScopeDocument),
-    item("mnuEditCleansePaintSub", 1, "mnuEditCleansePaint", "Cleanse Areas &Ouitside Region", kEditPicture,
+    item("mnuEditCleansePaint", -1, "mnuEdit", "Clean&se Paint", kNeedPicture, kScopeDocument),
+    item("mnuEditCleansePaintSub", 0, "mnuEditCleansePaint", "Cleanse &Whole ", kNeedPicture, kScopeDocument),
+    item("mnuEditCleansePaintSub", 1, "mnuEditCleansePaint", "Cleanse Areas &Ouitside Region", kNeedPicture,
          kScopeDocument),
     line("mnuEditLine", 2, "mnuEdit", kScopeBoth),
-    item("mnuEditClearClipboard", -1, "mnuEdit", "C&lear Clipboard", kNotBuilt, kScopeBoth),
+    item("mnuEditClearClipboard", -1, "mnuEdit", "C&lear Clipboard", kNeedNothing, kScopeBoth),
 
     // --- Menus that need a document
     bar("mnuRotate", "&Rotate", kScopeDocument),

@@ -73,8 +73,7 @@ TEST_F(Documents, ButtonsNeedADocumentAndWhatIsBuilt) {
   for (int i = 0; i < 6; ++i) EXPECT_FALSE(control(QString("cmdZoom(%1)").arg(i)).isEnabled());
   window->setEditButtons({true, true, true, true, true});
   for (int i = 0; i < 13; ++i) {
-    const bool built = i < 3 || (i >= 7 && i <= 10);
-    EXPECT_EQ(control(QString("cmdEditTB(%1)").arg(i)).isEnabled(), built) << i;
+    EXPECT_EQ(control(QString("cmdEditTB(%1)").arg(i)).isEnabled(), i <= 10) << i;
   }
   window->MDI_disableAllButtonsOnToolBar();
   for (int i = 0; i < 13; ++i) EXPECT_FALSE(control(QString("cmdEditTB(%1)").arg(i)).isEnabled()) << i;
@@ -82,6 +81,30 @@ TEST_F(Documents, ButtonsNeedADocumentAndWhatIsBuilt) {
   EXPECT_TRUE(control("cmdZoom(0)").isEnabled());
   EXPECT_TRUE(control("cmdEditTB(7)").isEnabled());
   EXPECT_FALSE(control("cmdEditTB(1)").isEnabled());  // nothing to undo yet
+}
+
+TEST_F(Documents, PastingFollowsWhatOtherProgramsCopy) {
+  const auto action = [&](const char* name) { return window->findChild<QAction*>(name)->isEnabled(); };
+  const auto copyPicture = [&] {
+    desktop.copyElsewhere([](QMimeData& data) { data.setImageData(QImage(30, 20, QImage::Format_RGB32)); });
+  };
+  EXPECT_FALSE(action("mnuEditPaste"));
+  copyPicture();
+  EXPECT_TRUE(action("mnuEditPaste"));
+  for (const char* other : {"mnuEditPasteTransparent", "mnuEditCopy", "mnuEditCut"})
+    EXPECT_FALSE(action(other)) << other;
+  window->findChild<QAction*>("mnuEditPaste")->trigger();
+  ASSERT_NE(window->activeDocument(), nullptr);
+  EXPECT_EQ(panel(kPanelNetSize), "30 x 20");
+  EXPECT_TRUE(control("cmdEditTB(5)").isEnabled() && control("cmdEditTB(6)").isEnabled());
+  desktop.copyElsewhere([](QMimeData& data) { data.setText("words"); });
+  EXPECT_FALSE(control("cmdEditTB(5)").isEnabled());
+  copyPicture();
+  click("cmdEditTB(5)");
+  EXPECT_TRUE(window->activeDocument()->canvas()->PasteOn());
+  EXPECT_TRUE(control("imgTools(14)").isChecked());
+  EXPECT_TRUE(window->activeDocument()->triggerMenu("mnuEditClearClipboard"));
+  EXPECT_FALSE(control("cmdEditTB(5)").isEnabled() || desktop.clipboardHasPicture());
 }
 
 TEST_F(Documents, MenusAreTheActiveDocumentsOwn) {
