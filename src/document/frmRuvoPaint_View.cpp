@@ -176,7 +176,7 @@ void frmRuvoPaint::Private::showPanoramic() {
   QPoint at = canvas->mapToGlobal(QPoint(canvas->width() - size.width() - kNavigatorMargin, kNavigatorMargin));
   if (const auto& kept = session().panoramicPosition) at = QPoint(kept->x, kept->y);
   panoramic->setGeometry(QRect(at, size));
-  panoramic->moved = [this](const QPoint& place) { session().panoramicPosition = Point{place.x(), place.y()}; };
+  panoramic->moved = [&state = session()](const QPoint& place) { state.panoramicPosition = {place.x(), place.y()}; };
   panoramic->show();
 }
 

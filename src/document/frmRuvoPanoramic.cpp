@@ -91,7 +91,7 @@ void NavigatorView::paintOver(QPainter& painter, QPoint origin) {
     for (const QRect& part : QRegion(from) - QRegion(to)) painter.fillRect(part, colour);
   };
   ring(0, QColor(30, 32, 36), thick);
-  ring(thick, palette().color(QPalette::Highlight).lighter(130), 2 * thick);
+  ring(thick, palette().color(QPalette::Highlight), 2 * thick);
   ring(3 * thick, QColor(245, 246, 248), thick);
 }
 

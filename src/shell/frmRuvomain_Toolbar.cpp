@@ -119,6 +119,8 @@ void Toolbar::buildGlassAndMode() {
   for (int factor = kMinGlass; factor <= kMaxGlass; ++factor) factors << QString::number(factor);
   glassBox_ = combo("cboGlass", factors, 0, 46, glass);
   glassBox_->setToolTip("x 100 %  (Magnifying Glass)");
+  // Picked by the mouse, a factor leaves the keys with the picture.
+  glassBox_->setFocusPolicy(Qt::TabFocus);
   glass->layout()->addWidget(glassBox_);
   connect(glassBox_, &QComboBox::currentIndexChanged, this, [this] { calls_.glassFactor(); });
   convex_ = new QAction("Convex glass", this);
@@ -147,6 +149,7 @@ void Toolbar::buildPaintFrame() {
   for (int factor = 1; factor <= kMaxMagnify; ++factor) factors << QString::number(factor);
   magnifyBox_ = combo("cboMagnify", factors, 0, 46, paintFrame_);
   magnifyBox_->setToolTip("x 100 %  (Image magnification factor)");
+  magnifyBox_->setFocusPolicy(Qt::TabFocus);
   paintFrame_->layout()->addWidget(magnifyBox_);
   connect(magnifyBox_, &QComboBox::currentIndexChanged, this, [this] { calls_.magnify(); });
 }
