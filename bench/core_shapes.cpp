@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "canvas/engine/shape_oval.h"
 #include "canvas/engine/shape_polygon.h"
 
 namespace {
@@ -34,5 +35,24 @@ void filledPolygon(benchmark::State& state) {
   }
 }
 BENCHMARK(filledPolygon)->ArgName("alpha")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+void filledOval(benchmark::State& state) {
+  constexpr int kSide = 2257;  // 4 million pixels: a quarter of pi x the square of it
+  clsDIB picture;
+  picture.CreateBlankDIB(2600, 2600, 32, kWhite);
+  picture.setDIBhasAlpha(state.range(0) != 0);
+  const int enhancement = static_cast<int>(state.range(1));
+  Colour colour = 0;
+  for (auto _ : state) {
+    shape::fillOval(picture, Rect::fromSize(170, 170, kSide, kSide), colour ^= 0x123456, enhancement);
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(filledOval)
+    ->ArgNames({"alpha", "soft"})
+    ->Args({0, 0})
+    ->Args({1, 0})
+    ->Args({0, 1})
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
