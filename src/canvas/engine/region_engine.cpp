@@ -203,7 +203,9 @@ bool RegionEngine::leaveCopy() {
   if (!takeRegionPixels(b.DIBsnap, box_, beneathCopy_)) return false;
   raster::blit(b.DIBsnap.surface(), box_.left, box_.top, box_.width(), box_.height(), b.DIB.surface(), box_.left,
                box_.top);
-  copiesLeft_ = true;
+  // At home it only fills the place that the lift has emptied.
+  const bool filledHome = !isPaste() && box_ == home_ && !flags_.RegionTranslucent;
+  copiesLeft_ = copiesLeft_ || !filledHome;
   return true;
 }
 

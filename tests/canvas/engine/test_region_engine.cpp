@@ -207,10 +207,14 @@ TEST(Region, ShiftOrCtrlLeavesACopyAtTheFirstMove) {
     canvas.core.keyPress(CanvasKey::Escape, {});  // with the copy of this drag
     EXPECT_EQ(canvas.picture(), before);
     EXPECT_EQ(canvas.box(), (Rect{20, 10, 27, 17}));
-    canvas.clear();
-    canvas.core.keyPress(CanvasKey::Escape, {});  // what earlier drags left stays, and is a step of the history
-    EXPECT_EQ(canvas.blocks(), kBlock);
-    EXPECT_EQ(canvas.events[0] + canvas.events[1], "DispMeasureRectangle 10 10 7 7NotifyToPrepareUndo");
+    for (const bool leavesCopy : {false, true}) {
+      if (leavesCopy) canvas.core.keyPress(CanvasKey::Down, {}), canvas.drag({13, 14}, {23, 13}, keys);
+      canvas.clear();
+      canvas.core.keyPress(CanvasKey::Escape, {});
+      EXPECT_EQ(std::count(canvas.events.begin(), canvas.events.end(), "NotifyToPrepareUndo"), leavesCopy);
+      // What an earlier drag has left behind stays.
+      EXPECT_EQ(canvas.blocks(), kBlock + std::string(leavesCopy ? "12,15### " : ""));
+    }
   }
 }
 
