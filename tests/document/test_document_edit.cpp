@@ -58,21 +58,15 @@ TEST_F(DocumentEdit, TurnsAndEdgeDragsArePushedOnlyWhenSomethingChanged) {
 
 TEST_F(DocumentEdit, APolygonsCutOutBecomesThePictureWithOneState) {
   openPlain();
-  const auto crop = [this](int width, int height) {
-    document->canvas()->DIBregion() = test::plainDib(width, height, kBlack);
-    Q_EMIT document->canvas()->NotifyPolygonCrop();
-  };
   desktop.expect("Size too small to crop.");
-  crop(30, 1);
-  EXPECT_EQ(picture().size(), (Size{4, 3}));
-  EXPECT_FALSE(changed());
-  crop(2, 2);
+  for (const int height : {1, 2}) {
+    document->canvas()->DIBregion() = test::plainDib(2, height, kBlack);
+    Q_EMIT document->canvas()->NotifyPolygonCrop();
+    EXPECT_EQ(picture().size(), (height == 1 ? Size{4, 3} : Size{2, 2}));
+    EXPECT_EQ(undoFiles().size(), static_cast<std::size_t>(height));
+    EXPECT_EQ(changed(), height == 2);
+  }
   EXPECT_EQ(main.panels[kPanelNetSize], "2 x 2");
-  EXPECT_TRUE(changed());
-  EXPECT_EQ(undoFiles().size(), 2u);
-  document->mnuEditUndo_Click();
-  EXPECT_EQ(picture().size(), (Size{4, 3}));
-  EXPECT_EQ(colourAt(3, 2), "#ff0000");
 }
 
 TEST_F(DocumentEdit, ToolsFollowTheToolboxAndTheMode) {
