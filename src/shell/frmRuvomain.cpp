@@ -162,7 +162,6 @@ QWidget* frmRuvomain::buildOptionArea(QWidget* parent, const PaletteAsked& palet
   holderColumn->setContentsMargins(0, 0, 0, 0);
   d_->options = new shell::OptionFrames(
       holder, {.tell = [this](DocumentCall call) { tell(call); },
-               .lineTypeChanged = [this] { lockBrushForLine(); },
                .loadStamp = [this](int index) { tell(&frmRuvoPaint::Do_cmdStampLoadClick, index); },
                .regionOperation = [this](int index) { tell(&frmRuvoPaint::Do_cmdRegionOperation, index); },
                .palette = palette});

@@ -123,7 +123,6 @@ class frmRuvomain : public QMainWindow, public MainWindowLink {
   void showColorValues(int box);
   void paletteAsked(shell::PaletteKind kind, int box);
   void colorChosen(Colour colour);
-  void lockBrushForLine();
   void handCustomPictures(frmRuvoPaint& document);
   // Menus
   void buildMenus();

@@ -133,19 +133,9 @@ void BrushAndColors::setBrushSizeIndex(int index) {
   brushSize_->setCurrentIndex(index >= 0 && index < brushSize_->count() ? index : kDefaultBrushSizeIndex);
 }
 
-void BrushAndColors::lockBrushSize(int size) {
-  if ((size > 0) == (lockedFrom_ >= 0)) return;
-  const int index = size > 0 ? size - 1 : lockedFrom_;
-  lockedFrom_ = size > 0 ? brushSize_->currentIndex() : -1;
-  brushSize_->setEnabled(size == 0);
-  brushSize_->setCurrentIndex(index);
-  updateSteppers();
-}
-
 void BrushAndColors::updateSteppers() {
-  const bool free = brushSize_->isEnabled();
-  adjust_[0]->setEnabled(free && brushSize_->currentIndex() < brushSize_->count() - 1);
-  adjust_[1]->setEnabled(free && brushSize_->currentIndex() > 0);
+  adjust_[0]->setEnabled(brushSize_->currentIndex() < brushSize_->count() - 1);
+  adjust_[1]->setEnabled(brushSize_->currentIndex() > 0);
 }
 
 }  // namespace ruvo::shell

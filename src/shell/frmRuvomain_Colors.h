@@ -30,10 +30,6 @@ class BrushAndColors : public QWidget {
   int brushSizeIndex() const;
   // Outside 0 to kBrushSizeCount - 1 it takes the default.
   void setBrushSizeIndex(int index);
-  // While locked the box shows this size and is disabled; 0 unlocks it and the size from before comes back.
-  void lockBrushSize(int size);
-  // What the box holds when no lock is on: the size that the settings keep.
-  int ownBrushSizeIndex() const { return lockedFrom_ >= 0 ? lockedFrom_ : brushSizeIndex(); }
 
   // `byKeys`: chosen with the keys of the box, which is to keep them.
   std::function<void(bool byKeys)> brushSizeChanged;
@@ -51,7 +47,6 @@ class BrushAndColors : public QWidget {
   QWidget* wells_ = nullptr;
   QComboBox* brushSize_ = nullptr;
   std::array<QToolButton*, 2> adjust_{};
-  int lockedFrom_ = -1;
   bool sizeByKeys_ = false;
 };
 

@@ -45,7 +45,7 @@ void frmRuvomain::loadSettings() {
 
 void frmRuvomain::storeSettings() {
   d_->stored.options = session().options;
-  d_->stored.brushSizeIndex = d_->colors->ownBrushSizeIndex();
+  d_->stored.brushSizeIndex = d_->colors->brushSizeIndex();
   // Written when they were chosen, and perhaps since this window read them.
   d_->stored.palFolder = toPath(lastFolder(kFolderPal));
   d_->stored.fileBrowseFolder = toPath(lastFolder(kFolderFileBrowse));

@@ -325,10 +325,7 @@ void OptionFrames::buildLineFrame() {
             {"Solid  non-square brush", "Solid  square brush", "Dash", "Dot", "Dash Dot", "Dash Dot Dot",
              "Solid - arrow at one end", "Solid  - arrow at both ends", "Antialiased solid line"},
             4},
-           nullptr, [this] {
-             calls_.lineTypeChanged();
-             calls_.tell(&frmRuvoPaint::Notify_LineType_FromMDI);
-           });
+           nullptr, [this] { calls_.tell(&frmRuvoPaint::Notify_LineType_FromMDI); });
   const QString bothEnds = lineType_.options[7]->toolTip() + "  (Auto antialiasing if brush is 2)";
   lineType_.options[7]->setToolTip(bothEnds);
   if (auto* picture = frame->findChild<QWidget*>(controlName("imgToolOptionLine", 7))) picture->setToolTip(bothEnds);

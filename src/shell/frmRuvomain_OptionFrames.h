@@ -44,7 +44,6 @@ class OptionFrames : public Panel {
   using Call = void (frmRuvoPaint::*)();
   struct Calls {
     std::function<void(Call)> tell;
-    std::function<void()> lineTypeChanged;
     std::function<void(int)> loadStamp;
     std::function<void(int)> regionOperation;
     std::function<void(PaletteKind, int box)> palette;
@@ -63,7 +62,6 @@ class OptionFrames : public Panel {
   void setCustomPictures(const CustomPictures& pictures);
   // The specimen of an automatic polygon is drawn in this colour.
   void setSpecimenColour(const QColor& colour);
-  int lineType() const { return lineType_.value; }
 
  private:
   QWidget* addFrame(const QString& caption);

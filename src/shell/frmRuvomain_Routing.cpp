@@ -21,9 +21,6 @@ namespace ruvo {
 namespace {
 
 constexpr Size kNewImageSize = {640, 480};
-constexpr int kLineTool = 4;
-constexpr int kAntialiasedLine = 8;
-constexpr int kAntialiasedLineBrush = 2;
 // Takes the focus after a brush size was picked, so that the keys are the picture's again.
 constexpr int kFocusContainer = 5;
 
@@ -69,7 +66,6 @@ void frmRuvomain::toolClicked(int index) {
 void frmRuvomain::selectTool(int index) {
   d_->toolbox->select(index);
   SetOptionFrame(kToolOptionFrame[static_cast<std::size_t>(index)]);
-  lockBrushForLine();
   setStatusPanel(kPanelPixel, QString());
 }
 
@@ -80,12 +76,6 @@ void frmRuvomain::FlatAllToolsImages() {
 
 void frmRuvomain::SetOptionFrame(int index) {
   d_->options->SetOptionFrame(index);
-}
-
-// The antialiased line is drawn with a fixed brush while it is the chosen line.
-void frmRuvomain::lockBrushForLine() {
-  const bool fixed = d_->toolbox->selected() == kLineTool && d_->options->lineType() == kAntialiasedLine;
-  d_->colors->lockBrushSize(fixed ? kAntialiasedLineBrush : 0);
 }
 
 void frmRuvomain::brushSizeChanged(bool byKeys) {

@@ -77,19 +77,19 @@ TEST_F(Tools, BrushSizeStepsBetweenOneAndTwenty) {
 }
 
 TEST_F(Tools, AntialiasedLineHasItsOwnBrushSizeWhileChosen) {
-  QComboBox& size = control<QComboBox>("cboBrushSize");
-  size.setCurrentIndex(9);
-  window->selectTool(4);
+  const int& size = openNew().canvas()->settings().BrushSize;
+  click("imgTools(4)");
   click("optLineType(8)");
-  EXPECT_EQ(window->toolbox().brushSize, 2);
-  EXPECT_FALSE(size.isEnabled());
-  EXPECT_FALSE(control("cmdAdjBrushSize(0)").isEnabled());
-  window->selectTool(0);
+  // The box goes on showing the user's own size, which can be changed for what comes next.
+  control<QComboBox>("cboBrushSize").setCurrentIndex(9);
   EXPECT_EQ(window->toolbox().brushSize, 10);
-  window->selectTool(4);
+  EXPECT_EQ(size, 2);
   click("optLineType(7)");
-  EXPECT_EQ(window->toolbox().brushSize, 10);
-  EXPECT_TRUE(size.isEnabled());
+  EXPECT_EQ(size, 10);
+  click("optLineType(8)");
+  EXPECT_EQ(size, 2);
+  click("imgTools(0)");
+  EXPECT_EQ(size, 10);
 }
 
 // Every tool's frame writes to the canvas, and a document that is opened later reads the same.

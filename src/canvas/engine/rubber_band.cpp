@@ -39,10 +39,6 @@ Point Snap(Point display, int magnify, int mode) {
   return {snapAxis(display.x, magnify, mode), snapAxis(display.y, magnify, mode)};
 }
 
-Point snapDown(Point display, int magnify) {
-  return {floorDiv(display.x, magnify) * magnify, floorDiv(display.y, magnify) * magnify};
-}
-
 Point middleOf(const ViewGeometry& view, Point image) {
   const Point corner = view.toDisplay(image);
   const Point next = view.toDisplay(Point{image.x + 1, image.y + 1});

@@ -26,7 +26,7 @@ Rect softLine(clsDIB& picture, Point from, Point to, Colour colour, const LineMa
   Rect changed = manner.softEdges ? AAWideLine(picture, from, to, colour, manner.width)
                                   : penLine(picture, from, to, colour, manner.width);
   const auto head = [&](Point tip, Point back) {
-    changed = changed.united(arrowHead(picture, tip, back, colour, manner.width, manner.softEdges));
+    changed = changed.united(arrowHead(picture, tip, back, colour, manner.width));
   };
   if (manner.type == kArrowLine && longerThan(kShortestArrow, from, to)) head(to, from);
   if (manner.type == kDoubleArrowLine && longerThan(kShortestDoubleArrow, from, to)) {

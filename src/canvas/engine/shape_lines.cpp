@@ -60,18 +60,16 @@ Rect AALine(clsDIB& picture, Point from, Point to, Colour colour) {
   cover(along - alongStep, across, 127);
   cover(lastAlong + alongStep, lastAcross + acrossStep, corner);
   cover(lastAlong + alongStep, lastAcross, 127);
-  // Counted in halves: the half that the walk starts with is then exact for odd lengths too, and a line looks the same
-  // from both of its ends.
-  const std::int64_t whole = std::int64_t{2} * length;
-  std::int64_t rest = length;
+  // The whole walk is in integers. An odd length loses half a step here, which shows only on lines of a few pixels.
+  int rest = length / 2;
   for (int k = 0; k <= length; ++k) {
-    const int share = static_cast<int>(rest * 255 / whole);
+    const int share = static_cast<int>(std::int64_t{rest} * 255 / length);
     cover(along, across, 255);
     cover(along, across - acrossStep, 255 - share);
     cover(along, across + acrossStep, share);
-    rest += std::int64_t{2} * drift;
-    if (rest >= whole) {
-      rest -= whole;
+    rest += drift;
+    if (rest >= length) {
+      rest -= length;
       across += acrossStep;
     }
     along += alongStep;
@@ -157,7 +155,7 @@ Rect PatternLine(clsDIB& picture, Point from, Point to, Colour colour, int width
   return changed;
 }
 
-Rect arrowHead(clsDIB& picture, Point tip, Point from, Colour colour, int width, bool soft) {
+Rect arrowHead(clsDIB& picture, Point tip, Point from, Colour colour, int width) {
   constexpr double kBarbAngle = 0.5;  // between a barb and the line, about 29 degrees
   if (tip == from) return {};
   const double back = std::atan2(from.y - tip.y, from.x - tip.x);
@@ -166,8 +164,7 @@ Rect arrowHead(clsDIB& picture, Point tip, Point from, Colour colour, int width,
   Rect changed;
   for (const double angle : {back - kBarbAngle, back + kBarbAngle}) {
     const Point end{tip.x + roundToInt(length * std::cos(angle)), tip.y + roundToInt(length * std::sin(angle))};
-    changed = changed.united(soft ? AAWideLine(picture, tip, end, colour, width)
-                                  : PenLine(picture, tip, end, colour, width, 0, /*drawEnds=*/true));
+    changed = changed.united(PenLine(picture, tip, end, colour, width, 0, /*drawEnds=*/true));
   }
   return changed;
 }

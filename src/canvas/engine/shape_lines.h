@@ -30,7 +30,7 @@ Rect AAWideLine(clsDIB& picture, Point from, Point to, Colour colour, int width)
 // width; the pattern begins with a whole dash or dot at `from`.
 Rect PatternLine(clsDIB& picture, Point from, Point to, Colour colour, int width, int type);
 
-// Two barbs at `tip` of a line that comes from `from`; they end short of it. `soft` smooths their edges.
-Rect arrowHead(clsDIB& picture, Point tip, Point from, Colour colour, int width, bool soft = false);
+// Two barbs of the pen at `tip` of a line that comes from `from`; they end short of it.
+Rect arrowHead(clsDIB& picture, Point tip, Point from, Colour colour, int width);
 
 }  // namespace ruvo::shape

@@ -27,13 +27,14 @@ class ArcTool final : public CanvasTool {
     bend(context, at);
   }
 
-  void release(ToolContext& context, const ToolPoint&) override {
+  void release(ToolContext& context, const ToolPoint& at) override {
     const bool complete = bending(context);
     context.scalars.StrokeDown = false;
     if (!stillOurs(context)) return forget(context);
     if (!complete) return;
     const shape::ArcRecord arc = record();
-    const bool chord = chord_;
+    // The key may come just before the button goes, and what has been shown stays.
+    const bool chord = chord_ || at.keys.shift;
     forget(context);
     if (!arc.valid) return;
     draw(context, arc, chord);

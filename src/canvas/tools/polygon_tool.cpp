@@ -2,6 +2,7 @@
 // finished; until then its edges are shown over it.
 #include <optional>
 
+#include "canvas/engine/rubber_band.h"
 #include "canvas/engine/shape_polygon.h"
 #include "canvas/tools/stroke_picture.h"
 #include "canvas/tools/tool_table.h"
@@ -109,17 +110,15 @@ class PolygonTool final : public CanvasTool {
   OverlayFigures overlay(const ToolContext& context) override {
     if (!picture_.isStill(context.bitmaps.DIB)) return {};
     const ViewGeometry& view = context.view();
-    const auto middle = [&](Point image) {
-      const Point corner = view.toDisplay(image);
-      return Point{corner.x + view.Magnify / 2, corner.y + view.Magnify / 2};
-    };
     std::vector<Point> standing;
-    for (const Point& vertex : vertices_) standing.push_back(middle(vertex));
+    for (const Point& vertex : vertices_) standing.push_back(shape::middleOf(view, vertex));
     OverlayPen pen;
     pen.invert = false;
     pen.on = context.settings.ColorToUse;
     OverlayFigures figures = {OverlayFigure::polyline(std::move(standing), pen)};
-    if (pointer_) figures.push_back(OverlayFigure::line(middle(vertices_.back()), middle(*pointer_)));
+    if (pointer_) {
+      figures.push_back(OverlayFigure::line(shape::middleOf(view, vertices_.back()), shape::middleOf(view, *pointer_)));
+    }
     return figures;
   }
 

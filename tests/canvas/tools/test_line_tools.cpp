@@ -1,28 +1,12 @@
-#include "canvas/engine/recorded_canvas.h"
+#include "canvas/tools/shape_canvas.h"
 
 namespace ruvo {
 namespace {
 
 using namespace test;
 
-constexpr KeyModifiers kShift{true, false, false};
-const Rows kNothing(7, ".......");
-
-// A white picture with a tool that draws in black with one pixel.
-struct Banding : RecordedCanvas {
-  explicit Banding(int op, int side = 7, int magnify = 1) : RecordedCanvas(side, side) {
-    core.settings.ColorToUse = kBlack;
-    core.settings.BrushSize = 1;
-    core.settings.Magnify = magnify;
-    core.CanvasResize();
-    core.setCanvasOp(op);
-    clear();
-  }
-  Rows shown() { return rowsOf(seen()); }
-};
-
 TEST(LineTool, TheBandIsOnTheDisplayUntilTheButtonIsLetGo) {
-  Banding canvas(4);
+  ShapeCanvas canvas(4);
   canvas.press({1, 2});
   canvas.move({4, 2});
   EXPECT_PICTURE(canvas.shown(), {".......", ".......", ".####..", ".......", ".......", ".......", "......."});
@@ -36,7 +20,7 @@ TEST(LineTool, TheBandIsOnTheDisplayUntilTheButtonIsLetGo) {
 }
 
 TEST(LineTool, AnglesRiseToTheRightAndKeysHoldTheDirection) {
-  Banding canvas(4, 60);
+  ShapeCanvas canvas(4, 60);
   canvas.press({30, 30});
   canvas.clear();
   canvas.move({40, 20});
@@ -53,7 +37,7 @@ TEST(LineTool, AnglesRiseToTheRightAndKeysHoldTheDirection) {
 }
 
 TEST(LineTool, WorksInWholePixelsWhenMagnifiedAndScrolled) {
-  Banding canvas(4, 60, 4);
+  ShapeCanvas canvas(4, 60, 4);
   canvas.core.SetScrollValues(22, 41, true, true);
   // Display 0 is the third of the four display pixels of image column 5, and the second of image row 10.
   canvas.press({1, 2});
@@ -65,7 +49,7 @@ TEST(LineTool, WorksInWholePixelsWhenMagnifiedAndScrolled) {
 }
 
 TEST(RectangleTool, LandsWhereTheBandStood) {
-  Banding canvas(7);
+  ShapeCanvas canvas(7);
   canvas.press({5, 4});
   canvas.move({1, 2});
   EXPECT_EQ(canvas.events.back(), "DispMeasureRectangle 1 2 5 3");
@@ -77,29 +61,6 @@ TEST(RectangleTool, LandsWhereTheBandStood) {
   canvas.move({7, 3}, kShift);  // one past the last column
   canvas.release({90, 2});
   EXPECT_PICTURE(canvas.picture(), {".......", "....###", ".######", ".#..###", ".#####.", ".......", "......."});
-}
-
-// Escape, another tool, another picture: nothing is drawn, nothing is told, nothing stays on the display.
-TEST(BandTools, AnAbandonedGestureLeavesNothing) {
-  const std::function<void(CanvasCore&)> ways[] = {
-      [](CanvasCore& core) { EXPECT_TRUE(core.keyPress(CanvasKey::Escape, {})); },
-      [](CanvasCore& core) { core.setCanvasOp(18); },
-      [](CanvasCore& core) { core.dropFloating(); },
-      [](CanvasCore& core) { core.bitmaps.DIB = plainDib(7, 7, kWhite); },
-  };
-  for (const auto& leave : ways) {
-    Banding canvas(8);
-    canvas.press({1, 1});
-    canvas.move({4, 5});
-    leave(canvas.core);
-    canvas.core.CanvasPicPaint();
-    canvas.clear();
-    EXPECT_EQ(canvas.shown(), kNothing);
-    canvas.move({5, 5});
-    canvas.release({5, 5});
-    EXPECT_EQ(canvas.events, Events{});
-    EXPECT_EQ(canvas.picture(), kNothing);
-  }
 }
 
 }  // namespace
