@@ -20,7 +20,7 @@ using Bytes = std::vector<std::uint8_t>;
 inline Bytes chunk(std::string_view name, const Bytes& data) {
   ByteWriter out;
   out.u32be(static_cast<std::uint32_t>(data.size()));
-  out.append(name);
+  for (const char c : name) out.u8(static_cast<std::uint8_t>(c));
   out.append(data);
   out.u32be(static_cast<std::uint32_t>(crc32(0, out.bytes().data() + 4, static_cast<uInt>(data.size() + 4))));
   return out.take();

@@ -84,27 +84,16 @@ TEST_F(Documents, ButtonsNeedADocumentAndWhatIsBuilt) {
 }
 
 TEST_F(Documents, PastingFollowsWhatOtherProgramsCopy) {
-  const auto action = [&](const char* name) { return window->findChild<QAction*>(name)->isEnabled(); };
-  const auto copyPicture = [&] {
-    desktop.copyElsewhere([](QMimeData& data) { data.setImageData(QImage(30, 20, QImage::Format_RGB32)); });
-  };
-  EXPECT_FALSE(action("mnuEditPaste"));
-  copyPicture();
-  EXPECT_TRUE(action("mnuEditPaste"));
-  for (const char* other : {"mnuEditPasteTransparent", "mnuEditCopy", "mnuEditCut"})
-    EXPECT_FALSE(action(other)) << other;
+  const auto enabled = [&](const char* name) { return window->findChild<QAction*>(name)->isEnabled(); };
+  EXPECT_FALSE(enabled("mnuEditPaste"));
+  desktop.copyElsewhere([](QMimeData& data) { data.setImageData(QImage(30, 20, QImage::Format_RGB32)); });
+  EXPECT_FALSE(enabled("mnuEditPasteTransparent") || enabled("mnuEditCopy")) << "they need a document";
   window->findChild<QAction*>("mnuEditPaste")->trigger();
-  ASSERT_NE(window->activeDocument(), nullptr);
   EXPECT_EQ(panel(kPanelNetSize), "30 x 20");
-  EXPECT_TRUE(control("cmdEditTB(5)").isEnabled() && control("cmdEditTB(6)").isEnabled());
+  click("cmdEditTB(6)");
+  EXPECT_TRUE(window->activeDocument()->canvas()->PasteOn() && control("imgTools(14)").isChecked());
   desktop.copyElsewhere([](QMimeData& data) { data.setText("words"); });
   EXPECT_FALSE(control("cmdEditTB(5)").isEnabled());
-  copyPicture();
-  click("cmdEditTB(5)");
-  EXPECT_TRUE(window->activeDocument()->canvas()->PasteOn());
-  EXPECT_TRUE(control("imgTools(14)").isChecked());
-  EXPECT_TRUE(window->activeDocument()->triggerMenu("mnuEditClearClipboard"));
-  EXPECT_FALSE(control("cmdEditTB(5)").isEnabled() || desktop.clipboardHasPicture());
 }
 
 TEST_F(Documents, MenusAreTheActiveDocumentsOwn) {
