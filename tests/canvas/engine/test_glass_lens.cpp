@@ -59,28 +59,6 @@ TEST(GlassLens, ShowsThePictureBeneathItsMiddleEnlarged) {
   }
 }
 
-TEST(GlassLens, IsRoundWithARimThatFadesIntoThePicture) {
-  const clsDIB black = plainDib(400, 400, kBlack);
-  ViewGeometry view;
-  view.layout({.client = {404, 404}, .image = {400, 400}, .fitted = {}, .bars = {10, 10}});
-  for (const int scale : {1, 2}) {
-    glass::Lens lens;
-    ASSERT_TRUE(lens.compose(black, view, {0, 0}, {2, false, scale}));
-    const int side = glass::kSide * scale;
-    ASSERT_EQ(lens.contents().size(), (Size{side, side}));
-    int inside = 0, lit = 0;
-    for (int y = 0; y < side; ++y) {
-      for (int x = 0; x < side; ++x) {
-        if (pixelAt(lens.mask(), x, y).colour() == kWhite) continue;
-        ++inside;
-        lit += pixelAt(lens.contents(), x, y).colour() != kBlack;
-      }
-    }
-    EXPECT_NEAR(inside, 3.14159 * side * side / 4, side);
-    EXPECT_NEAR(lit, 3.14159 * side * (2.5 * scale + 1), side);
-  }
-}
-
 TEST(GlassLens, StaysWithinTheDisplayOrInItsMiddle) {
   EXPECT_EQ(glass::placed({200, 100}, 160, {400, 300}), (Rect{120, 20, 280, 180}));
   EXPECT_EQ(glass::placed({-50, 5000}, 160, {400, 300}), (Rect{0, 140, 160, 300}));
