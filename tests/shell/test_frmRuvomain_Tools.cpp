@@ -106,17 +106,17 @@ TEST_F(Tools, OptionsOfShapesReachEveryCanvas) {
   window->selectTool(7);
   mouse(control<QWidget>("picColorToUse(2)"), Qt::RightButton);
   for (frmRuvoPaint* document : {&first, &openNew()}) {
-    const CanvasSettings& settings = document->canvas()->settings();
+    const CanvasSettings& taken = document->canvas()->settings();
     EXPECT_EQ(document->canvas()->PolygonDrawMethod(), 1);
-    EXPECT_EQ(settings.PolygonOperationType, 4);
-    EXPECT_EQ(settings.PolygonNumPoints, 5);
-    EXPECT_EQ(settings.PolygonRadius, 20);
-    EXPECT_FLOAT_EQ(settings.PolygonConcaveFactor, 0.4F);
-    EXPECT_EQ(settings.PolygonAngle, 90);
-    EXPECT_EQ(settings.LineType, 4);
-    EXPECT_EQ(settings.RectangleCornerShape, 3);
-    EXPECT_EQ(settings.OvalEnhancement, 1);
-    EXPECT_EQ(settings.BezierFillColor, kBlack);
+    EXPECT_EQ(taken.PolygonOperationType, 4);
+    EXPECT_EQ(taken.PolygonNumPoints, 5);
+    EXPECT_EQ(taken.PolygonRadius, 20);
+    EXPECT_FLOAT_EQ(taken.PolygonConcaveFactor, 0.4F);
+    EXPECT_EQ(taken.PolygonAngle, 90);
+    EXPECT_EQ(taken.LineType, 4);
+    EXPECT_EQ(taken.RectangleCornerShape, 3);
+    EXPECT_EQ(taken.OvalEnhancement, 1);
+    EXPECT_EQ(taken.BezierFillColor, kBlack);
   }
   EXPECT_EQ(window->activeDocument()->canvas()->settings().BezierType, 1) << "the filled curve is the chosen tool";
   EXPECT_FALSE(control("cmdRegionOperation(0)").isEnabled() || control("cmdRegionOperation(1)").isEnabled());

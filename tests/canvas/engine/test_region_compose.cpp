@@ -26,7 +26,9 @@ TEST(RegionCompose, EveryManner) {
   for (const auto& c : cases) {
     clsDIB mask, dib = plainDib(4, 3, kWhite), shown = plainDib(4, 3, kBlack);
     EXPECT_TRUE(makeRegionMask(region, c.oval, c.keyed ? std::optional(kGreen) : std::nullopt, mask));
-    if (!mask.empty()) EXPECT_PICTURE(rowsOf(mask), (c.mask));
+    if (!mask.empty()) {
+      EXPECT_PICTURE(rowsOf(mask), (c.mask));
+    }
     composeFlat(dib, plainDib(4, 3, kWhite), region, mask, {1, 1});
     EXPECT_PICTURE(rowsOf(dib, kInk), (c.flat));
     composeBlended(shown, plainDib(4, 3, kGreen), region, mask, {1, 1}, 50);

@@ -96,7 +96,8 @@ TEST(PolygonTool, TheAutomaticFigureStandsAroundThePressInAScrolledView) {
   canvas.release({60, 60});
   canvas.click({10, 10}, MouseButton::Right);
   EXPECT_EQ(std::count(canvas.events.begin(), canvas.events.end(), "NotifyToPrepareUndo"), 1);
-  EXPECT_EQ(canvas.picture()[15], std::string(14, '.') + "##........##" + std::string(14, '.'));
+  const std::string aside(14, '.');
+  EXPECT_EQ(canvas.picture()[15], aside + "##........##" + aside);
   EXPECT_EQ(rowsOf(canvas.clipboard, kInk)[10], "xxxx##........##xxxx");
 }
 
