@@ -17,6 +17,19 @@ void frmRuvoPaint::Private::returnToOperationOfMode() {
   self.OnOffQuickScroll();
 }
 
+// A region or a lens that stands in this picture stays when the toolbox was changed over another one; the toolbox shows
+// its tool then.
+void frmRuvoPaint::Private::showStandingTool() {
+  constexpr int kOvalRegionOp = 12;
+  constexpr int kRegionTools[] = {14, 15};  // tool images: rectangle, oval
+  const ToolboxState tools = link.toolbox();
+  if (tools.viewMode) return;
+  int standing = tools.tool;
+  if (canvas->HasRegion()) standing = kRegionTools[canvas->CanvasOp() == kOvalRegionOp];
+  if (glassOut()) standing = kClearAllTools;
+  if (standing != tools.tool) link.selectTool(standing);
+}
+
 // The two curve tools share one operation; an open curve of the one must not go on as one of the other.
 void frmRuvoPaint::Private::takeBezierType(int tool) {
   const int type = tool == kFilledCurveTool ? 1 : 0;
@@ -32,6 +45,7 @@ int frmRuvoPaint::Private::effectiveBrushSize() const {
 }
 
 void frmRuvoPaint::Private::readToolbox() {
+  showStandingTool();
   const ToolboxState tools = link.toolbox();
   CanvasSettings& settings = canvas->settings();
   settings.ColorToUse = tools.firstColor;

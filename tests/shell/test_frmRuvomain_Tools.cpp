@@ -1,4 +1,6 @@
 // Toolbox, option frames, brush size and colours, with no document: the controls only keep the state.
+#include <QTest>
+
 #include "canvas/ucCanvas.h"
 #include "shell/main_window_fixture.h"
 
@@ -120,6 +122,30 @@ TEST_F(Tools, OptionsOfShapesReachEveryCanvas) {
   }
   EXPECT_EQ(window->activeDocument()->canvas()->settings().BezierType, 1) << "the filled curve is the chosen tool";
   EXPECT_FALSE(control("cmdRegionOperation(0)").isEnabled() || control("cmdRegionOperation(1)").isEnabled());
+}
+
+TEST_F(Tools, WhatStandsInAPictureKeepsItsTool) {
+  frmRuvoPaint& selected = openNew();
+  click("imgTools(15)");
+  QWidget* display = selected.canvas()->findChild<QWidget*>("picDisp");
+  QPoint corner;
+  selected.canvas()->GetPicdispStartPos(corner.rx(), corner.ry());
+  QTest::mousePress(display, Qt::LeftButton, {}, corner + QPoint(2, 2));
+  QTest::mouseMove(display, corner + QPoint(30, 25));
+  QTest::mouseRelease(display, Qt::LeftButton, {}, corner + QPoint(30, 25));
+  ASSERT_TRUE(selected.canvas()->HasRegion());
+  frmRuvoPaint& other = openNew();
+  click("imgTools(4)");
+  control<QMdiArea>("mdiWorkspace").setActiveSubWindow(&frameOf(selected));
+  EXPECT_EQ(window->toolbox().tool, 15);
+  EXPECT_TRUE(selected.canvas()->HasRegion());
+  click("cmdGlass");
+  control<QMdiArea>("mdiWorkspace").setActiveSubWindow(&frameOf(other));
+  EXPECT_EQ(other.canvas()->CanvasOp(), 18);
+  click("imgTools(4)");
+  control<QMdiArea>("mdiWorkspace").setActiveSubWindow(&frameOf(selected));
+  EXPECT_EQ(window->toolbox().tool, 18) << "the lens still lies there";
+  EXPECT_EQ(selected.canvas()->CanvasOp(), 17);
 }
 
 // Escape, arrows and Delete are the picture's unless a control that knows them has the focus.
