@@ -12,7 +12,7 @@
 
 #include "canvas/engine/canvas_tool.h"
 #include "canvas/engine/edge_drag.h"
-#include "canvas/tools/stroke_picture.h"
+#include "canvas/engine/stroke_picture.h"
 
 namespace ruvo {
 

@@ -6,18 +6,6 @@
 namespace ruvo::shape {
 namespace {
 
-// Towards smaller coordinates on both sides of zero.
-int floorDiv(int value, int by) {
-  return value / by - (value % by < 0 ? 1 : 0);
-}
-
-int snapAxis(int value, int magnify, int mode) {
-  const int pixel = floorDiv(value, magnify);
-  if (mode == 1) return pixel * magnify + magnify / 2;
-  const int rest = value - pixel * magnify;
-  return (pixel + (2 * rest >= magnify ? 1 : 0)) * magnify;
-}
-
 int directionOf(int from, int to) {
   return to < from ? -1 : 1;
 }
@@ -34,10 +22,6 @@ int heldSide(int side, int outside, int magnify) {
 }
 
 }  // namespace
-
-Point Snap(Point display, int magnify, int mode) {
-  return {snapAxis(display.x, magnify, mode), snapAxis(display.y, magnify, mode)};
-}
 
 Point middleOf(const ViewGeometry& view, Point image) {
   const Point corner = view.toDisplay(image);

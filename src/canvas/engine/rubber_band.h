@@ -10,10 +10,6 @@
 
 namespace ruvo::shape {
 
-// On a grid that begins at 0. Mode 1: the middle of the image pixel under the point; mode 2: the nearest corner of an
-// image pixel.
-Point Snap(Point display, int magnify, int mode);
-
 // The middle of an image pixel as the view shows it.
 Point middleOf(const ViewGeometry& view, Point image);
 

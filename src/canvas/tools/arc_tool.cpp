@@ -5,7 +5,7 @@
 #include "canvas/engine/rubber_band.h"
 #include "canvas/engine/shape_arc.h"
 #include "canvas/engine/shape_lines.h"
-#include "canvas/tools/stroke_picture.h"
+#include "canvas/engine/stroke_picture.h"
 #include "canvas/tools/tool_table.h"
 
 namespace ruvo {

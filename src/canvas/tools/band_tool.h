@@ -3,7 +3,7 @@
 #pragma once
 
 #include "canvas/engine/canvas_tool.h"
-#include "canvas/tools/stroke_picture.h"
+#include "canvas/engine/stroke_picture.h"
 
 namespace ruvo {
 

@@ -6,7 +6,7 @@
 #include "canvas/engine/brush_custom.h"
 #include "canvas/engine/brush_dab.h"
 #include "canvas/engine/canvas_tool.h"
-#include "canvas/tools/stroke_picture.h"
+#include "canvas/engine/stroke_picture.h"
 
 namespace ruvo {
 

@@ -4,7 +4,7 @@
 
 #include "canvas/engine/rubber_band.h"
 #include "canvas/engine/shape_polygon.h"
-#include "canvas/tools/stroke_picture.h"
+#include "canvas/engine/stroke_picture.h"
 #include "canvas/tools/tool_table.h"
 
 namespace ruvo {

@@ -1,6 +1,6 @@
 // Tool 14: bursts of dots, one at the press and one at each move; they deepen where they meet.
 #include "canvas/engine/brush_dab.h"
-#include "canvas/tools/stroke_picture.h"
+#include "canvas/engine/stroke_picture.h"
 #include "canvas/tools/tool_table.h"
 
 namespace ruvo {

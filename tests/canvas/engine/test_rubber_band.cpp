@@ -14,9 +14,6 @@ TEST(RubberBand, KeysHoldItInWholePixelsWithinTheView) {
   EXPECT_EQ(constrainedLine({10, 10}, {50, 29}, kView, 1), (Point{50, 10}));
   EXPECT_EQ(constrainedLine({10, 10}, {50, 30}, kView, 1), (Point{30, 30}));
   EXPECT_EQ(constrainedLine({10, 70}, {12, -3}, kView, 4), (Point{10, 2}));
-  EXPECT_EQ(Snap({5, 6}, 4, 1), (Point{6, 6}));
-  EXPECT_EQ(Snap({5, 6}, 4, 2), (Point{4, 8}));
-  EXPECT_EQ(Snap({7, -1}, 4, 1), (Point{6, -2}));
 }
 
 }  // namespace
