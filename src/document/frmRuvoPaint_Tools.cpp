@@ -11,9 +11,10 @@ int frmRuvoPaint::Private::operationOfMode() const {
 }
 
 void frmRuvoPaint::Private::returnToOperationOfMode() {
-  // The lens stays out while pictures come and go beneath it.
-  if (glassOut() || canvas->HasRegion()) return;
-  canvas->setCanvasOp(operationOfMode());
+  const int wanted = operationOfMode();
+  // The lens stays out while pictures come and go beneath it, but not when a tool was chosen in another document.
+  if (canvas->HasRegion() || (glassOut() && wanted == kNoTool)) return;
+  canvas->setCanvasOp(wanted);
   self.OnOffQuickScroll();
 }
 
@@ -75,6 +76,7 @@ void frmRuvoPaint::Private::readToolbox() {
     returnToOperationOfMode();
   }
   settings.BrushSize = effectiveBrushSize();
+  canvas->updateGlass();
   // The two scales are the document's own; the controls only show them.
   if (tools.viewMode) {
     link.setZoomScale(settings.Magnify);

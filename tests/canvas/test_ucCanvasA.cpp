@@ -50,6 +50,15 @@ TEST_F(UcCanvasA, ScrollsByBarsAndHand) {
   EXPECT_EQ(scroll(), QPoint(0, 0));
   viewer.SetScrollValues(5, 8);
   EXPECT_EQ(seen({1 + 3, 1 + 4}), QColor(2, 3, 7));
+  QPoint first;
+  viewer.GetVisibleStartInfo(first.rx(), first.ry());
+  EXPECT_EQ(first, QPoint(1, 2));
+  viewer.DIB() = test::plainDib(10, 10, kBlack);
+  viewer.setCanvasBackColor(Qt::yellow);
+  viewer.CanvasPicPaint();
+  EXPECT_TRUE(!bar->isVisible() && seen({5, 5}) == QColor(Qt::yellow) && seen({100, 80}) == QColor(Qt::black));
+  EXPECT_EQ(viewer.DIB_XY_Color(9, 9), kBlack);
+  EXPECT_EQ(viewer.DIB_XY_Color(9, 10), std::nullopt);
   viewer.CanvasCleanse();
   drag({100, 90}, {70, 50});
   EXPECT_TRUE(!bar->isVisible() && viewer.Magnify() == 1 && scroll() == QPoint(0, 0));

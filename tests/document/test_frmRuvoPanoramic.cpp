@@ -126,6 +126,13 @@ TEST_F(ViewingAids, TheGlassIsToggledAndStaysThroughUndo) {
   EXPECT_TRUE(document->canvas()->settings().UseConvexGlass);
   document->Do_cmdGlassClick();
   EXPECT_TRUE(document->canvas()->CanvasOp() == 18 && !main.glassOut);
+  // A tool that is chosen in another document meanwhile takes the lens's place.
+  document->Do_cmdGlassClick();
+  document->activated();
+  EXPECT_TRUE(main.glassOut);
+  main.tools.tool = 4;
+  document->activated();
+  EXPECT_TRUE(document->canvas()->CanvasOp() == 4 && !main.glassOut);
   main.tools.viewMode = true;
   document->Do_UpdateModeChange();
   document->Do_cmdGlassClick();

@@ -36,8 +36,9 @@ struct Manner {
 // What the lens shows.
 class Lens {
  public:
-  // Composes the contents for a lens whose box begins at `corner` of the display: whole pixels in the flat lens, smoothed
-  // ones in the convex one. Pixels beyond the picture's edge are never shown: the edge itself is held. False without a picture of 32 bits, or without memory.
+  // Composes the contents for a lens whose box begins at `corner` of the display: whole pixels in the flat lens,
+  // smoothed ones in the convex one. Beyond the picture's edge the edge itself goes on. False without a picture of 32
+  // bits, or without memory.
   bool compose(const clsDIB& picture, const ViewGeometry& view, Point corner, const Manner& manner);
 
   // 32 bits, manner.side() square; white in the mask is outside the lens. Empty before the first compose().

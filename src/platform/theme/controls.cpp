@@ -2,9 +2,11 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QCursor>
 #include <QFrame>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QToolTip>
 
 #include "platform/desktop/desktop.h"
@@ -41,6 +43,17 @@ PictureButton::PictureButton(const QString& name, const QString& picture, const 
   setCheckable(true);
   // A click leaves the keyboard with the picture.
   setFocusPolicy(Qt::TabFocus);
+}
+
+bool PictureButton::event(QEvent* event) {
+  const QPointer<PictureButton> alive(this);
+  const bool used = QToolButton::event(event);
+  if (event->type() == QEvent::ContextMenu && alive) {
+    // The menu takes the pointer away unseen; the button would go on looking pointed at.
+    setAttribute(Qt::WA_UnderMouse, rect().contains(mapFromGlobal(QCursor::pos())));
+    update();
+  }
+  return used;
 }
 
 QColor toQColor(Colour colour) {

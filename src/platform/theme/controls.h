@@ -33,6 +33,7 @@ class PictureButton : public QToolButton {
   PictureButton(const QString& name, const QString& picture, const QString& tip, QWidget* parent);
 
  protected:
+  bool event(QEvent* event) override;
   void nextCheckState() override {}
 };
 

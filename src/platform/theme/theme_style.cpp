@@ -12,6 +12,7 @@ namespace {
 
 // Side of a check box and width of a radio button.
 constexpr int kIndicator = 15;
+constexpr int kMenuMark = 8;  // side of the arrow of a button that has a menu
 
 // The glyph of a title bar button, as thin lines in a square of ten units.
 void drawGlyph(QPainter& painter, QStyle::SubControl control, const QRectF& box) {
@@ -245,6 +246,10 @@ void ShellStyle::drawToolButton(const QStyleOptionToolButton& button, QPainter& 
   QStyleOptionToolButton label = button;
   label.rect = proxy()->subControlRect(CC_ToolButton, &button, SC_ToolButton, widget).adjusted(2, 2, -2, -2);
   proxy()->drawControl(CE_ToolButtonLabel, &label, &painter, widget);
+  if ((button.features & QStyleOptionToolButton::HasMenu) == 0) return;
+  QStyleOption mark = button;
+  mark.rect = QRect(button.rect.bottomRight() - QPoint(kMenuMark, kMenuMark), QSize(kMenuMark, kMenuMark));
+  proxy()->drawPrimitive(PE_IndicatorArrowDown, &mark, &painter, widget);
 }
 
 void ShellStyle::drawSlider(const QStyleOptionSlider& slider, QPainter& painter, const QWidget* widget) const {
@@ -269,7 +274,8 @@ void ShellStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
   const auto* button = control == CC_ToolButton ? qstyleoption_cast<const QStyleOptionToolButton*>(option) : nullptr;
   const auto* slider = control == CC_Slider ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
   const auto* scroll = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
-  const bool flatButton = button != nullptr && (button->features & QStyleOptionToolButton::HasMenu) == 0;
+  // All but those in two parts, of which one opens a menu.
+  const bool flatButton = button != nullptr && (button->features & QStyleOptionToolButton::MenuButtonPopup) == 0;
   const bool lying = slider != nullptr && slider->orientation == Qt::Horizontal && slider->tickPosition == 0;
   if (bar == nullptr && !flatButton && !lying && scroll == nullptr) {
     return QProxyStyle::drawComplexControl(control, option, painter, widget);
