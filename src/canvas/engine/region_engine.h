@@ -127,6 +127,7 @@ class RegionEngine {
   void settle(Stage stage, const Rect& box);
   void showMarquee();
   void measure() const;
+  void measureWhatStands() const;
 
   ToolContext& context_;
   Stage stage_ = Stage::None;

@@ -187,8 +187,14 @@ bool RegionEngine::abandon() {
   }
   endGesture();
   showMarquee();
-  if (gesture != Gesture::Band) measure();
+  measureWhatStands();
   return true;
+}
+
+// The panel tells no size of a region that is gone.
+void RegionEngine::measureWhatStands() const {
+  if (HasRegion()) return measure();
+  context_.events.DispMeasureClear();
 }
 
 // Back to where it was at the press, with the copy that the drag has left behind.
@@ -211,10 +217,8 @@ void RegionEngine::abandonFloat() {
   const bool marqueeStays = floats() && !isPaste();
   const Rect home = home_;
   const bool copies = drop();
-  if (marqueeStays) {
-    settle(Stage::Standing, home);
-    measure();
-  }
+  if (marqueeStays) settle(Stage::Standing, home);
+  measureWhatStands();
   if (copies) context_.events.NotifyToPrepareUndo();
   context_.events.NotifyRegionStatus();
 }

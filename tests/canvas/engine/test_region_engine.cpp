@@ -237,7 +237,9 @@ TEST(RegionPaste, ASecondPasteCommitsTheFirstAndEscapeDropsIt) {
   EXPECT_TRUE(canvas.core.startPaste(dibOf({"##", "##"}), {}));
   EXPECT_EQ(std::count(canvas.events.begin(), canvas.events.end(), "NotifyToPrepareUndo"), 1);
   canvas.key(CanvasKey::Down, kShift);
+  canvas.events.clear();
   canvas.key(CanvasKey::Escape);
+  EXPECT_EQ(std::count(canvas.events.begin(), canvas.events.end(), "DispMeasureClear"), 1);
   EXPECT_EQ(canvas.picture(), before);
   EXPECT_TRUE(!canvas.region().HasRegion() && canvas.core.settings.TransparentColor == kOther);
 }
