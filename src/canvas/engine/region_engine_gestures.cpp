@@ -1,5 +1,7 @@
 // What the mouse, the keys and the ticks do to a region.
 #include "canvas/engine/region_compose.h"
+
+#include <utility>
 #include "canvas/engine/region_engine.h"
 #include "canvas/engine/region_marquee.h"
 #include "canvas/engine/rubber_band.h"
