@@ -96,6 +96,9 @@ class ucCanvas : public QWidget {
   bool PrepareRegionDragging();
   void UpdateRegionDragging();
   void UpdateRegionDragging_Process_Translucent();
+  // Mirrors left to right (0) or top to bottom (1), or turns a quarter to the left (2) or right (3): what the region
+  // holds, else the whole picture. Any other kind does nothing.
+  void doRotateOperation(int kind);
   // Commits what floats, selects tool 11 and lets the picture float at the top left of what is seen. False, with nothing
   // changed but that commit, when there is no picture yet or no memory.
   bool startPaste(const clsDIB& picture, const PasteManner& manner);

@@ -93,6 +93,15 @@ void ucCanvas::UpdateRegionDragging() {
 void ucCanvas::UpdateRegionDragging_Process_Translucent() {
   d_->core.region().UpdateRegionDragging_Process_Translucent();
 }
+void ucCanvas::doRotateOperation(int kind) {
+  if (kind < 0 || kind > 3) return;
+  if (HasRegion()) {
+    d_->core.region().turn(kind);
+  } else {
+    clsDIB::RotateDIB(DIB(), kind);
+    CanvasResize();
+  }
+}
 bool ucCanvas::startPaste(const clsDIB& picture, const PasteManner& manner) {
   return d_->core.startPaste(picture, manner);
 }

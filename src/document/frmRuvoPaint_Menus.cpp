@@ -86,16 +86,18 @@ bool frmRuvoPaint::triggerMenu(const QString& control, int index) {
 // The quarter turns and flips; 0 mirrors left to right, 1 top to bottom, 2 turns left, 3 right.
 void frmRuvoPaint::Do_mnuRotateSubClick(int index) {
   if (index < 0 || index > 3) return;
-  d_->changePicture([this, index](clsDIB& picture) {
+  // What a region holds floats on; it becomes a state when it is put down.
+  if (d_->canvas->HasRegion()) return d_->canvas->doRotateOperation(index);
+  d_->changePicture([this, index](clsDIB&) {
     const WaitCursor wait;
-    clsDIB::RotateDIB(picture, index);
+    d_->canvas->doRotateOperation(index);
     clsDIB::RotateDIB(d_->iconMask.dib, index);
     d_->iconMask.turned = true;
     return true;
   });
 }
 
-// Regions have no commands yet; the buttons are shown as what they are.
+// Borders and shadows need windows of their own; until then the buttons stay disabled.
 void frmRuvoPaint::Do_cmdRegionOperation(int) {
   updateEditButtons();
 }

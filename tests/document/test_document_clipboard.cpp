@@ -76,6 +76,20 @@ TEST_F(DocumentClipboard, APasteFloatsUntilTheNextCommandAndIsDroppedByCut) {
   EXPECT_TRUE(main.buttons.redo) << "what floated became a state";
 }
 
+TEST_F(DocumentClipboard, TurnsTakeTheRegionWhereThereIsOne) {
+  select(14);  // ten pixels wide, eight high
+  pick("mnuRotateSub", 3);
+  EXPECT_TRUE(canvas().RegionMoveReady() && changed());
+  EXPECT_EQ(states(), 1u) << "it still floats";
+  EXPECT_EQ(picture().size(), (Size{40, 30}));
+  EXPECT_EQ(colourAt(10, 13), kPaper);
+  EXPECT_EQ(colourAt(12, 10), kRed);
+  document->Do_imgToolsClick(0);
+  EXPECT_EQ(states(), 2u);
+  pick("mnuEditUndo");
+  EXPECT_EQ(colourAt(10, 13), kRed);
+}
+
 TEST_F(DocumentClipboard, WhatCanNotBePastedIsRefusedInWordsAndChangesNothing) {
   for (const auto& [form, bytes] : {std::pair{"text/plain", "words"}, {"image/png", "broken"}, {"image/bmp", ""}}) {
     desktop.copyElsewhere([&](QMimeData& data) { data.setData(form, bytes); });

@@ -15,6 +15,10 @@ Point cornerOf(const Rect& box) {
   return {box.left, box.top};
 }
 
+bool isQuarterTurn(int kind) {
+  return kind >= 2;
+}
+
 // A pasted picture as the target keeps its pixels: 32 bits, byte 3 as there.
 bool takePasted(const clsDIB& picture, const clsDIB& target, clsDIB& region) {
   if (!region.CreateBlankDIB(picture.DIBWidth(), picture.DIBHeight(), 32, kWhite)) return false;
@@ -31,6 +35,14 @@ bool takePasted(const clsDIB& picture, const clsDIB& target, clsDIB& region) {
     for (int x = 0; x < pixels.width(); ++x) pixels.at(x, y).alpha = target.DIBhasAlpha() ? 255 : 0;
   }
   return true;
+}
+
+bool turnedCopy(const clsDIB& from, int kind, clsDIB& to) {
+  if (from.empty()) return true;
+  if (!clsDIB::CloneDIB(from, to, kWhite, from.BottomUp())) return false;
+  const Size size = from.size();
+  clsDIB::RotateDIB(to, kind);
+  return to.size() == (isQuarterTurn(kind) ? Size{size.height, size.width} : size);
 }
 
 }  // namespace
@@ -140,6 +152,29 @@ bool RegionEngine::startPaste(const clsDIB& picture, const PasteManner& manner) 
   return true;
 }
 
+bool RegionEngine::turn(int kind) {
+  endGesture();
+  if (kind < 0 || kind > 3 || !PrepareRegionDragging()) return false;
+  CanvasBitmaps& b = bitmaps();
+  clsDIB region, mask;
+  if (!turnedCopy(b.DIBregion, kind, region) || !turnedCopy(b.DIBmask, kind, mask)) return false;
+  if (!isPaste() && lifted_.empty()) lifted_ = std::move(b.DIBregion);
+  b.DIBregion = std::move(region);
+  b.DIBmask = std::move(mask);
+  const Rect before = box_;
+  if (isQuarterTurn(kind)) {
+    const Size size = b.DIBregion.size();
+    const Point corner{before.left + (before.width() - size.width) / 2,
+                       before.top + (before.height() - size.height) / 2};
+    const Point at = heldWithin(regionLimits(size, b.DIB.size()), corner);
+    box_ = Rect::fromSize(at.x, at.y, size.width, size.height);
+  }
+  compose(before, flags_.RegionTranslucent);
+  context_.events.NotifyRegionMoved();
+  measure();
+  return true;
+}
+
 // A region of this rectangle stands on the present picture.
 void RegionEngine::settle(Stage stage, const Rect& box) {
   stage_ = stage;
@@ -215,8 +250,9 @@ void RegionEngine::takeBack() {
   restoreUnder(box_);
   if (isPaste()) return;
   clsDIB shape;
-  if (!makeRegionMask(b.DIBregion, oval_, std::nullopt, shape)) shape = std::move(b.DIBmask);
-  composeFlat(b.DIB, b.DIB, b.DIBregion, shape, cornerOf(home_));
+  const clsDIB& pixels = lifted_.empty() ? b.DIBregion : lifted_;
+  if (!makeRegionMask(pixels, oval_, std::nullopt, shape) && lifted_.empty()) shape = std::move(b.DIBmask);
+  composeFlat(b.DIB, b.DIB, pixels, shape, cornerOf(home_));
   context_.changed(home_);
 }
 
@@ -226,6 +262,7 @@ void RegionEngine::clearBitmaps() {
   bitmaps().DIBsnap.ClearUp();
   bitmaps().DIBregion.ClearUp();
   bitmaps().DIBmask.ClearUp();
+  lifted_.ClearUp();
   maskKey_.reset();
   pending_ = false;
 }
@@ -298,9 +335,12 @@ bool RegionEngine::copy(clsDIB& out) const {
   if (!HasRegion() || !picture_.isStill(b.DIB)) return false;
   const bool taken = floats() ? takeRegionPixels(b.DIBregion, b.DIBregion.surface().bounds(), out)
                               : takeRegionPixels(b.DIB, box_, out);
+  if (!taken) return false;
+  // What floats may have been turned, and its mask with it.
+  const bool maskStands = floats() && maskKey_ == keyColour();
   clsDIB mask;
-  if (!taken || !makeRegionMask(out, oval_, keyColour(), mask)) return false;
-  ClearAreasOutsideImageShape(out, mask, kWhite, brush::writtenAlpha(out));
+  if (!maskStands && !makeRegionMask(out, oval_, keyColour(), mask)) return false;
+  ClearAreasOutsideImageShape(out, maskStands ? b.DIBmask : mask, kWhite, brush::writtenAlpha(out));
   return true;
 }
 

@@ -61,6 +61,9 @@ class RegionEngine {
   // Lifts what the marquee holds, so that the place beneath shows TransparentColor; true when pixels float afterwards.
   // Without memory the marquee stays as it is.
   bool PrepareRegionDragging();
+  // Mirrors what floats left to right (0) or top to bottom (1), or turns it a quarter to the left (2) or right (3) around
+  // its middle; a marquee is lifted for it. False, with nothing turned, without a region or memory.
+  bool turn(int kind);
   // Composes what floats anew at its place: flat while a translucent region is dragged, with the blend to follow.
   void UpdateRegionDragging();
   // The blend that was put off.
@@ -133,8 +136,9 @@ class RegionEngine {
   Stage stage_ = Stage::None;
   Gesture gesture_ = Gesture::None;
   bool oval_ = false;
-  Rect box_;   // image pixels; of the rubber band, too
-  Rect home_;  // where it was lifted
+  Rect box_;       // image pixels; of the rubber band, too
+  Rect home_;      // where it was lifted
+  clsDIB lifted_;  // the pixels as they were lifted, once they have been turned
   RegionFlags flags_;
   bool pasteOn_ = false, pasteOnText_ = false;
   std::optional<Colour> maskKey_;   // the colour that DIBmask leaves out

@@ -275,6 +275,37 @@ TEST(RegionPaste, RightClicksAskForTheMenuOfATextOrCentreTheView) {
   EXPECT_EQ(wide.core.view().ScrollY, (3 + 10) * 4 - wide.core.view().displaySize().height / 2);
 }
 
+TEST(RegionCommands, TurnsAndFlipsLiftAndEscapeTakesThemBack) {
+  const char* const shown[] = {"11,12### 11,13### 12,14### ", "12,11### 12,12### 12,14### ",
+                               "12,11## 12,12## 12,13## 14,14# ", "11,12## 11,13## 11,14##.# ", kBlock};
+  for (int kind = 0; kind <= 4; ++kind) {
+    Selecting canvas;
+    canvas.select({11, 11}, {14, 13});
+    EXPECT_EQ(canvas.region().turn(kind), kind < 4);
+    EXPECT_EQ(canvas.blocks(), shown[kind]);
+    EXPECT_EQ(canvas.box(), (kind == 2 || kind == 3 ? Rect{11, 11, 14, 15} : Rect{11, 11, 15, 14}));
+    if (kind == 2) canvas.region().turn(kind);
+    if (kind < 4) canvas.key(CanvasKey::Escape);
+    EXPECT_TRUE(canvas.blocks() == kBlock && canvas.box() == Rect({11, 11, 15, 14}) && !canvas.region().floats());
+  }
+  Selecting rim;
+  rim.select({0, 10}, {19, 11});
+  rim.region().turn(0);
+  for (int i = 0; i < 2; ++i) rim.key(CanvasKey::Left, kShift);
+  rim.region().turn(3);
+  EXPECT_EQ(rim.box(), (Rect{-1, 1, 1, 21})) << "a pixel of it stays inside";
+  // An oval of 4 x 7 is not one of 7 x 4 that was turned: the mask turns with the pixels.
+  Selecting oval(12);
+  oval.fill(kBlack);
+  oval.select({10, 10}, {16, 13});
+  clsDIB before, after;
+  oval.region().copy(before);
+  clsDIB::RotateDIB(before, 3);
+  oval.region().turn(3);
+  EXPECT_TRUE(oval.region().copy(after));
+  EXPECT_EQ(rowsOf(after), rowsOf(before));
+}
+
 TEST(RegionCommands, CopyAndErase) {
   for (const bool lifted : {false, true}) {
     for (const int op : {11, 12}) {
