@@ -119,7 +119,7 @@ struct frmRuvoPaint::Private {
   // --- Tools and view
   int operationOfMode() const;
   void takeBezierType(int tool);
-  void showStandingTool();
+  void showRegionTool();
   int effectiveBrushSize() const;
   // No tool: ends a curve or a polygon that is under way, without a trace.
   void endRunningOperation() { canvas->setCanvasOp(kNoTool); }

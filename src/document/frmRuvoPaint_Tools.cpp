@@ -18,16 +18,14 @@ void frmRuvoPaint::Private::returnToOperationOfMode() {
   self.OnOffQuickScroll();
 }
 
-// A region or a lens that stands in this picture stays when the toolbox was changed over another one; the toolbox shows
-// its tool then.
-void frmRuvoPaint::Private::showStandingTool() {
+// A region that stands in this picture stays when the toolbox was changed over another one; the toolbox shows its tool
+// then.
+void frmRuvoPaint::Private::showRegionTool() {
   constexpr int kOvalRegionOp = 12;
   constexpr int kRegionTools[] = {14, 15};  // tool images: rectangle, oval
   const ToolboxState tools = link.toolbox();
-  if (tools.viewMode) return;
-  int standing = tools.tool;
-  if (canvas->HasRegion()) standing = kRegionTools[canvas->CanvasOp() == kOvalRegionOp];
-  if (glassOut()) standing = kClearAllTools;
+  if (tools.viewMode || !canvas->HasRegion()) return;
+  const int standing = kRegionTools[canvas->CanvasOp() == kOvalRegionOp];
   if (standing != tools.tool) link.selectTool(standing);
 }
 
@@ -46,7 +44,7 @@ int frmRuvoPaint::Private::effectiveBrushSize() const {
 }
 
 void frmRuvoPaint::Private::readToolbox() {
-  showStandingTool();
+  showRegionTool();
   const ToolboxState tools = link.toolbox();
   CanvasSettings& settings = canvas->settings();
   settings.ColorToUse = tools.firstColor;

@@ -74,7 +74,9 @@ TEST(GlassTool, EscapeTakesBackTheWayAndThenTheLens) {
   for (const int left : {17, 18}) {
     EXPECT_TRUE(canvas.core.keyPress(CanvasKey::Escape, {}));
     EXPECT_EQ(canvas.core.CanvasOp(), left);
-    if (left == 17) EXPECT_EQ(canvas.middle(), (Point{200, 150}));
+    if (left == 17) {
+      EXPECT_EQ(canvas.middle(), (Point{200, 150}));
+    }
   }
 }
 
