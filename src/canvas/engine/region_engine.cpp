@@ -282,6 +282,13 @@ void RegionEngine::forget() {
   picture_.end();
 }
 
+// Nothing is seen or told of it any more.
+void RegionEngine::end() {
+  forget();
+  showMarquee();
+  context_.events.DispMeasureClear();
+}
+
 void RegionEngine::checkPicture() {
   if ((HasRegion() || gesture_ != Gesture::None) && !picture_.isStill(bitmaps().DIB)) forget();
 }
@@ -293,8 +300,7 @@ bool RegionEngine::commit() {
   const bool landed = floats();
   // DIB shows the region composed, so letting it land is letting it go.
   UpdateRegionDragging_Process_Translucent();
-  forget();
-  showMarquee();
+  end();
   if (landed) context_.events.NotifyToPrepareUndo();
   context_.events.NotifyRegionStatus();
   return landed;
@@ -303,10 +309,10 @@ bool RegionEngine::commit() {
 bool RegionEngine::drop() {
   endGesture();
   checkPicture();
+  if (!HasRegion()) return false;
   const bool copies = floats() && copiesLeft_;
   if (floats()) takeBack();
-  forget();
-  showMarquee();
+  end();
   return copies;
 }
 
@@ -325,8 +331,7 @@ bool RegionEngine::erase() {
     clearBeneath(bitmaps().DIB, shape, box_, kWhite);
     context_.changed(box_);
   }
-  forget();
-  showMarquee();
+  end();
   return changes;
 }
 

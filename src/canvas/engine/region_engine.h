@@ -128,9 +128,9 @@ class RegionEngine {
   void takeBack();
   void clearBitmaps();
   void settle(Stage stage, const Rect& box);
+  void end();
   void showMarquee();
   void measure() const;
-  void measureWhatStands() const;
 
   ToolContext& context_;
   Stage stage_ = Stage::None;

@@ -1,7 +1,7 @@
 // What the mouse, the keys and the ticks do to a region.
-#include "canvas/engine/region_compose.h"
-
 #include <utility>
+
+#include "canvas/engine/region_compose.h"
 #include "canvas/engine/region_engine.h"
 #include "canvas/engine/region_marquee.h"
 #include "canvas/engine/rubber_band.h"
@@ -147,10 +147,7 @@ void RegionEngine::release(const ToolPoint& at) {
 void RegionEngine::endBand() {
   gesture_ = Gesture::None;
   context_.scalars.RegionDown = false;
-  if (box_.width() < kSmallestRegion || box_.height() < kSmallestRegion) {
-    forget();
-    return showMarquee();
-  }
+  if (box_.width() < kSmallestRegion || box_.height() < kSmallestRegion) return end();
   flags_ = {};
   pasteOn_ = pasteOnText_ = false;
   settle(Stage::Standing, box_);
@@ -163,10 +160,7 @@ void RegionEngine::endGesture() {
   if (ended == Gesture::None) return;
   context_.scalars.RegionDown = false;
   beneathCopy_.ClearUp();
-  if (ended == Gesture::Band) {
-    forget();
-    showMarquee();
-  }
+  if (ended == Gesture::Band) end();
   UpdateRegionDragging_Process_Translucent();
 }
 
@@ -189,14 +183,8 @@ bool RegionEngine::abandon() {
   }
   endGesture();
   showMarquee();
-  measureWhatStands();
+  if (HasRegion()) measure();
   return true;
-}
-
-// The panel tells no size of a region that is gone.
-void RegionEngine::measureWhatStands() const {
-  if (HasRegion()) return measure();
-  context_.events.DispMeasureClear();
 }
 
 // Back to where it was at the press, with the copy that the drag has left behind.
@@ -219,8 +207,10 @@ void RegionEngine::abandonFloat() {
   const bool marqueeStays = floats() && !isPaste();
   const Rect home = home_;
   const bool copies = drop();
-  if (marqueeStays) settle(Stage::Standing, home);
-  measureWhatStands();
+  if (marqueeStays) {
+    settle(Stage::Standing, home);
+    measure();
+  }
   if (copies) context_.events.NotifyToPrepareUndo();
   context_.events.NotifyRegionStatus();
 }

@@ -46,6 +46,7 @@ class ArcTool final : public CanvasTool {
   bool abandon(ToolContext& context) override {
     if (points_.empty()) return false;
     forget(context);
+    context.events.DispMeasureClear();
     return true;
   }
 

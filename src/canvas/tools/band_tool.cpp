@@ -77,6 +77,7 @@ void BandTool::abort(ToolContext& context) {
 bool BandTool::abandon(ToolContext& context) {
   if (!picture_.active()) return false;
   takeAway(context);
+  context.events.DispMeasureClear();
   return true;
 }
 

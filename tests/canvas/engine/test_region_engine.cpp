@@ -69,6 +69,7 @@ TEST(Region, TheBandBecomesAMarqueeOfWholePixels) {
   Selecting canvas(12, 2);
   canvas.drag({5, 5}, {4, 40});  // one image pixel wide
   EXPECT_FALSE(canvas.region().HasRegion() || canvas.ticking);
+  EXPECT_EQ(canvas.events.back(), "DispMeasureClear") << "no numbers of what does not stand";
   canvas.drag({40, 20}, {22, 28}, kShift);
   EXPECT_EQ(canvas.box(), (Rect{16, 10, 21, 15}));
   canvas.key(CanvasKey::Escape);
@@ -221,7 +222,7 @@ TEST(RegionPaste, LandsInEveryManner) {
     EXPECT_EQ(canvas.core.settings.TransparentColor, c.manner.transparent ? kDarkRed : kOther);
     EXPECT_PICTURE(canvas.part({0, 0, 5, 3}), (c.shown));
     canvas.region().setPasteOn(false);
-    EXPECT_TRUE(canvas.events[0] == "NotifyToPrepareUndo" && canvas.core.CanvasOp() == 18);
+    EXPECT_TRUE(canvas.events[1] == "NotifyToPrepareUndo" && canvas.core.CanvasOp() == 18);
     EXPECT_EQ(canvas.core.settings.TransparentColor, kOther);
     EXPECT_PICTURE(canvas.part({0, 0, 5, 3}), (c.shown));
   }
@@ -239,8 +240,8 @@ TEST(RegionPaste, ASecondPasteCommitsTheFirstAndEscapeDropsIt) {
   canvas.key(CanvasKey::Down, kShift);
   canvas.events.clear();
   canvas.key(CanvasKey::Escape);
-  EXPECT_EQ(std::count(canvas.events.begin(), canvas.events.end(), "DispMeasureClear"), 1);
   EXPECT_EQ(canvas.picture(), before);
+  EXPECT_EQ(std::count(canvas.events.begin(), canvas.events.end(), "DispMeasureClear"), 2) << "once for each end";
   EXPECT_TRUE(!canvas.region().HasRegion() && canvas.core.settings.TransparentColor == kOther);
 }
 
