@@ -7,6 +7,7 @@ set(RUVO_CORE_FOLDERS
   image
   formats
   effects/filter
+  effects/model
   animation/model
   canvas/engine
   canvas/tools

@@ -1,0 +1,34 @@
+// All effects, and the menu items through which a person reaches them.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "effects/model/effect.h"
+
+namespace ruvo {
+
+// The rows of each topic, in files of their own.
+std::span<const Effect> toneEffects();     // brightness, contrast, colours
+std::span<const Effect> textureEffects();  // neighbours, blocks, grain
+std::span<const Effect> shapeEffects();    // bevel, perspective, slant, border, shadow
+std::span<const Effect> drawnEffects();    // gradient, grid, cube, sphere
+
+// Every effect, in the order in which help lists them.
+std::span<const Effect> effectTable();
+// Null when there is none of that name.
+const Effect* effectOf(std::string_view name);
+
+// One item of the Effects menu.
+struct EffectItem {
+  const char* control;  // "mnuEffectsSub"
+  int index;
+  const char* parent;  // control of the row above, as in the menu table
+  const char* text;    // as shown; "-" is a separator, a parent of others has no effect
+  const char* window;  // name of the window that asks for the values; null runs the effect at once
+  std::span<const char* const> effects;  // what it comes to, by name; a window of its own may offer several
+  double value = 0;                      // without a window: of the first argument
+};
+std::span<const EffectItem> effectMenu();
+
+}  // namespace ruvo
