@@ -104,6 +104,8 @@ class ucCanvas : public QWidget {
   bool startPaste(const clsDIB& picture, const PasteManner& manner);
   // The region's own pixels, white where its shape or transparency leaves them out. False without one.
   bool copyRegion(clsDIB& out);
+  // The region's own pixels become those of a picture of its size; see RegionEngine::replace.
+  bool replaceRegion(const clsDIB& pixels);
   // Takes what the region holds out of the picture, and the region with it; without an event. A floating paste is only
   // dropped. True when the picture changed.
   bool eraseRegion();

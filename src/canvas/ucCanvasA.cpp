@@ -53,6 +53,7 @@ struct ucCanvasA::Private {
 
   clsDIB DIB;
   int magnify = 1;
+  bool fitInView = false;
   ViewGeometry view;
   QColor backColor;  // not valid: the theme's workspace colour
   bool notifyMove = false;
@@ -75,7 +76,7 @@ QColor ucCanvasA::View::surround() const {
 }
 
 void ucCanvasA::View::render(const Rect& area, RenderTarget target) {
-  renderer_.render(d_.DIB, d_.view, false, area, target);
+  renderer_.render(d_.DIB, d_.view, d_.fitInView, area, target);
   if (lines_) invertCrossHair(*lines_, area, target);
 }
 
@@ -83,7 +84,8 @@ void ucCanvasA::View::layOut() {
   d_.view.layout({.client = deviceClient(),
                   .image = d_.DIB.size(),
                   .magnify = d_.magnify,
-                  .fitted = {},
+                  .fitInView = d_.fitInView,
+                  .fitted = d_.fitInView ? fittedPlace(d_.DIB, deviceClient(), false) : Rect{},
                   .bars = d_.bars.deviceThickness()});
   d_.bars.arrange(d_.view);
   showHand();
@@ -203,6 +205,9 @@ int ucCanvasA::Magnify() const {
 void ucCanvasA::setMagnify(int magnify) {
   d_->magnify = std::max(1, magnify);
 }
+void ucCanvasA::setFitInView(bool fit) {
+  d_->fitInView = fit;
+}
 void ucCanvasA::setCanvasBackColor(const QColor& color) {
   d_->backColor = color;
   d_->picDisp->update();
@@ -231,7 +236,8 @@ void ucCanvasA::CanvasResize() {
 }
 
 void ucCanvasA::CanvasPicPaint() {
-  const bool stale = d_->view.image != d_->DIB.size() || d_->view.Magnify != d_->magnify;
+  const bool stale = d_->view.image != d_->DIB.size() || d_->view.Magnify != d_->magnify ||
+                     d_->view.FitInView != d_->fitInView;
   if (stale) return CanvasResize();
   d_->picDisp->paintAnew();
 }

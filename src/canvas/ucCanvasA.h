@@ -25,6 +25,8 @@ class ucCanvasA : public QWidget {
   // Whole factor, at least 1. A write only stores; CanvasResize shows it.
   int Magnify() const;
   void setMagnify(int magnify);
+  // Shows the whole picture, reduced where it is too large, instead of a part of it. A write only stores.
+  void setFitInView(bool fit);
   void setCanvasBackColor(const QColor& color);
 
   // Which families of events are raised, and what follows the pointer.

@@ -108,6 +108,9 @@ bool ucCanvas::startPaste(const clsDIB& picture, const PasteManner& manner) {
 bool ucCanvas::copyRegion(clsDIB& out) {
   return d_->core.region().copy(out);
 }
+bool ucCanvas::replaceRegion(const clsDIB& pixels) {
+  return d_->core.region().replace(pixels);
+}
 bool ucCanvas::eraseRegion() {
   d_->core.finishStroke();
   return d_->core.region().erase();

@@ -29,6 +29,10 @@ frmRuvoPaint::Private::Private(frmRuvoPaint& owner, MainWindowLink& mainWindow, 
   menus = std::make_unique<MenuSet>(kScopeDocument, &owner,
                                     [this](const QString& control, int index) { runMenu(control, index); });
   QObject::connect(menus->menu("mnuEdit"), &QMenu::aboutToShow, &self, [this] { self.updateEditButtons(); });
+  effectHost.loadPicture = [this](QWidget*) -> std::shared_ptr<const clsDIB> {
+    auto picture = std::make_shared<clsDIB>();
+    return loadCustomPicture(QStringLiteral("Effect"), *picture) ? picture : nullptr;
+  };
   connectCanvas();
   connectMeasures();
 }

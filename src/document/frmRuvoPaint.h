@@ -71,6 +71,8 @@ class frmRuvoPaint : public QWidget {
   void Do_cmdFileNewClick();
   void Do_cmdFileOpenClick();
   void Do_mnuRotateSubClick(int index);
+  void mnuEffectsBrightenSub_Click(int index);
+  void mnuEffectsDarkenSub_Click(int index);
   void Do_UpdateZoomButtons();
   void Do_UpdateGlassButton();
   void Do_UpdateModeChange();

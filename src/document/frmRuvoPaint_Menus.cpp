@@ -9,6 +9,7 @@
 #include "document/model/colour_reduction.h"
 #include "document/model/paste_rules.h"
 #include "document/option_rows.h"
+#include "effects/model/effect_table.h"
 
 namespace ruvo {
 namespace {
@@ -59,6 +60,7 @@ void frmRuvoPaint::Private::runMenu(const QString& control, int index) {
   if (const SaveItem* item = saveItemOf(control.toStdString(), index)) return saveAs(*item);
   if (const ReductionItem* item = reductionItemOf(control.toStdString(), index)) return reduceColours(*item);
   if (const auto manner = pasteMannerOf(control.toStdString(), index)) return paste(*manner);
+  if (const EffectItem* item = effectItemOf(control.toStdString(), index)) return runEffect(*item);
   if (const Run run = kCommands.value(control)) run(*this, index);
 }
 
@@ -95,11 +97,6 @@ void frmRuvoPaint::Do_mnuRotateSubClick(int index) {
     d_->iconMask.turned = true;
     return true;
   });
-}
-
-// Borders and shadows need windows of their own; until then the buttons stay disabled.
-void frmRuvoPaint::Do_cmdRegionOperation(int) {
-  updateEditButtons();
 }
 
 // --- Options

@@ -15,12 +15,15 @@
 #include "document/model/open_rules.h"
 #include "document/model/save_rules.h"
 #include "document/model/undo_history.h"
+#include "effects/effect_subject.h"
 #include "platform/desktop/cursors.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/texts.h"
 
 namespace ruvo {
 
+class EffectWindow;
+struct EffectItem;
 struct PasteManner;
 struct ReductionItem;
 struct WriteOrder;
@@ -66,6 +69,7 @@ struct frmRuvoPaint::Private {
   bool historyGapTold = false;           // a state could not be written and the user knows
   QPointer<frmRuvoPanoramic> panoramic;  // while it is shown
   std::vector<QString> dropped;          // files that wait for the end of a dialog
+  EffectHost effectHost;
 
   SessionState& session() { return link.session(); }
   bool hasPicture() const { return !canvas->DIB().empty(); }
@@ -110,6 +114,11 @@ struct frmRuvoPaint::Private {
     setChanged(true);
     return true;
   }
+
+  // The same for what may act on a part: `make` makes a new picture of what the region holds, else of the picture.
+  // What floats in a region stays afloat, and is a state when it is put down.
+  using Make = std::function<bool(const EffectSubject& subject, clsDIB& result)>;
+  bool changeSubject(const Make& make);
 
   // What was cut out of the picture (32 bits) becomes the picture, with one state. Nothing floats any more.
   void becomeCrop(clsDIB&& cut);
@@ -167,6 +176,10 @@ struct frmRuvoPaint::Private {
   void cropPerRegion();
   void cropPerImageInsideRegion();
   void cleanse(bool onlyOutside);
+  void runEffect(const EffectItem& item);
+  bool showEffectWindow(EffectWindow& window, clsDIB& result);
+  bool applyEffect(const EffectItem& item, const EffectSubject& subject, clsDIB& result);
+  void tellNoMemory();
   template <typename Step>
   void restoreState(Step step);
   bool loadCustomPicture(const QString& folderKey, clsDIB& picture);

@@ -1,6 +1,9 @@
 #include "document/menu_table.h"
 
+#include <cstring>
 #include <vector>
+
+#include "effects/model/effect_table.h"
 
 namespace ruvo {
 namespace {
@@ -23,6 +26,8 @@ constexpr unsigned kEditPicture = kNeedPicture | kNotBuilt;
 constexpr unsigned kReducePicture = kNeedPicture | kNeedPaintMode;
 constexpr unsigned kEditRegion = kNeedPicture | kNeedRegion;
 constexpr unsigned kEditPaste = kNeedPicture | kNeedClipboard;
+
+constexpr const char* kEffectsMenu = "mnuEffects";
 
 // A row stands after the row that it hangs under.
 constexpr MenuRow kRows[] = {
@@ -201,9 +206,7 @@ constexpr MenuRow kRows[] = {
     item("mnuRotateSub", 3, "mnuRotate", "Turn &Right 90 Degree", kNeedPicture, kScopeDocument),
     bar("mnuText", "&Text", kScopeDocument),
     item("mnuTextSub", 0, "mnuText", "&Add Text ....", kEditPicture, kScopeDocument),
-    bar("mnuEffects", "Effe&cts", kScopeDocument),
-    item("mnuEffectsBrightenSub", 0, "mnuEffects", "&Brighten", kEditPicture, kScopeDocument),
-    item("mnuEffectsDarkenSub", 0, "mnuEffects", "&Darken", kEditPicture, kScopeDocument),
+    bar(kEffectsMenu, "Effe&cts", kScopeDocument),  // its items are those of effectMenu()
     bar("mnuLayer", "&Layer", kScopeDocument),
     item("mnuLayerSub", 0, "mnuLayer", "&Layer Operation ....", kEditPicture, kScopeDocument),
     bar("mnuResize", "Re&size", kScopeDocument),
@@ -263,10 +266,26 @@ constexpr MenuRow kRows[] = {
     item("mnuHelpSub", 1, "mnuHelp", "&About ....", kNeedNothing, kScopeBoth),
 };
 
+MenuRow effectRow(const EffectItem& effect) {
+  if (std::strcmp(effect.text, "-") == 0) return line(effect.control, effect.index, effect.parent, kScopeDocument);
+  return item(effect.control, effect.index, effect.parent, effect.text, kNeedPicture, kScopeDocument);
+}
+
+std::vector<MenuRow> allRows() {
+  std::vector<MenuRow> rows;
+  for (const MenuRow& row : kRows) {
+    rows.push_back(row);
+    if (std::strcmp(row.control, kEffectsMenu) != 0) continue;
+    for (const EffectItem& effect : effectMenu()) rows.push_back(effectRow(effect));
+  }
+  return rows;
+}
+
 }  // namespace
 
 std::span<const MenuRow> menuTable() {
-  return kRows;
+  static const std::vector<MenuRow> kAll = allRows();
+  return kAll;
 }
 
 }  // namespace ruvo

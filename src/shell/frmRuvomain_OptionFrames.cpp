@@ -428,8 +428,6 @@ void OptionFrames::buildRegionFrame() {
     auto* button = loadButton(controlName("cmdRegionOperation", i), rows[i].text, frame);
     button->setToolTip(rows[i].tip);
     connect(button, &QPushButton::clicked, this, [this, i] { calls_.regionOperation(i); });
-    // Borders and shadows need windows of their own.
-    button->setEnabled(false);
     column(frame)->addWidget(button);
   }
 }

@@ -208,6 +208,10 @@ void frmRuvomain::editButtonClicked(int index) {
     case 9:
     case 10:
       return document->Do_mnuRotateSubClick(shell::editButtons()[static_cast<std::size_t>(index)].index);
+    case 11:
+      return document->mnuEffectsBrightenSub_Click(shell::editButtons()[static_cast<std::size_t>(index)].index);
+    case 12:
+      return document->mnuEffectsDarkenSub_Click(shell::editButtons()[static_cast<std::size_t>(index)].index);
     default: {
       const shell::EditButton& row = shell::editButtons()[static_cast<std::size_t>(index)];
       document->triggerMenu(row.control, row.index);

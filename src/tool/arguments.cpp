@@ -47,6 +47,11 @@ std::string valueFault(const OptionRow& option, std::string_view text) {
   return "takes no value";
 }
 
+// A negative number is no option.
+bool isOption(std::string_view word) {
+  return word.size() >= 2 && word[0] == '-' && word[1] != '.' && (word[1] < '0' || word[1] > '9');
+}
+
 }  // namespace
 
 std::optional<std::string_view> Arguments::text(std::string_view name) const {
@@ -70,7 +75,7 @@ std::string Arguments::parse(std::span<const std::string> words, std::span<const
   bool optionsEnded = false;
   for (std::size_t i = 0; i < words.size(); ++i) {
     const std::string& word = words[i];
-    if (optionsEnded || word.size() < 2 || word[0] != '-') {
+    if (optionsEnded || !isOption(word)) {
       arguments.operands_.push_back(word);
       continue;
     }

@@ -31,6 +31,7 @@ void addRow(std::string& text, const std::string& left, std::size_t column, std:
 
 std::string helpOf(const VerbRow& verb) {
   std::string text = "Usage: " + synopsis(verb) + "\n\n" + std::string(verb.summary) + ".\n" + std::string(verb.help);
+  if (verb.moreHelp) text += verb.moreHelp();
   if (verb.options.empty()) return text;
   std::size_t column = 0;
   for (const OptionRow& option : verb.options) column = std::max(column, optionText(option).size());

@@ -111,6 +111,11 @@ constexpr VerbRow kVerbs[] = {
      "of\n"
      "256 entries, those that are not used black.\n",
      kPaletteOptions, palette},
+    {"filter", "NAME [VALUE...] IN OUT", 3, kAnyNumber, "Apply an effect to a picture",
+     "Values come in the order below, or as NAME=VALUE; those that are left out have the standard in brackets. A "
+     "colour\n"
+     "is RRGGBB, or none where the list says so. Lengths count pixels.\n\n",
+     {}, filter, filterNames},
     {"exif list", "FILE", 1, 1, "List the camera data of a JPEG", "One line a tag.\n", {}, exifList},
     {"exif erase",
      "FILE BLOCK",

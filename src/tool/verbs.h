@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "tool/arguments.h"
@@ -19,6 +20,7 @@ struct VerbRow {
   std::span<const OptionRow> options;
   // The operands' number and the options' values have been checked. Answers the exit status.
   int (*run)(const Arguments& arguments, Console& console);
+  std::string (*moreHelp)() = nullptr;  // lines that are worked out, shown after `help`
 };
 std::span<const VerbRow> verbTable();
 
@@ -38,5 +40,7 @@ int gifSet(const Arguments& arguments, Console& console);
 int gifResize(const Arguments& arguments, Console& console);
 int gifCheck(const Arguments& arguments, Console& console);
 int gifReduce(const Arguments& arguments, Console& console);
+int filter(const Arguments& arguments, Console& console);
+std::string filterNames();  // a line for each, with its arguments
 
 }  // namespace ruvo::tool

@@ -349,6 +349,34 @@ bool RegionEngine::copy(clsDIB& out) const {
   return true;
 }
 
+bool RegionEngine::replace(const clsDIB& pixels) {
+  endGesture();
+  checkPicture();
+  const Size size = floats() ? bitmaps().DIBregion.size() : Size{box_.width(), box_.height()};
+  if (!HasRegion() || pixels.surface().depth() != 32 || pixels.size() != size) return false;
+  if (floats()) return replaceFloating(pixels);
+  clsDIB held, mask;
+  clsDIB& picture = bitmaps().DIB;
+  if (!takeRegionPixels(picture, box_, held) || !makeRegionMask(held, oval_, keyColour(), mask)) return false;
+  composeFlat(picture, picture, pixels, mask, {box_.left, box_.top});
+  context_.changed(box_);
+  context_.events.NotifyToPrepareUndo();
+  return true;
+}
+
+// The mask stays: what was left out of the region has no part in it.
+bool RegionEngine::replaceFloating(const clsDIB& pixels) {
+  clsDIB& region = bitmaps().DIBregion;
+  clsDIB changed;
+  if (!clsDIB::CloneDIB(region, changed, kBlack, region.BottomUp())) return false;
+  composeFlat(changed, changed, pixels, bitmaps().DIBmask, {0, 0});
+  std::swap(region, changed);
+  if (!isPaste() && lifted_.empty()) lifted_ = std::move(changed);
+  compose(box_, flags_.RegionTranslucent);
+  context_.events.NotifyRegionMoved();
+  return true;
+}
+
 // --- Showing
 
 void RegionEngine::showMarquee() {

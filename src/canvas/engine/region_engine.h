@@ -82,6 +82,10 @@ class RegionEngine {
   bool erase();
   // The region's own pixels, white where the shape or transparency leaves them out. False without region or memory.
   bool copy(clsDIB& out) const;
+  // The other way round: what the region covers takes the pixels of a picture of its size, byte 3 included. Where it
+  // floats they float on; a bare marquee's land at once, with NotifyToPrepareUndo. False, with nothing changed, without a
+  // region or memory, or for another size.
+  bool replace(const clsDIB& pixels);
   // Lets a picture of any depth float at the top left of what is seen, in tool 11. What floated was committed before.
   // False, with nothing changed, when there is no picture to paste on or to paste, or no memory.
   bool startPaste(const clsDIB& picture, const PasteManner& manner);
@@ -121,6 +125,7 @@ class RegionEngine {
   void abandonDrag();
   void abandonFloat();
 
+  bool replaceFloating(const clsDIB& pixels);
   bool refreshMask();
   void compose(const Rect& before, bool blended);
   bool leaveCopy();

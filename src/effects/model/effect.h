@@ -20,7 +20,7 @@ namespace ruvo {
 enum class EffectValueKind {
   Whole,         // an integer from low to high
   Real,          // a number from low to high
-  Colour,        // packed
+  PlainColour,   // packed
   ColourOrNone,  // packed, or kNoColour
   Choice,        // an index of `choices`
   Switch,        // 0 or 1

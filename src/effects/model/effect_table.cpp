@@ -41,4 +41,10 @@ std::span<const EffectItem> effectMenu() {
   return kItems;
 }
 
+const EffectItem* effectItemOf(std::string_view control, int index) {
+  const auto found = std::ranges::find_if(
+      kItems, [&](const EffectItem& item) { return item.index == index && control == item.control; });
+  return found == kItems.end() ? nullptr : &*found;
+}
+
 }  // namespace ruvo

@@ -30,5 +30,7 @@ struct EffectItem {
   double value = 0;                      // without a window: of the first argument
 };
 std::span<const EffectItem> effectMenu();
+// Null when there is none.
+const EffectItem* effectItemOf(std::string_view control, int index);
 
 }  // namespace ruvo

@@ -1,0 +1,28 @@
+// The window of an effect that needs none of its own: a control for each of its arguments.
+#pragma once
+
+#include "effects/effect_window.h"
+
+namespace ruvo {
+
+class EffectControls;
+
+class ArgumentWindow : public EffectWindow {
+  Q_OBJECT
+
+ public:
+  ArgumentWindow(const QString& name, const Effect& effect, const EffectSubject& subject, EffectHost& host,
+                 QWidget* parent);
+  void accept() override;
+
+ protected:
+  bool apply(clsDIB& picture, double scale, const Progress& progress) override;
+  QString refusal() override;
+
+ private:
+  const Effect& effect_;
+  EffectHost& host_;
+  EffectControls* entered_;
+};
+
+}  // namespace ruvo

@@ -1,0 +1,29 @@
+#include "effects/effect_windows.h"
+
+#include <QHash>
+
+#include "effects/argument_window.h"
+
+namespace ruvo {
+namespace {
+
+using Make = std::unique_ptr<EffectWindow> (*)(const EffectSubject& subject, EffectHost& host, QWidget* parent);
+
+// Windows with controls of their own, by name. Every other effect has one made from its arguments.
+const QHash<QString, Make>& ownWindows() {
+  static const QHash<QString, Make> kWindows = {};
+  return kWindows;
+}
+
+}  // namespace
+
+std::unique_ptr<EffectWindow> makeEffectWindow(const EffectItem& item, const EffectSubject& subject, EffectHost& host,
+                                               QWidget* parent) {
+  if (!item.window) return nullptr;
+  const QString name = QString::fromLatin1(item.window);
+  if (const Make make = ownWindows().value(name)) return make(subject, host, parent);
+  const Effect* effect = effectOf(item.effects.front());
+  return effect ? std::make_unique<ArgumentWindow>(name, *effect, subject, host, parent) : nullptr;
+}
+
+}  // namespace ruvo

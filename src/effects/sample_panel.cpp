@@ -1,0 +1,109 @@
+#include "effects/sample_panel.h"
+
+#include <QCheckBox>
+#include <QVBoxLayout>
+
+#include "canvas/ucCanvasA.h"
+#include "dialogs/named_controls.h"
+#include "platform/desktop/cursors.h"
+
+namespace ruvo {
+namespace {
+
+constexpr QSize kLeastSide(380, 300);
+constexpr int kFrame = 2;  // device pixels that the view leaves free around a fitted picture
+// From this many pixels on a sample waits until the hand rests.
+constexpr std::int64_t kQuickPixels = 1000000;
+constexpr int kRestMs = 120;
+
+}  // namespace
+
+SamplePanel::SamplePanel(const clsDIB& subject, Apply apply, QWidget* parent)
+    : QWidget(parent), subject_(subject), apply_(std::move(apply)) {
+  picSample_ = new ucCanvasA(this);
+  picSample_->setObjectName(QStringLiteral("picSample"));
+  picSample_->setMinimumSize(kLeastSide);
+  picSample_->setFitInView(true);
+  picSample_->setToReportRightClickDataInScrollMode(true);
+  ckbShowFullSize_ = namedCheckBox("ckbShowFullSize", tr("Show &full size"), this);
+
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(picSample_, 1);
+  column->addWidget(ckbShowFullSize_);
+
+  later_.setSingleShot(true);
+  later_.setInterval(kRestMs);
+  connect(&later_, &QTimer::timeout, this, &SamplePanel::show);
+  connect(ckbShowFullSize_, &QCheckBox::toggled, this, [this] {
+    picSample_->setFitInView(!fullSize());
+    prepare();
+    show();
+  });
+  connect(picSample_, &ucCanvasA::NotifyClickData, this, [this](int, Colour, int x, int y) { pick(x, y); });
+}
+
+bool SamplePanel::fullSize() const {
+  return ckbShowFullSize_->isChecked();
+}
+
+void SamplePanel::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  // The view has its new size only when the layout has been at work.
+  QTimer::singleShot(0, this, [this] {
+    prepare();
+    refresh();
+  });
+}
+
+void SamplePanel::prepare() {
+  const qreal ratio = picSample_->devicePixelRatioF();
+  const Size room{qRound(picSample_->width() * ratio) - kFrame, qRound(picSample_->height() * ratio) - kFrame};
+  int x = 0, y = 0, width = 0, height = 0;
+  subject_.GetBestFitPointAndSize(std::max(1, room.width), std::max(1, room.height), x, y, width, height, false);
+  if (fullSize() || Size{width, height} == subject_.size()) {
+    reduced_.ClearUp();
+    scale_ = 1;
+    return;
+  }
+  if (reduced_.size() == Size{width, height}) return;
+  scale_ = static_cast<double>(width) / subject_.DIBWidth();
+  if (!reduced_.CreateBlankDIB(width, height, 32, kWhite)) return;
+  clsDIB seen;
+  const bool seeThrough = subject_.DIBhasAlpha() && seen.CreateBlankDIB(subject_.DIBWidth(), subject_.DIBHeight(), 32, kWhite);
+  if (seeThrough) clsDIB::Display_DIB_With_Alpha(subject_, seen.surface(), kWhite);
+  clsDIB::StretchPaintFromDIBtoDIB(seeThrough ? seen : subject_, reduced_, true);
+}
+
+void SamplePanel::refresh() {
+  const clsDIB& source = reduced_.empty() ? subject_ : reduced_;
+  const std::int64_t pixels = static_cast<std::int64_t>(source.DIBWidth()) * source.DIBHeight();
+  if (pixels > kQuickPixels) return later_.start();
+  show();
+}
+
+void SamplePanel::show() {
+  later_.stop();
+  const clsDIB& source = reduced_.empty() ? subject_ : reduced_;
+  clsDIB sample;
+  {
+    std::optional<WaitCursor> wait;
+    if (reduced_.empty()) wait.emplace();
+    if (!clsDIB::CloneDIB(source, sample, kWhite, source.BottomUp())) return;
+    // Without a result the picture is shown as it is.
+    if (!apply_(sample, scale_)) clsDIB::CloneDIB(source, sample, kWhite, source.BottomUp());
+  }
+  picSample_->DIB() = std::move(sample);
+  picSample_->CanvasPicPaint();
+}
+
+// A sample that has grown shows other places than the picture has.
+void SamplePanel::pick(int x, int y) {
+  const clsDIB& source = reduced_.empty() ? subject_ : reduced_;
+  const raster::Surface& pixels = source.surface();
+  if (picSample_->DIB().size() != source.size() || !pixels.bounds().contains(x, y)) return;
+  const auto* row = reinterpret_cast<const Pixel32*>(pixels.pictureRow(y));
+  Q_EMIT colourPicked(row[x].colour());
+}
+
+}  // namespace ruvo

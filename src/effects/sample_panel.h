@@ -1,0 +1,53 @@
+// The live sample of an effect window: what the present choices make of the picture, reduced to fit, or at full size to
+// scroll about in.
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+
+#include "base/colour.h"
+#include "image/clsDIB.h"
+
+class QCheckBox;
+
+namespace ruvo {
+
+class ucCanvasA;
+
+class SamplePanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  // Changes a picture as chosen; `scale` is 1 for the real size, below for a reduced sample. False when it can not.
+  using Apply = std::function<bool(clsDIB& picture, double scale)>;
+  // `subject` outlives the panel.
+  SamplePanel(const clsDIB& subject, Apply apply, QWidget* parent);
+
+  // The choices have changed. A sample that is quick to make is shown at once, a large one when the hand rests.
+  void refresh();
+  const ucCanvasA& picture() const { return *picSample_; }
+
+ Q_SIGNALS:
+  // A right click on the sample; the colour of the picture itself at that place.
+  void colourPicked(ruvo::Colour colour);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  bool fullSize() const;
+  void prepare();
+  void show();
+  void pick(int x, int y);
+
+  const clsDIB& subject_;
+  Apply apply_;
+  ucCanvasA* picSample_;
+  QCheckBox* ckbShowFullSize_;
+  clsDIB reduced_;  // the picture at the sample's size; empty when it is shown as it is
+  double scale_ = 1;
+  QTimer later_;
+};
+
+}  // namespace ruvo
