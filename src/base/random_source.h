@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <span>
 
 namespace ruvo {
 
@@ -23,6 +24,10 @@ class RandomSource {
     state_ ^= state_ << 25;
     state_ ^= state_ >> 27;
     return static_cast<double>((state_ * 0x2545F4914F6CDD1Du) >> 11) * 0x1.0p-53;
+  }
+  // As many as a row of pixels needs.
+  void fill(std::span<double> numbers) {
+    for (double& number : numbers) number = next();
   }
 
  private:

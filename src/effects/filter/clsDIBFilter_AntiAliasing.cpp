@@ -1,0 +1,132 @@
+// Smoothing of stepped edges. Brightness tells where an edge runs; along it the nearest steps to both sides are looked
+// for, and from the distance to them follows how much of the pixel a straight edge would leave to its neighbour.
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
+#include "effects/filter/clsDIBFilter.h"
+#include "effects/filter/pixel_walk.h"
+
+namespace ruvo {
+
+using namespace filter;
+
+namespace {
+
+// How far along an edge a step is looked for.
+constexpr int kFarthest = 24;
+// Differences below these, of 255 and of the brighter side, are no edge.
+constexpr int kFaintest = 16, kFaintestShare = 8;
+
+// The brightness of each pixel, with a margin of one pixel that repeats the picture's edge.
+class Brightness {
+ public:
+  bool take(const raster::Surface& surface) {
+    if (!plane_.create(surface.width() + 2, surface.height() + 2, 8)) return false;
+    for (int y = -1; y <= surface.height(); ++y) {
+      const std::uint32_t* row = words(surface, std::clamp(y, 0, surface.height() - 1));
+      std::uint8_t* to = plane_.memoryRow(y + 1) + 1;
+      for (int x = 0; x < surface.width(); ++x) to[x] = of(row[x]);
+      to[-1] = to[0];
+      to[surface.width()] = to[surface.width() - 1];
+    }
+    return true;
+  }
+  const std::uint8_t* row(int y) const { return plane_.memoryRow(y + 1) + 1; }
+  int stride() const { return plane_.stride(); }
+
+ private:
+  static std::uint8_t of(std::uint32_t p) {
+    return static_cast<std::uint8_t>((77 * redIn(p) + 150 * greenIn(p) + 29 * blueIn(p)) >> 8);
+  }
+  raster::Surface plane_;
+};
+
+// What one pixel takes on from which neighbour.
+struct Share {
+  double part = 0;  // 0 to 0.5
+  int dx = 0, dy = 0;
+};
+
+// The end of an edge: steps to it, and how the brightness there differs from the edge's (twice the mean of both sides).
+struct End {
+  double distance;
+  int difference;
+};
+
+// Walks `room` pixels at most from `at` by `along`; `side` leads across the edge.
+End endOf(const std::uint8_t* at, int along, int side, int room, int edge, int enough) {
+  const int most = std::min(room, kFarthest);
+  for (int step = 1; step <= most; ++step) {
+    at += along;
+    const int difference = at[0] + at[side] - edge;
+    if (2 * std::abs(difference) >= enough) return {step - 0.5, difference};
+  }
+  return {2.0 * kFarthest, 0};  // so far off that it plays no part
+}
+
+// How far the picture goes on in each direction.
+struct Room {
+  int left, right, down, up;
+};
+
+Share shareOf(const std::uint8_t* at, int stride, const Room& room) {
+  const int m = at[0], w = at[-1], e = at[1], s = at[-stride], n = at[stride];
+  const int most = std::max({m, w, e, s, n}), least = std::min({m, w, e, s, n});
+  if (most - least < std::max(kFaintest, most / kFaintestShare)) return {};
+  const int nw = at[stride - 1], ne = at[stride + 1], sw = at[-stride - 1], se = at[-stride + 1];
+  const int level = std::abs(nw + sw - 2 * w) + 2 * std::abs(n + s - 2 * m) + std::abs(ne + se - 2 * e);
+  const int upright = std::abs(nw + ne - 2 * n) + 2 * std::abs(w + e - 2 * m) + std::abs(sw + se - 2 * s);
+  const bool isLevel = level >= upright;
+  const int before = isLevel ? s : w, after = isLevel ? n : e;
+  const bool isAfter = std::abs(after - m) >= std::abs(before - m);
+  const int step = std::abs((isAfter ? after : before) - m);
+  if (step < kFaintest) return {};
+  const int across = isLevel ? stride : 1, along = isLevel ? 1 : stride;
+  const int side = isAfter ? across : -across;
+  const int edge = m + at[side];
+  const End back = endOf(at, -along, side, isLevel ? room.left : room.down, edge, step);
+  const End forth = endOf(at, along, side, isLevel ? room.right : room.up, edge, step);
+  const End& nearest = back.distance < forth.distance ? back : forth;
+  // The pixel lies on the side that the edge leaves at that end: a straight edge does not reach it.
+  if (nearest.difference == 0 || (nearest.difference < 0) == (2 * m < edge)) return {};
+  const double part = 0.5 - nearest.distance / (back.distance + forth.distance);
+  const int sign = isAfter ? 1 : -1;
+  return {part, isLevel ? 0 : sign, isLevel ? sign : 0};
+}
+
+std::uint32_t mixed(std::uint32_t p, std::uint32_t q, double part) {
+  const auto channel = [part](std::uint32_t a, std::uint32_t b) {
+    return static_cast<std::uint32_t>(quickRound(a + (static_cast<double>(b) - a) * part));
+  };
+  return wordOf(channel(blueIn(p), blueIn(q)), channel(greenIn(p), greenIn(q)), channel(redIn(p), redIn(q)));
+}
+
+}  // namespace
+
+bool clsDIBFilter::doAntiAliasing(clsDIB& Target, int Strength) {
+  if (!workable(Target)) return true;
+  const double strength = std::clamp(Strength, 0, 100) / 100.0;
+  raster::Surface& surface = Target.surface();
+  const int width = Target.DIBWidth(), height = Target.DIBHeight();
+  Brightness brightness;
+  if (!brightness.take(surface)) return false;
+  // The rows as they were that are overwritten but still needed.
+  std::vector<std::uint32_t> below(static_cast<std::size_t>(width)), present(below);
+  return forRows(height, [&](int y) {
+    below.swap(present);
+    std::uint32_t* row = words(surface, y);
+    std::memcpy(present.data(), row, present.size() * sizeof(std::uint32_t));
+    const std::uint32_t* above = y + 1 < height ? words(surface, y + 1) : row;
+    const std::uint8_t* bright = brightness.row(y);
+    for (int x = 0; x < width; ++x) {
+      const Share share = shareOf(bright + x, brightness.stride(), {x, width - 1 - x, y, height - 1 - y});
+      if (share.part <= 0) continue;
+      const std::uint32_t* other = share.dy > 0 ? above : share.dy < 0 ? below.data() : present.data();
+      row[x] = recoloured(row[x], mixed(row[x], other[x + share.dx], share.part * strength));
+    }
+  });
+}
+
+}  // namespace ruvo
