@@ -49,21 +49,26 @@ struct Share {
   int dx = 0, dy = 0;
 };
 
-// The end of an edge: steps to it, and how the brightness there differs from the edge's (twice the mean of both sides).
+// The end of an edge: steps to it, and whether the pixel's own side goes back there by one line, so that a straight edge
+// would pass through the pixel.
 struct End {
   double distance;
-  int difference;
+  bool recedes;
 };
 
-// Walks `room` pixels at most from `at` by `along`; `side` leads across the edge.
+// Walks `room` pixels at most from `at` by `along`; `side` leads across the edge, whose brightness is twice the mean of
+// both sides.
 End endOf(const std::uint8_t* at, int along, int side, int room, int edge, int enough) {
+  const bool darker = 2 * *at < edge;
   const int most = std::min(room, kFarthest);
   for (int step = 1; step <= most; ++step) {
     at += along;
     const int difference = at[0] + at[side] - edge;
-    if (2 * std::abs(difference) >= enough) return {step - 0.5, difference};
+    if (2 * std::abs(difference) < enough) continue;
+    // Where the next line goes back too it is a corner that is meant.
+    return {step - 0.5, (difference < 0) != darker && (2 * at[-side] < edge) == darker};
   }
-  return {2.0 * kFarthest, 0};  // so far off that it plays no part
+  return {kFarthest, false};
 }
 
 // How far the picture goes on in each direction.
@@ -89,8 +94,7 @@ Share shareOf(const std::uint8_t* at, int stride, const Room& room) {
   const End back = endOf(at, -along, side, isLevel ? room.left : room.down, edge, step);
   const End forth = endOf(at, along, side, isLevel ? room.right : room.up, edge, step);
   const End& nearest = back.distance < forth.distance ? back : forth;
-  // The pixel lies on the side that the edge leaves at that end: a straight edge does not reach it.
-  if (nearest.difference == 0 || (nearest.difference < 0) == (2 * m < edge)) return {};
+  if (!nearest.recedes) return {};
   const double part = 0.5 - nearest.distance / (back.distance + forth.distance);
   const int sign = isAfter ? 1 : -1;
   return {part, isLevel ? 0 : sign, isLevel ? sign : 0};

@@ -68,7 +68,7 @@ const std::vector<EffectItem> kItems = {
     line(kSub, 9),
     atOnce(10, "&Soften", kSoften),
     asking(11, "S&harpen ....", "frmRuvoSharpen", kSharpen),
-    asking(12, "Anti&alias ....", "frmRuvoAntialias", kAntialias),
+    asking(12, "Ant&ialias ....", "frmRuvoAntialias", kAntialias),
     asking(13, "&Pixelate ....", "frmRuvoPixelate", kPixelate),
     asking(14, "G&rainize ....", "frmRuvoGrainize", kGrainize),
     asking(15, "Te&xturize ....", "frmRuvoTexturize", kTexturize),

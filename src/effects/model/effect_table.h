@@ -14,6 +14,10 @@ std::span<const Effect> textureEffects();  // neighbours, blocks, grain
 std::span<const Effect> shapeEffects();    // bevel, perspective, slant, border, shadow
 std::span<const Effect> drawnEffects();    // gradient, grid, cube, sphere
 
+// What many of them take last: a colour whose pixels stay as they are.
+inline constexpr EffectArgument kExclude = {
+    "exclude", "&Exclude colour", EffectValueKind::ColourOrNone, kNoColour, kWhite, kNoColour};
+
 // Every effect, in the order in which help lists them.
 std::span<const Effect> effectTable();
 // Null when there is none of that name.

@@ -7,7 +7,6 @@ namespace {
 
 using Kind = EffectValueKind;
 
-constexpr EffectArgument kExclude = {"exclude", "&Exclude colour", Kind::ColourOrNone, kNoColour, kWhite, kNoColour};
 constexpr EffectArgument kWeight = {"weight", "&Weight", Kind::Real, 0, 20, 1};
 constexpr EffectArgument kRed = {"red", "&Red", Kind::Whole, -255, 255, 128};
 constexpr EffectArgument kGreen = {"green", "&Green", Kind::Whole, -255, 255, 128};

@@ -9,7 +9,6 @@ using Kind = EffectValueKind;
 using Element = clsDIBFilter::Element;
 using Order = clsDIBFilter::Order;
 
-constexpr EffectArgument kExclude = {"exclude", "&Exclude colour", Kind::ColourOrNone, kNoColour, kWhite, kNoColour};
 constexpr EffectArgument kSkipGreys = {"skip-greys", "Colorize &non-grayscaled parts", Kind::Switch, 0, 1, 0};
 
 constexpr EffectArgument kBrighten[] = {{"percent", "&Brightness", Kind::Whole, 0, 400, 10, "%"}, kExclude};
@@ -29,7 +28,7 @@ constexpr EffectArgument kThemeRGB[] = {{"red", "&Red", Kind::Whole, -255, 255, 
                                         {"green", "&Green", Kind::Whole, -255, 255, 0},
                                         {"blue", "&Blue", Kind::Whole, -255, 255, -40},
                                         kSkipGreys};
-constexpr EffectArgument kColorize[] = {{"colour", "&Colour", Kind::Colour, 0, kWhite, rgb(255, 204, 128)}};
+constexpr EffectArgument kColorize[] = {{"colour", "&Colour", Kind::PlainColour, 0, kWhite, rgb(255, 204, 128)}};
 constexpr const char* kElements[] = {"Red", "Green", "Blue"};
 constexpr EffectArgument kAdjust[] = {{"element", "E&lement", Kind::Choice, 0, 2, 0, "", kElements},
                                       {"amount", "&Amount", Kind::Whole, -255, 255, 30},
