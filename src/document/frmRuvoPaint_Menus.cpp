@@ -46,6 +46,7 @@ void frmRuvoPaint::Private::runMenu(const QString& control, int index) {
       {"mnuEditCleansePaintSub", [](Private& d, int i) { d.cleanse(i == 1); }},
       {"mnuEditClearClipboard", [](Private& d, int) { d.clearClipboard(); }},
       {"mnuRotateSub", [](Private& d, int i) { d.self.Do_mnuRotateSubClick(i); }},
+      {"mnuResizeSub", [](Private& d, int i) { d.runResizeMenu(i); }},
       {"mnuInquiryOriginal", [](Private& d, int) { d.tellProperties(); }},
       {"mnuInquiryColorCount", [](Private& d, int) { d.tellColourCount(); }},
       {"mnuInquiryStartPosCurrentScreen", [](Private& d, int) { d.tellCurrentScreen(); }},

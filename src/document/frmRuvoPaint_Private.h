@@ -146,6 +146,9 @@ struct frmRuvoPaint::Private {
   // --- Commands
   void commandNew();
   void reduceColours(const ReductionItem& item);
+  void runResizeMenu(int index);
+  template <typename Make>
+  void takeResized(Make make);
   void commandOpen(bool inExistingWindow);
   void openDropped();
   ReadRequest readRequest(bool quiet);

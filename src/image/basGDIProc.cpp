@@ -98,7 +98,7 @@ std::optional<EncoderFormat> GetDecoderClsid(std::string_view MimeType) {
   return row ? std::optional(row->format) : std::nullopt;
 }
 
-bool ResizeDIBQuality(clsDIB& Dib, int NewWidth, int NewHeight, bool HighQuality) {
+bool ResizeDIBQuality(clsDIB& Dib, int NewWidth, int NewHeight, bool HighQuality, const Progress& progress) {
   if (!imaging::imagingUsable() || Dib.empty() || !pictureSizeAllowed(NewWidth, NewHeight)) return false;
   try {
     clsDIB resized;
@@ -106,7 +106,8 @@ bool ResizeDIBQuality(clsDIB& Dib, int NewWidth, int NewHeight, bool HighQuality
     if (!resized.CreateBlankDIB(NewWidth, NewHeight, Dib.DIBbpp(), kWhite, Dib.BottomUp(), force32)) return false;
     std::ranges::copy(Dib.surface().table(), resized.surface().table().begin());
     if (HighQuality) {
-      imaging::resampleBicubic(Dib.surface(), resized.surface(), Dib.DIBhasAlpha());
+      imaging::resampleBicubic(Dib.surface(), resized.surface(), Dib.DIBhasAlpha(), progress);
+      if (progress.stopped()) return false;
     } else {
       imaging::resampleNearest(Dib.surface(), resized.surface());
     }

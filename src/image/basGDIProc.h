@@ -31,7 +31,7 @@ bool IsFormatLoadable(const std::filesystem::path& FileName, std::string_view Mi
 std::optional<EncoderFormat> GetEncoderClsid(std::string_view MimeType);
 std::optional<EncoderFormat> GetDecoderClsid(std::string_view MimeType);
 // Resamples the whole surface: a bicubic filter that widens when it shrinks (HighQuality) or nearest neighbour, pixel
-// centres at half. Keeps depth and alpha. False leaves the surface as it was.
-bool ResizeDIBQuality(clsDIB& Dib, int NewWidth, int NewHeight, bool HighQuality);
+// centres at half. Keeps depth and alpha. False, also when it was stopped, leaves the surface as it was.
+bool ResizeDIBQuality(clsDIB& Dib, int NewWidth, int NewHeight, bool HighQuality, const Progress& progress = {});
 
 }  // namespace ruvo

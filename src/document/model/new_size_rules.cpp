@@ -10,7 +10,7 @@ std::string thresholdText() {
 }
 
 std::optional<std::string> newSizeRefusal(int width, int height, SizeField enteredLast) {
-  if (width < 1 || height < 1) return "Width or height below the minimum set (1 pixels)";
+  if (width < 1 || height < 1) return kSideTooSmall;
   if (width > kMaxPictureSide || height > kMaxPictureSide) return kSideTooLarge;
   if (pictureSizeAllowed(width, height)) return std::nullopt;
   return enteredLast == SizeField::Width ? "Value entered in width will result in W x H exceeding the threshhold."

@@ -15,6 +15,7 @@ inline constexpr std::array<Size, 5> kNewFrameSizes = {{{50, 50}, {75, 75}, {100
 
 inline constexpr const char* kNewSizeLargeQuestion =
     "Value entered in width and/or height appear to be rather large.  Sure?";
+inline constexpr const char* kSideTooSmall = "Width or height below the minimum set (1 pixels)";
 inline constexpr const char* kSideTooLarge = "The width or height will exceed the maxiuum allowed, cannot proceed.";
 // "Width x height exceeds the threshhold set (25,000,000 pixels)"
 std::string thresholdText();

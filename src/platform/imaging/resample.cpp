@@ -198,7 +198,8 @@ void resampleNearest(const raster::Surface& source, raster::Surface& target) {
   }
 }
 
-void resampleBicubic(const raster::Surface& source, raster::Surface& target, bool hasAlpha) {
+void resampleBicubic(const raster::Surface& source, raster::Surface& target, bool hasAlpha,
+                     const Progress& progress) {
   const bool alpha = hasAlpha && source.depth() == 32;
   const Taps down = tapsFor(source.height(), target.height());
   int most = 1;
@@ -214,6 +215,8 @@ void resampleBicubic(const raster::Surface& source, raster::Surface& target, boo
     for (int k = 0; k < span.count; ++k) addWeighted(window.row(span.first + k), down.weights[span.at + k], sum);
     toPixels(sum, alpha, store.begin(y), target.width());
     store.end(y);
+    progress.report(static_cast<int>((y + 1LL) * 100 / target.height()));
+    if (progress.stopped()) return;
   }
 }
 
