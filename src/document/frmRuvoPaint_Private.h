@@ -147,8 +147,7 @@ struct frmRuvoPaint::Private {
   void commandNew();
   void reduceColours(const ReductionItem& item);
   void runResizeMenu(int index);
-  template <typename Make>
-  void takeResized(Make make);
+  void takeResized(const std::function<bool(const clsDIB&, clsDIB&, const Progress&)>& make);
   void commandOpen(bool inExistingWindow);
   void openDropped();
   ReadRequest readRequest(bool quiet);

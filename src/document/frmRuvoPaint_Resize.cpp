@@ -6,8 +6,8 @@
 namespace ruvo {
 
 // The picture that `make` gives becomes the picture. Pixels lie elsewhere then, so what masked an icon no longer fits.
-template <typename Make>
-void frmRuvoPaint::Private::takeResized(Make make) {
+void frmRuvoPaint::Private::takeResized(
+    const std::function<bool(const clsDIB&, clsDIB&, const Progress&)>& make) {
   const bool done = changePicture([&](clsDIB& picture) {
     const WaitCursor wait;
     const ProgressShown shown(link);
@@ -17,7 +17,7 @@ void frmRuvoPaint::Private::takeResized(Make make) {
     iconMask = {};
     return true;
   });
-  if (!done) tell(tr("Not enough memory to resize."));
+  if (!done) tellNoMemory();
   returnToOperationOfMode();
 }
 
