@@ -1,7 +1,6 @@
 // Colour reduction, colour counting and quality resizing beside ImageMagick on the same pixels, in one run. Both sides
 // use one thread and leave the source alone.
 #include <benchmark/benchmark.h>
-#include <wand/MagickWand.h>
 
 #include <cmath>
 #include <string>
@@ -10,6 +9,7 @@
 #include "image/basGDIProc.h"
 #include "image/clsPal.h"
 #include "image/clsPalDither.h"
+#include "magick_wand.h"
 #include "photograph.h"
 #include "platform/imaging/imaging_service.h"
 
@@ -27,19 +27,6 @@ const clsDIB& picture() {
 const clsDIB& largePicture() {
   static const clsDIB dib = bench::photograph(kLargeWidth, kLargeHeight);
   return dib;
-}
-
-MagickWand* wandOf(const clsDIB& dib) {
-  static const bool once = [] {
-    MagickWandGenesis();
-    MagickSetResourceLimit(ThreadResource, 1);
-    return true;
-  }();
-  benchmark::DoNotOptimize(once);
-  MagickWand* wand = NewMagickWand();
-  MagickConstituteImage(wand, static_cast<std::size_t>(dib.DIBWidth()), static_cast<std::size_t>(dib.DIBHeight()),
-                        "BGRP", CharPixel, dib.DIBBitsPtr());
-  return wand;
 }
 
 // Each round starts from a fresh copy, whose making is not measured.
@@ -61,7 +48,7 @@ BENCHMARK(reduceTo256Ours)->Unit(benchmark::kMillisecond);
 void reduceTo256Magick(benchmark::State& state) {
   for (auto _ : state) {
     state.PauseTiming();
-    MagickWand* wand = wandOf(picture());
+    MagickWand* wand = bench::wandOf(picture());
     state.ResumeTiming();
     MagickQuantizeImage(wand, 256, RGBColorspace, 0, MagickTrue, MagickFalse);
     state.PauseTiming();
@@ -127,7 +114,7 @@ double likeness(MagickWand* wand) {
 void resizeMagick(benchmark::State& state) {
   for (auto _ : state) {
     state.PauseTiming();
-    MagickWand* wand = wandOf(largePicture());
+    MagickWand* wand = bench::wandOf(largePicture());
     state.ResumeTiming();
     MagickResizeImage(wand, kSmallWidth, kSmallHeight, CatromFilter, 1.0);
     state.PauseTiming();

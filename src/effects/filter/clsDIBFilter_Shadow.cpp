@@ -33,12 +33,13 @@ class SoftRow {
  private:
   void average(int radius) {
     if (radius == 0) return;
-    const auto count = static_cast<std::uint32_t>(2 * radius + 1);
+    // A 32-bit fraction stands for the division by the number of pixels.
+    const std::uint64_t part = (std::uint64_t{1} << 32) / static_cast<std::uint64_t>(2 * radius + 1);
     std::uint32_t sum = 0;
     for (int x = 0; x < std::min(radius, length_); ++x) sum += values_[static_cast<std::size_t>(x)];
     for (int x = 0; x < length_; ++x) {
       if (x + radius < length_) sum += values_[static_cast<std::size_t>(x + radius)];
-      averages_[static_cast<std::size_t>(x)] = static_cast<std::uint16_t>((sum + count / 2) / count);
+      averages_[static_cast<std::size_t>(x)] = static_cast<std::uint16_t>((sum * part + (std::uint64_t{1} << 31)) >> 32);
       if (x >= radius) sum -= values_[static_cast<std::size_t>(x - radius)];
     }
     values_.swap(averages_);

@@ -4,6 +4,10 @@
 #include "effects/filter/clsDIBFilter.h"
 #include "effects/filter/pixel_walk.h"
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace ruvo {
 
 using namespace filter;
@@ -32,6 +36,19 @@ namespace {
 
 constexpr double kRedShare = 0.3, kGreenShare = 0.59, kBlueShare = 0.11;
 
+// So little work a pixel that memory sets the pace; it answers two streams sooner than one.
+void invert(std::uint32_t* row, int width) {
+  constexpr int kBlock = 16;
+  const int blocks = width / 2 / kBlock;
+  std::uint32_t* other = row + blocks * kBlock;
+  for (int block = 0; block < blocks; ++block) {
+    for (std::uint32_t* half : {row + block * kBlock, other + block * kBlock}) {
+      for (int x = 0; x < kBlock; ++x) half[x] ^= kColourBytes;
+    }
+  }
+  for (int x = 2 * blocks * kBlock; x < width; ++x) row[x] ^= kColourBytes;
+}
+
 // Grey by sums of fixed-point numbers. They are good enough to tell on which side of a half the sum in double lies, but
 // for the one pixel in a hundred whose sum is a half: there the double decides.
 class GreyTables {
@@ -58,6 +75,35 @@ class GreyTables {
   }
   std::array<std::uint32_t, 256> blue_, green_, red_;
 };
+
+// Turns the first pixels of a row to grey, four at a time, and says how many. In hundredths, and with a half added, the
+// sums are whole numbers of 16 bits: x 5243 / 2^19 is their division by 100, and one with no rest stood at a half.
+int greyByFours([[maybe_unused]] std::uint32_t* row, [[maybe_unused]] int width,
+                [[maybe_unused]] const GreyTables& tables) {
+  int x = 0;
+#ifdef __SSE2__
+  const __m128i lowBytes = _mm_set1_epi32(0xFF), redAndBlue = _mm_set1_epi32(0x00FF00FF);
+  const __m128i redAndBlueShares = _mm_set1_epi32(30 << 16 | 11), greenShare = _mm_set1_epi32(59);
+  const __m128i half = _mm_set1_epi32(50), hundred = _mm_set1_epi32(100), hundredth = _mm_set1_epi32(5243);
+  const __m128i byte3 = _mm_set1_epi32(static_cast<int>(~kColourBytes));
+  for (; x + 4 <= width; x += 4) {
+    auto* place = reinterpret_cast<__m128i*>(row + x);
+    const __m128i p = _mm_loadu_si128(place);
+    const __m128i green = _mm_and_si128(_mm_srli_epi32(p, 8), lowBytes);
+    const __m128i sum = _mm_add_epi32(_mm_add_epi32(_mm_madd_epi16(_mm_and_si128(p, redAndBlue), redAndBlueShares),
+                                                    _mm_madd_epi16(green, greenShare)),
+                                      half);
+    const __m128i grey = _mm_srli_epi32(_mm_mulhi_epu16(sum, hundredth), 3);
+    if (_mm_movemask_epi8(_mm_cmpeq_epi32(_mm_mullo_epi16(grey, hundred), sum)) != 0) {
+      for (std::uint32_t* one = row + x; one < row + x + 4; ++one) *one = recoloured(*one, tables.of(*one));
+    } else {
+      const __m128i greenAndRed = _mm_or_si128(_mm_slli_epi32(grey, 8), _mm_slli_epi32(grey, 16));
+      _mm_storeu_si128(place, _mm_or_si128(_mm_or_si128(_mm_and_si128(p, byte3), grey), greenAndRed));
+    }
+  }
+#endif
+  return x;
+}
 
 }  // namespace
 
@@ -96,6 +142,10 @@ bool clsDIBFilter::Fade(clsDIB& Target, int Percent, std::int64_t ExcludeColor) 
 }
 
 bool clsDIBFilter::Negative(clsDIB& Target, std::int64_t ExcludeColor) {
+  if (ExcludeColor < 0) {
+    if (!workable(Target)) return true;
+    return forRows(Target.DIBHeight(), [&](int y) { invert(words(Target.surface(), y), Target.DIBWidth()); });
+  }
   return tone(Target, ToneTables(byteTable([](int c) { return static_cast<std::uint8_t>(255 - c); })), ExcludeColor);
 }
 
@@ -111,8 +161,9 @@ bool clsDIBFilter::Grayscale(clsDIB& Target, std::int64_t ExcludeColor) {
   const GreyTables tables;
   const Exclusion exclusion(ExcludeColor);
   return forRows(Target.DIBHeight(), [&](int y) {
-    recolourRow(words(Target.surface(), y), 0, Target.DIBWidth(), exclusion,
-                [&](std::uint32_t p) { return tables.of(p); });
+    std::uint32_t* row = words(Target.surface(), y);
+    const int done = exclusion.none() ? greyByFours(row, Target.DIBWidth(), tables) : 0;
+    recolourRow(row, done, Target.DIBWidth(), exclusion, [&](std::uint32_t p) { return tables.of(p); });
   });
 }
 

@@ -83,6 +83,9 @@ TEST(clsDIBFilter, toneOfEachChannel) {
   EXPECT_EQ(faded(-50, {100}), (Levels{50}));
 
   EXPECT_EQ(rowAfter({0, 3, 255}, [](clsDIB& dib) { return plain.Negative(dib, grey(3)); }), (Levels{255, 3, 0}));
+  Levels wide, inverted;
+  for (int x = 0; x < 103; ++x) wide.push_back(x), inverted.push_back(255 - x);
+  EXPECT_EQ(rowAfter(wide, [](clsDIB& dib) { return plain.Negative(dib); }), inverted);
   EXPECT_EQ(rowAfter({0, 64, 255}, [](clsDIB& dib) { return plain.Gamma(dib, 2); }), (Levels{0, 128, 255}));
   EXPECT_EQ(rowAfter({5}, [](clsDIB& dib) { return plain.Gamma(dib, 0); }), (Levels{5}));
 
@@ -98,7 +101,7 @@ TEST(clsDIBFilter, greyAndColorizeAreTheDoublesForEveryKindOfPixel) {
   const auto pixel = [](int x, int y) {
     return Pixel32{static_cast<std::uint8_t>(x), static_cast<std::uint8_t>(y), static_cast<std::uint8_t>(x * 7 + y), 3};
   };
-  clsDIB dib = test::dibOf(256, 256, pixel);
+  clsDIB dib = test::dibOf(257, 256, pixel);  // one more than goes by fours
   plain.Grayscale(dib);
   EXPECT_EQ(test::farthest(&dib.surface(), [&](int x, int y) {
     const Pixel32 p = pixel(x, y);
