@@ -71,9 +71,8 @@ MagickBooleanType withColour(const char* name, const char* amount, const Use& us
   return done;
 }
 
-#define OURS(name, expression)                                                           \
-  BENCHMARK_CAPTURE(ours, name, [](clsDIBFilter& filter, clsDIB& dib) { expression; }) \
-      ->Unit(benchmark::kMillisecond)
+#define OURS(name, expression) \
+  BENCHMARK_CAPTURE(ours, name, [](clsDIBFilter& filter, clsDIB& dib) { expression; })->Unit(benchmark::kMillisecond)
 #define MAGICK(name, expression) \
   BENCHMARK_CAPTURE(magick, name, [](MagickWand* wand) { return expression; })->Unit(benchmark::kMillisecond)
 
@@ -86,9 +85,8 @@ MAGICK(negative, MagickNegateImage(wand, MagickFalse));
 OURS(greyscale, filter.Grayscale(dib));
 MAGICK(greyscale, MagickTransformImageColorspace(wand, GRAYColorspace));
 OURS(fade, filter.Fade(dib, 30));
-MAGICK(fade, withColour("white", "rgb(30%,30%,30%)", [wand](PixelWand* white, PixelWand* part) {
-         return MagickColorizeImage(wand, white, part);
-       }));
+MAGICK(fade, withColour("white", "rgb(30%,30%,30%)",
+                        [wand](PixelWand* white, PixelWand* part) { return MagickColorizeImage(wand, white, part); }));
 OURS(colourise, filter.Colorize(dib, rgb(255, 204, 128)));
 MAGICK(colourise, withColour("rgb(255,204,128)", "rgb(100%,100%,100%)", [wand](PixelWand* colour, PixelWand* part) {
          return MagickTintImage(wand, colour, part);
@@ -110,35 +108,44 @@ MAGICK(pixelate, static_cast<MagickBooleanType>(MagickSampleImage(wand, kWidth /
 
 // Turning with the square that holds the whole, whose making counts, against the smaller box of the others.
 void turnOurs(benchmark::State& state) {
-  ours(state, [](clsDIBFilter& filter, clsDIB& dib) {
-    clsDIB target;
-    const int side = rotatedSide(dib.size());
-    target.CreateBlankDIB(side, side, 32, kWhite);
-    filter.RotateDIB_To_DIB(dib, target, kAngle, true);
-  }, smallPicture);
+  ours(
+      state,
+      [](clsDIBFilter& filter, clsDIB& dib) {
+        clsDIB target;
+        const int side = rotatedSide(dib.size());
+        target.CreateBlankDIB(side, side, 32, kWhite);
+        filter.RotateDIB_To_DIB(dib, target, kAngle, true);
+      },
+      smallPicture);
 }
 BENCHMARK(turnOurs)->Unit(benchmark::kMillisecond);
 
 void turnMagick(benchmark::State& state) {
-  magick(state, [](MagickWand* wand) {
-    return withColour("white", "white",
-                      [wand](PixelWand* white, PixelWand*) { return MagickRotateImage(wand, white, kAngle); });
-  }, smallPicture);
+  magick(
+      state,
+      [](MagickWand* wand) {
+        return withColour("white", "white",
+                          [wand](PixelWand* white, PixelWand*) { return MagickRotateImage(wand, white, kAngle); });
+      },
+      smallPicture);
 }
 BENCHMARK(turnMagick)->Unit(benchmark::kMillisecond);
 
 // Its other way, with the same mapping as ours.
 void turnByPointsMagick(benchmark::State& state) {
-  magick(state, [](MagickWand* wand) {
-    return withColour("white", "white", [wand](PixelWand* white, PixelWand*) {
-      const double angle = kAngle;
-      MagickSetImageBackgroundColor(wand, white);
-      MagickSetImageVirtualPixelMethod(wand, BackgroundVirtualPixelMethod);
-      MagickSetImageInterpolateMethod(wand, BilinearInterpolatePixel);
-      MagickSetOption(wand, "filter", "point");
-      return MagickDistortImage(wand, ScaleRotateTranslateDistortion, 1, &angle, MagickTrue);
-    });
-  }, smallPicture);
+  magick(
+      state,
+      [](MagickWand* wand) {
+        return withColour("white", "white", [wand](PixelWand* white, PixelWand*) {
+          const double angle = kAngle;
+          MagickSetImageBackgroundColor(wand, white);
+          MagickSetImageVirtualPixelMethod(wand, BackgroundVirtualPixelMethod);
+          MagickSetImageInterpolateMethod(wand, BilinearInterpolatePixel);
+          MagickSetOption(wand, "filter", "point");
+          return MagickDistortImage(wand, ScaleRotateTranslateDistortion, 1, &angle, MagickTrue);
+        });
+      },
+      smallPicture);
 }
 BENCHMARK(turnByPointsMagick)->Unit(benchmark::kMillisecond);
 

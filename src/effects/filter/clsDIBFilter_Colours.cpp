@@ -61,11 +61,16 @@ bool clsDIBFilter::SwapElements(clsDIB& Target, Order NewOrder) {
     });
   };
   switch (NewOrder) {
-    case Order::RBG: return walk([](std::uint32_t p) { return filter::wordOf(greenIn(p), blueIn(p), redIn(p)); });
-    case Order::GRB: return walk([](std::uint32_t p) { return filter::wordOf(blueIn(p), redIn(p), greenIn(p)); });
-    case Order::GBR: return walk([](std::uint32_t p) { return filter::wordOf(redIn(p), blueIn(p), greenIn(p)); });
-    case Order::BRG: return walk([](std::uint32_t p) { return filter::wordOf(greenIn(p), redIn(p), blueIn(p)); });
-    case Order::BGR: return walk([](std::uint32_t p) { return filter::wordOf(redIn(p), greenIn(p), blueIn(p)); });
+    case Order::RBG:
+      return walk([](std::uint32_t p) { return filter::wordOf(greenIn(p), blueIn(p), redIn(p)); });
+    case Order::GRB:
+      return walk([](std::uint32_t p) { return filter::wordOf(blueIn(p), redIn(p), greenIn(p)); });
+    case Order::GBR:
+      return walk([](std::uint32_t p) { return filter::wordOf(redIn(p), blueIn(p), greenIn(p)); });
+    case Order::BRG:
+      return walk([](std::uint32_t p) { return filter::wordOf(greenIn(p), redIn(p), blueIn(p)); });
+    case Order::BGR:
+      return walk([](std::uint32_t p) { return filter::wordOf(redIn(p), greenIn(p), blueIn(p)); });
   }
   return true;
 }
@@ -77,9 +82,8 @@ bool clsDIBFilter::ColorTheme_RGB(clsDIB& Target, const RGBTheme& Theme) {
     return wordOf({mean + Theme.Red, mean + Theme.Green, mean + Theme.Blue});
   });
   return forRows(Target.DIBHeight(), [&](int y) {
-    recolourRow(words(Target.surface(), y), 0, Target.DIBWidth(), Exclusion(kExcludeNone), [&](std::uint32_t p) {
-      return Theme.SkipGreys && isGrey(p) ? p : table[sumOf(p)];
-    });
+    recolourRow(words(Target.surface(), y), 0, Target.DIBWidth(), Exclusion(kExcludeNone),
+                [&](std::uint32_t p) { return Theme.SkipGreys && isGrey(p) ? p : table[sumOf(p)]; });
   });
 }
 

@@ -21,7 +21,8 @@ void copyRow(RowCopy& to, const raster::Surface& surface, int memoryRow) {
 }
 
 // A fifth of the sums of five bytes, the fraction dropped: 13108 / 65536 is near enough for sums up to 5 x 255.
-void fifths(const std::uint8_t* below, const std::uint8_t* row, const std::uint8_t* above, std::uint8_t* out, int bytes) {
+void fifths(const std::uint8_t* below, const std::uint8_t* row, const std::uint8_t* above, std::uint8_t* out,
+            int bytes) {
   for (int i = 0; i < bytes; ++i) {
     const auto sum = static_cast<std::uint16_t>(row[i] + row[i - 4] + row[i + 4] + below[i] + above[i]);
     out[i] = static_cast<std::uint8_t>(static_cast<std::uint32_t>(sum) * 13108 >> 16);
@@ -57,8 +58,7 @@ bool clsDIBFilter::Sharpen(clsDIB& Target, float Weight, std::int64_t ExcludeCol
   if (!workable(Target)) return true;
   const double multiplier = Weight + 1.0f;
   // More than 255 either way makes no difference.
-  const DifferenceTable<int> steps(
-      [&](int d) { return roundToInt(std::clamp(d / 2.0 * multiplier, -256.0, 256.0)); });
+  const DifferenceTable<int> steps([&](int d) { return roundToInt(std::clamp(d / 2.0 * multiplier, -256.0, 256.0)); });
   const int width = Target.DIBWidth(), height = Target.DIBHeight();
   const Exclusion exclusion(ExcludeColor);
   return forRows(height, [&](int y) {
@@ -69,8 +69,8 @@ bool clsDIBFilter::Sharpen(clsDIB& Target, float Weight, std::int64_t ExcludeCol
       const auto channel = [&](std::uint32_t c, std::uint32_t n) {
         return clampToByte(static_cast<int>(c) + steps.of(c, n));
       };
-      const std::uint32_t sharp = wordOf(channel(blueIn(p), blueIn(left)), channel(greenIn(p), greenIn(left)),
-                                         channel(redIn(p), redIn(left)));
+      const std::uint32_t sharp =
+          wordOf(channel(blueIn(p), blueIn(left)), channel(greenIn(p), greenIn(left)), channel(redIn(p), redIn(left)));
       left = p;
       return sharp;
     });
@@ -89,9 +89,8 @@ bool clsDIBFilter::relief(clsDIB& Target, float Weight, int LevelB, int LevelG, 
   if (!workable(Target)) return true;
   // What each channel adds to the grey. The three products are summed in double, so that halves round as they did there.
   const auto tableOf = [&](double share, int level) {
-    return DifferenceTable<double>([&](int d) {
-      return share * roundToByte(std::abs(static_cast<double>(Weight) * d + level));
-    });
+    return DifferenceTable<double>(
+        [&](int d) { return share * roundToByte(std::abs(static_cast<double>(Weight) * d + level)); });
   };
   const auto blue = tableOf(0.1, LevelB), green = tableOf(0.7, LevelG), red = tableOf(0.2, LevelR);
   raster::Surface& surface = Target.surface();

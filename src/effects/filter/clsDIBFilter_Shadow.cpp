@@ -39,7 +39,8 @@ class SoftRow {
     for (int x = 0; x < std::min(radius, length_); ++x) sum += values_[static_cast<std::size_t>(x)];
     for (int x = 0; x < length_; ++x) {
       if (x + radius < length_) sum += values_[static_cast<std::size_t>(x + radius)];
-      averages_[static_cast<std::size_t>(x)] = static_cast<std::uint16_t>((sum * part + (std::uint64_t{1} << 31)) >> 32);
+      averages_[static_cast<std::size_t>(x)] =
+          static_cast<std::uint16_t>((sum * part + (std::uint64_t{1} << 31)) >> 32);
       if (x >= radius) sum -= values_[static_cast<std::size_t>(x - radius)];
     }
     values_.swap(averages_);

@@ -71,7 +71,8 @@ class GreyTables {
  private:
   static constexpr std::uint32_t kOne = 1 << 22;
   static std::uint32_t atHalf(std::uint32_t p) {
-    return static_cast<std::uint32_t>(quickRound(kRedShare * redIn(p) + kGreenShare * greenIn(p) + kBlueShare * blueIn(p)));
+    return static_cast<std::uint32_t>(
+        quickRound(kRedShare * redIn(p) + kGreenShare * greenIn(p) + kBlueShare * blueIn(p)));
   }
   std::array<std::uint32_t, 256> blue_, green_, red_;
 };

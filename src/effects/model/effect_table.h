@@ -15,8 +15,8 @@ std::span<const Effect> shapeEffects();    // bevel, perspective, slant, border,
 std::span<const Effect> drawnEffects();    // gradient, grid, cube, sphere
 
 // What many of them take last: a colour whose pixels stay as they are.
-inline constexpr EffectArgument kExclude = {
-    "exclude", "&Exclude colour", EffectValueKind::ColourOrNone, kNoColour, kWhite, kNoColour};
+inline constexpr EffectArgument kExclude = {"exclude", "&Exclude colour", EffectValueKind::ColourOrNone, kNoColour,
+                                            kWhite,    kNoColour};
 
 // Every effect, in the order in which help lists them.
 std::span<const Effect> effectTable();
@@ -27,9 +27,9 @@ const Effect* effectOf(std::string_view name);
 struct EffectItem {
   const char* control;  // "mnuEffectsSub"
   int index;
-  const char* parent;  // control of the row above, as in the menu table
-  const char* text;    // as shown; "-" is a separator, a parent of others has no effect
-  const char* window;  // name of the window that asks for the values; null runs the effect at once
+  const char* parent;                    // control of the row above, as in the menu table
+  const char* text;                      // as shown; "-" is a separator, a parent of others has no effect
+  const char* window;                    // name of the window that asks for the values; null runs the effect at once
   std::span<const char* const> effects;  // what it comes to, by name; a window of its own may offer several
   double value = 0;                      // without a window: of the first argument
 };

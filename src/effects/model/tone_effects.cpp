@@ -13,17 +13,15 @@ constexpr EffectArgument kSkipGreys = {"skip-greys", "Colorize &non-grayscaled p
 
 constexpr EffectArgument kBrighten[] = {{"percent", "&Brightness", Kind::Whole, 0, 400, 10, "%"}, kExclude};
 constexpr EffectArgument kDarken[] = {{"percent", "&Darkness", Kind::Whole, 0, 100, 10, "%"}, kExclude};
-constexpr EffectArgument kContrast[] = {{"factor", "&Contrast", Kind::Real, 0, 10, 1.2},
-                                        {"offset", "&Brightness", Kind::Whole, -255, 255, 0},
-                                        kExclude};
+constexpr EffectArgument kContrast[] = {
+    {"factor", "&Contrast", Kind::Real, 0, 10, 1.2}, {"offset", "&Brightness", Kind::Whole, -255, 255, 0}, kExclude};
 constexpr EffectArgument kGamma[] = {{"gamma", "&Gamma", Kind::Real, 0.1, 10, 1.5}, kExclude};
 constexpr EffectArgument kFade[] = {{"percent", "&Fade", Kind::Whole, 0, 100, 20, "%"}, kExclude};
 constexpr EffectArgument kExcludeOnly[] = {kExclude};
-constexpr EffectArgument kThemeHLS[] = {
-    {"hue", "&Hue (0 to 360)", Kind::Whole, -1, 360, 30, "(-1 keeps)"},
-    {"lumination", "&Lumination % of 240", Kind::Whole, -1, 240, -1, "(-1 keeps)"},
-    {"saturation", "&Saturation % of 240", Kind::Whole, -1, 240, 90, "(-1 keeps)"},
-    kSkipGreys};
+constexpr EffectArgument kThemeHLS[] = {{"hue", "&Hue (0 to 360)", Kind::Whole, -1, 360, 30, "(-1 keeps)"},
+                                        {"lumination", "&Lumination % of 240", Kind::Whole, -1, 240, -1, "(-1 keeps)"},
+                                        {"saturation", "&Saturation % of 240", Kind::Whole, -1, 240, 90, "(-1 keeps)"},
+                                        kSkipGreys};
 constexpr EffectArgument kThemeRGB[] = {{"red", "&Red", Kind::Whole, -255, 255, 40},
                                         {"green", "&Green", Kind::Whole, -255, 255, 0},
                                         {"blue", "&Blue", Kind::Whole, -255, 255, -40},
@@ -61,12 +59,10 @@ bool negative(clsDIB& picture, const EffectInput& input, const Progress& progres
   return clsDIBFilter(progress).Negative(picture, input.colourOrNone(0));
 }
 bool themeHLS(clsDIB& picture, const EffectInput& input, const Progress& progress) {
-  return clsDIBFilter(progress).ColorTheme_HLS(picture,
-                                               {input.real(0), input.real(1), input.real(2), input.on(3)});
+  return clsDIBFilter(progress).ColorTheme_HLS(picture, {input.real(0), input.real(1), input.real(2), input.on(3)});
 }
 bool themeRGB(clsDIB& picture, const EffectInput& input, const Progress& progress) {
-  return clsDIBFilter(progress).ColorTheme_RGB(picture,
-                                               {input.whole(0), input.whole(1), input.whole(2), input.on(3)});
+  return clsDIBFilter(progress).ColorTheme_RGB(picture, {input.whole(0), input.whole(1), input.whole(2), input.on(3)});
 }
 bool colorize(clsDIB& picture, const EffectInput& input, const Progress& progress) {
   return clsDIBFilter(progress).Colorize(picture, input.colour(0));

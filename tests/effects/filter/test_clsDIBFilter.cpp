@@ -103,19 +103,24 @@ TEST(clsDIBFilter, greyAndColorizeAreTheDoublesForEveryKindOfPixel) {
   };
   clsDIB dib = test::dibOf(257, 256, pixel);  // one more than goes by fours
   plain.Grayscale(dib);
-  EXPECT_EQ(test::farthest(&dib.surface(), [&](int x, int y) {
-    const Pixel32 p = pixel(x, y);
-    const auto level = static_cast<std::uint8_t>(roundToInt(0.3 * p.red + 0.59 * p.green + 0.11 * p.blue));
-    return Pixel32{level, level, level, 3};
-  }), 0);
+  EXPECT_EQ(test::farthest(&dib.surface(),
+                           [&](int x, int y) {
+                             const Pixel32 p = pixel(x, y);
+                             const auto level =
+                                 static_cast<std::uint8_t>(roundToInt(0.3 * p.red + 0.59 * p.green + 0.11 * p.blue));
+                             return Pixel32{level, level, level, 3};
+                           }),
+            0);
   dib = test::dibOf(256, 256, pixel);
   plain.Colorize(dib, rgb(200, 99, 1));
-  EXPECT_EQ(test::farthest(&dib.surface(), [&](int x, int y) {
-    const Pixel32 p = pixel(x, y);
-    const double bright = (p.red + p.green + p.blue) / 765.0;
-    const auto of = [&](int c) { return static_cast<std::uint8_t>(roundToInt(c * bright)); };
-    return Pixel32{of(1), of(99), of(200), 3};
-  }), 0);
+  EXPECT_EQ(test::farthest(&dib.surface(),
+                           [&](int x, int y) {
+                             const Pixel32 p = pixel(x, y);
+                             const double bright = (p.red + p.green + p.blue) / 765.0;
+                             const auto of = [&](int c) { return static_cast<std::uint8_t>(roundToInt(c * bright)); };
+                             return Pixel32{of(1), of(99), of(200), 3};
+                           }),
+            0);
 }
 
 TEST(clsDIBFilter, hueLuminationSaturation) {
@@ -195,8 +200,7 @@ TEST(clsDIBFilter, castWrapsRoundAndGivesItsLevelsAtTheEdge) {
 
 TEST(clsDIBFilter, reliefAndTileRepeat) {
   const auto textured = [](const Levels& relief) {
-    return rowAfter({100, 100, 100, 100, 100},
-                    [&](clsDIB& dib) { return plain.Texturize(dib, greys({relief})); });
+    return rowAfter({100, 100, 100, 100, 100}, [&](clsDIB& dib) { return plain.Texturize(dib, greys({relief})); });
   };
   // Half a step goes to the even one: 64 / 128 is 0, 192 / 128 is 2.
   EXPECT_EQ(textured({64, 65, 191, 192, 128}), (Levels{0, 37, 163, 255, 100}));

@@ -37,8 +37,8 @@ TEST(Rotation, angleZeroIsTheSamePicture) {
 }
 
 TEST(Rotation, quarterTurnsAreAnticlockwiseAndTheRestIsFilled) {
-  const test::Ink ink = {{'a', rgb(1, 0, 0)}, {'b', rgb(2, 0, 0)}, {'c', rgb(3, 0, 0)}, {'d', rgb(4, 0, 0)},
-                         {'.', rgb(0, 0, 9)}};
+  const test::Ink ink = {
+      {'a', rgb(1, 0, 0)}, {'b', rgb(2, 0, 0)}, {'c', rgb(3, 0, 0)}, {'d', rgb(4, 0, 0)}, {'.', rgb(0, 0, 9)}};
   const clsDIB source = test::dibOf({"abc", "d.."}, ink);
   for (const bool antialias : {false, true}) {
     const clsDIB result = turned(source, {6, 6}, 90, antialias, -1, rgb(0, 0, 9));
