@@ -7,7 +7,7 @@ namespace {
 
 using Topic = std::span<const Effect> (*)();
 // In the order of help.
-const std::vector<Topic> kTopics = {toneEffects, textureEffects};
+const std::vector<Topic> kTopics = {toneEffects, textureEffects, shapeEffects, drawnEffects};
 
 // What the items come to, by name.
 constexpr const char* kBrighten[] = {"brighten"};
@@ -27,6 +27,15 @@ constexpr const char* kPixelate[] = {"pixelate"};
 constexpr const char* kGrainize[] = {"grainize"};
 constexpr const char* kTexturize[] = {"texturize"};
 constexpr const char* kTile[] = {"tile"};
+constexpr const char* kBevel[] = {"bevel"};
+constexpr const char* kPerspective[] = {"perspective"};
+constexpr const char* kSlant[] = {"slant"};
+constexpr const char* kBorder[] = {"border"};
+constexpr const char* kShadow[] = {"shadow"};
+constexpr const char* kGradient[] = {"gradient"};
+constexpr const char* kGrid[] = {"grid"};
+constexpr const char* kCube[] = {"cube"};
+constexpr const char* kSphere[] = {"sphere"};
 
 constexpr const char* kMenu = "mnuEffects";
 constexpr const char* kSub = "mnuEffectsSub";
@@ -74,6 +83,16 @@ const std::vector<EffectItem> kItems = {
     asking(15, "Te&xturize ....", "frmRuvoTexturize", kTexturize),
     line(kSub, 16),
     asking(17, "Ti&le ....", "frmRuvoTile", kTile),
+    asking(18, "Be&vel ....", "frmRuvoBevel", kBevel),
+    asking(19, "Perspecti&ve ....", "frmRuvoPerspective", kPerspective),
+    asking(20, "S&lant ....", "frmRuvoSlant", kSlant),
+    asking(21, "Create &Border ....", "frmRuvoRegionOp", kBorder),
+    asking(22, "Add &Dropdown Shadow ....", "frmRuvoAddShadow", kShadow),
+    line(kSub, 23),
+    asking(24, "&Gradient ....", "frmRuvoGradient", kGradient),
+    asking(25, "Gr&id ....", "frmRuvoGrid", kGrid),
+    asking(26, "Add C&ube ....", "frmRuvoAddCube", kCube),
+    asking(27, "Add Sp&here ....", "frmRuvoAddSphere", kSphere),
 };
 
 }  // namespace
