@@ -98,7 +98,8 @@ constexpr EffectArgument kLightHeightRow = {"light-height", "Light &height", Kin
 constexpr EffectArgument kAmbientRow = {"ambient", "&Ambient light", Kind::Whole, 0, 100, 25, "%"};
 constexpr EffectArgument kGlossRow = {"gloss", "&Gloss", Kind::Whole, 0, 100, 50, "%"};
 constexpr EffectArgument kShadowRow = {"shadow", "Sha&dow", Kind::Whole, 0, 100, 60, "%"};
-constexpr EffectArgument kBackgroundRow = {"background", "&Background", Kind::ColourOrNone, kNoColour, kWhite, kNoColour};
+constexpr EffectArgument kBackgroundRow = {"background", "&Background", Kind::ColourOrNone,
+                                           kNoColour,    kWhite,        kNoColour};
 
 SolidLook solidLook(const EffectInput& input, std::size_t end) {
   SolidLook look;

@@ -31,7 +31,9 @@ bool liesOnPlainGround(const clsDIB& picture) {
 class Casts {
  public:
   explicit Casts(const clsDIB& picture)
-      : how_(picture.DIBhasAlpha() ? Opaque : liesOnPlainGround(picture) ? NotGround : All),
+      : how_(picture.DIBhasAlpha()        ? Opaque
+             : liesOnPlainGround(picture) ? NotGround
+                                          : All),
         ground_(*pixelRow(picture.surface(), 0)) {}
 
   bool operator()(Pixel32 p) const {

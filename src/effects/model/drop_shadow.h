@@ -12,7 +12,7 @@ struct DropShadow {
   int offsetY = 6;
   int softness = 8;  // pixels over which an edge fades
   Colour colour = kBlack;
-  double strength = 1;  // 0 to 1
+  double strength = 1;     // 0 to 1
   Colour ground = kWhite;  // on which the shadow of a whole picture falls
   // The picture becomes larger where the shadow leaves it; not beyond the limits of a picture.
   bool grow = true;

@@ -14,7 +14,8 @@ bool makeRoom(clsDIB& picture, const Room& room, Pixel32 fill) {
   if (!pictureSizeAllowed(width, height)) return true;
   if (width == picture.DIBWidth() && height == picture.DIBHeight()) return true;
   clsDIB larger;
-  if (!larger.CreateBlankDIB(static_cast<int>(width), static_cast<int>(height), 32, fill.colour(), picture.BottomUp())) {
+  if (!larger.CreateBlankDIB(static_cast<int>(width), static_cast<int>(height), 32, fill.colour(),
+                             picture.BottomUp())) {
     return false;
   }
   larger.setDIBhasAlpha(picture.DIBhasAlpha());
@@ -22,7 +23,8 @@ bool makeRoom(clsDIB& picture, const Room& room, Pixel32 fill) {
     Pixel32* row = pixelRow(larger.surface(), y);
     const int from = y - room.top;
     if (fill.alpha != 0) std::fill(row, row + width, fill);
-    if (from >= 0 && from < picture.DIBHeight()) std::copy_n(pixelRow(std::as_const(picture).surface(), from), picture.DIBWidth(), row + room.left);
+    if (from >= 0 && from < picture.DIBHeight())
+      std::copy_n(pixelRow(std::as_const(picture).surface(), from), picture.DIBWidth(), row + room.left);
   }
   picture = std::move(larger);
   return true;

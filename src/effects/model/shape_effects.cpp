@@ -133,7 +133,8 @@ constexpr Effect kEffects[] = {
      applyPerspective},
     {"slant", "Slant", "Leans the picture to one side", kSlantArguments, applySlant},
     {"border", "Create Border", "Puts a border around the picture or over its edges", kBorderArguments, applyBorder},
-    {"shadow", "Add Dropdown Shadow", "Throws a soft shadow under what the picture shows", kShadowArguments, applyShadow},
+    {"shadow", "Add Dropdown Shadow", "Throws a soft shadow under what the picture shows", kShadowArguments,
+     applyShadow},
 };
 
 }  // namespace
