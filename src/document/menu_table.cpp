@@ -27,9 +27,7 @@ constexpr unsigned kReducePicture = kNeedPicture | kNeedPaintMode;
 constexpr unsigned kEditRegion = kNeedPicture | kNeedRegion;
 constexpr unsigned kEditPaste = kNeedPicture | kNeedClipboard;
 
-constexpr const char* kEffectsMenu = "mnuEffects";
-
-// A row stands after the row that it hangs under.
+// A row stands after the row that it hangs under. The items of effectMenu() are added to theirs.
 constexpr MenuRow kRows[] = {
     // --- File
     bar("mnuFile", "&File", kScopeBoth),
@@ -206,9 +204,8 @@ constexpr MenuRow kRows[] = {
     item("mnuRotateSub", 3, "mnuRotate", "Turn &Right 90 Degree", kNeedPicture, kScopeDocument),
     bar("mnuText", "&Text", kScopeDocument),
     item("mnuTextSub", 0, "mnuText", "&Add Text ....", kEditPicture, kScopeDocument),
-    bar(kEffectsMenu, "Effe&cts", kScopeDocument),  // its items are those of effectMenu()
+    bar("mnuEffects", "Effe&cts", kScopeDocument),
     bar("mnuLayer", "&Layer", kScopeDocument),
-    item("mnuLayerSub", 0, "mnuLayer", "&Layer Operation ....", kEditPicture, kScopeDocument),
     bar("mnuResize", "Re&size", kScopeDocument),
     item("mnuResizeSub", 0, "mnuResize", "&Reset Size ....", kNeedPicture | kNeedPaintMode, kScopeDocument),
     line("mnuResizeSub", 1, "mnuResize", kScopeDocument),
@@ -271,12 +268,22 @@ MenuRow effectRow(const EffectItem& effect) {
   return item(effect.control, effect.index, effect.parent, effect.text, kNeedPicture, kScopeDocument);
 }
 
+// With the effects that hang under it, straight or under one another.
+void addWithEffects(std::vector<MenuRow>& rows, const MenuRow& row) {
+  rows.push_back(row);
+  for (const EffectItem& effect : effectMenu()) {
+    if (std::strcmp(effect.parent, row.control) == 0) addWithEffects(rows, effectRow(effect));
+  }
+}
+
 std::vector<MenuRow> allRows() {
   std::vector<MenuRow> rows;
   for (const MenuRow& row : kRows) {
-    rows.push_back(row);
-    if (std::strcmp(row.control, kEffectsMenu) != 0) continue;
-    for (const EffectItem& effect : effectMenu()) rows.push_back(effectRow(effect));
+    if (row.index < 0) {
+      addWithEffects(rows, row);
+    } else {
+      rows.push_back(row);
+    }
   }
   return rows;
 }

@@ -12,11 +12,18 @@ namespace ruvo {
 
 ArgumentWindow::ArgumentWindow(const QString& name, const Effect& effect, const EffectSubject& subject,
                                EffectHost& host, QWidget* parent)
-    : EffectWindow(name, tr(effect.title), subject, parent), effect_(effect), host_(host) {
+    : ArgumentWindow(name, effect, {effect.arguments.begin(), effect.arguments.end()}, subject, host, parent) {}
+
+ArgumentWindow::ArgumentWindow(const QString& name, const Effect& effect, std::vector<EffectArgument> arguments,
+                               const EffectSubject& subject, EffectHost& host, QWidget* parent)
+    : EffectWindow(name, tr(effect.title), subject, parent),
+      effect_(effect),
+      arguments_(std::move(arguments)),
+      host_(host) {
   auto* form = new QFormLayout;
   const auto last = host.remembered.find(name.toStdString());
-  entered_ = new EffectControls(effect.arguments,
-                                last == host.remembered.end() ? standardValues(effect) : last->second, host, form, this);
+  entered_ = new EffectControls(arguments_, last == host.remembered.end() ? standardValues(effect) : last->second, host,
+                                form, this);
   controls()->addLayout(form);
   controls()->addStretch();
   connect(entered_, &EffectControls::changed, this, &ArgumentWindow::choiceChanged);

@@ -13,14 +13,19 @@ class ArgumentWindow : public EffectWindow {
  public:
   ArgumentWindow(const QString& name, const Effect& effect, const EffectSubject& subject, EffectHost& host,
                  QWidget* parent);
+  // With arguments of the window's own, which are those of the effect in other ranges.
+  ArgumentWindow(const QString& name, const Effect& effect, std::vector<EffectArgument> arguments,
+                 const EffectSubject& subject, EffectHost& host, QWidget* parent);
   void accept() override;
 
  protected:
+  EffectControls& entered() const { return *entered_; }
   bool apply(clsDIB& picture, double scale, const Progress& progress) override;
   QString refusal() override;
 
  private:
   const Effect& effect_;
+  const std::vector<EffectArgument> arguments_;
   EffectHost& host_;
   EffectControls* entered_;
 };

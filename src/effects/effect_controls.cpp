@@ -33,7 +33,7 @@ QString controlNameOf(const char* prefix, const char* argument) {
 
 EffectControls::EffectControls(std::span<const EffectArgument> arguments, std::vector<EffectValue> values,
                                EffectHost& host, QFormLayout* form, QWidget* window)
-    : QObject(window), arguments_(arguments), values_(std::move(values)), host_(host), window_(window) {
+    : QObject(window), arguments_(arguments), values_(std::move(values)), host_(host), window_(window), show_(arguments.size()) {
   using Make = QWidget* (EffectControls::*)(std::size_t);
   const auto maker = [](EffectValueKind kind) -> Make {
     switch (kind) {
@@ -71,6 +71,8 @@ QWidget* EffectControls::number(std::size_t i) {
   const EffectArgument& argument = arguments_[i];
   const bool whole = argument.kind == EffectValueKind::Whole;
   const double steps = whole ? 1 : std::pow(10, kRealDecimals);
+  // What was entered for another picture may be out of range for this one.
+  values_[i].number = std::clamp(values_[i].number, argument.low, argument.high);
   auto* row = new QWidget(window_);
   auto* slider = new QSlider(Qt::Horizontal, row);
   slider->setObjectName(controlNameOf("hsr", argument.name));
@@ -92,6 +94,7 @@ QWidget* EffectControls::number(std::size_t i) {
     slider->setValue(qRound(value * steps));
     set(i, value);
   });
+  show_[i] = [field](double value) { field->setValue(value); };
   auto* layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(slider, 1);
@@ -171,6 +174,10 @@ QWidget* EffectControls::picture(std::size_t i) {
   layout->addWidget(load);
   layout->addWidget(size, 1);
   return row;
+}
+
+void EffectControls::setNumber(std::size_t i, double number) {
+  if (show_.at(i)) show_[i](number);
 }
 
 QString EffectControls::missingPicture() const {

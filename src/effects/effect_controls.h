@@ -24,6 +24,8 @@ class EffectControls : public QObject {
                  QFormLayout* form, QWidget* window);
 
   const std::vector<EffectValue>& values() const { return values_; }
+  // Shows another number in the control of argument `i`, as if it had been entered.
+  void setNumber(std::size_t i, double number);
   // Label of the first picture that is still to be chosen; empty when none is.
   QString missingPicture() const;
   // A colour picked on the sample goes to the colour that can be none; false when there is no such argument.
@@ -44,6 +46,7 @@ class EffectControls : public QObject {
   std::vector<EffectValue> values_;
   EffectHost& host_;
   QWidget* window_;
+  std::vector<std::function<void(double)>> show_;  // of each number
   std::function<void(Colour)> showPicked_;
 };
 

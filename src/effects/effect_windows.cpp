@@ -3,15 +3,25 @@
 #include <QHash>
 
 #include "effects/argument_window.h"
+#include "effects/frmRuvoLayerOp.h"
+#include "effects/frmRuvoTile.h"
 
 namespace ruvo {
 namespace {
 
 using Make = std::unique_ptr<EffectWindow> (*)(const EffectSubject& subject, EffectHost& host, QWidget* parent);
 
+template <typename Window>
+std::unique_ptr<EffectWindow> make(const EffectSubject& subject, EffectHost& host, QWidget* parent) {
+  return std::make_unique<Window>(subject, host, parent);
+}
+
 // Windows with controls of their own, by name. Every other effect has one made from its arguments.
 const QHash<QString, Make>& ownWindows() {
-  static const QHash<QString, Make> kWindows = {};
+  static const QHash<QString, Make> kWindows = {
+      {QStringLiteral("frmRuvoLayerOp"), make<frmRuvoLayerOp>},
+      {QStringLiteral("frmRuvoTile"), make<frmRuvoTile>},
+  };
   return kWindows;
 }
 

@@ -26,7 +26,9 @@ class SamplePanel : public QWidget {
 
   // The choices have changed. A sample that is quick to make is shown at once, a large one when the hand rests.
   void refresh();
-  const ucCanvasA& picture() const { return *picSample_; }
+  ucCanvasA& picture() const { return *picSample_; }
+  // Pixels of the sample for each of the picture.
+  double scale() const { return scale_; }
 
  Q_SIGNALS:
   // A right click on the sample; the colour of the picture itself at that place.
