@@ -7,7 +7,7 @@ namespace {
 
 using Topic = std::span<const Effect> (*)();
 // In the order of help.
-const std::vector<Topic> kTopics = {toneEffects, textureEffects, shapeEffects, drawnEffects};
+const std::vector<Topic> kTopics = {toneEffects, textureEffects, shapeEffects, drawnEffects, layerEffects};
 
 // What the items come to, by name.
 constexpr const char* kBrighten[] = {"brighten"};
@@ -36,6 +36,7 @@ constexpr const char* kGradient[] = {"gradient"};
 constexpr const char* kGrid[] = {"grid"};
 constexpr const char* kCube[] = {"cube"};
 constexpr const char* kSphere[] = {"sphere"};
+constexpr const char* kLayer[] = {"layer"};
 
 constexpr const char* kMenu = "mnuEffects";
 constexpr const char* kSub = "mnuEffectsSub";
@@ -93,6 +94,7 @@ const std::vector<EffectItem> kItems = {
     asking(25, "Gr&id ....", "frmRuvoGrid", kGrid),
     asking(26, "Add C&ube ....", "frmRuvoAddCube", kCube),
     asking(27, "Add Sp&here ....", "frmRuvoAddSphere", kSphere),
+    {"mnuLayerSub", 0, "mnuLayer", "&Layer Operation ....", "frmRuvoLayerOp", kLayer},
 };
 
 }  // namespace
