@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kRealDecimals = 2;
 constexpr int kSliderWidth = 130;
+constexpr int kFieldWidth = 104;
 
 QString labelOf(const EffectArgument& argument) {
   return QObject::tr(argument.label);
@@ -80,6 +81,7 @@ QWidget* EffectControls::number(std::size_t i) {
   slider->setMinimumWidth(kSliderWidth);
   auto* field = new QDoubleSpinBox(row);
   field->setObjectName(controlNameOf("txb", argument.name));
+  field->setMinimumWidth(kFieldWidth);
   field->setDecimals(whole ? 0 : kRealDecimals);
   field->setRange(argument.low, argument.high);
   field->setSingleStep(whole ? 1 : std::max(1 / steps, (argument.high - argument.low) / 100));

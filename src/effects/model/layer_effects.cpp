@@ -12,11 +12,11 @@ using enum EffectValueKind;
 constexpr const char* kPlaces[] = {"Over", "Under"};
 constexpr EffectArgument kLayerArguments[] = {
     {.name = "picture", .label = "Second picture", .kind = Picture},
-    {.name = "place", .label = "&Place", .kind = Choice, .choices = kPlaces},
+    {.name = "place", .label = "&Place", .kind = Choice, .high = 1, .choices = kPlaces},
     {.name = "left", .label = "L&eft", .kind = Whole, .low = -kMaxPictureSide, .high = kMaxPictureSide, .unit = "pixels"},
     {.name = "top", .label = "&Top", .kind = Whole, .low = -kMaxPictureSide, .high = kMaxPictureSide, .unit = "pixels"},
     {.name = "opacity", .label = "&Opacity", .kind = Whole, .low = 0, .high = 100, .standard = 100, .unit = "%"},
-    {.name = "transparent", .label = "T&ransparent color", .kind = ColourOrNone, .standard = kNoColour},
+    {.name = "transparent", .label = "T&ransparent color", .kind = ColourOrNone, .low = kNoColour, .high = kWhite, .standard = kNoColour},
 };
 
 // A sample takes a second picture that is reduced as it is itself.

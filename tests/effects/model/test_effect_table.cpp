@@ -74,7 +74,7 @@ TEST(EffectTable, valuesReachTheirOperation) {
 }
 
 TEST(EffectMenu, itemsHangUnderOthersAndTellTheirMnemonicsApart) {
-  std::set<std::string> controls = {"mnuEffects"}, places;
+  std::set<std::string> controls = {"mnuEffects", "mnuLayer"}, places;
   std::map<std::string, std::string> mnemonics;
   for (const EffectItem& item : effectMenu()) {
     EXPECT_TRUE(places.insert(item.control + std::to_string(item.index)).second) << item.text;
