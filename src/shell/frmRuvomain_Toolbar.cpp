@@ -46,11 +46,6 @@ const MenuRow* menuRow(const EditButton& button) {
   return nullptr;
 }
 
-bool isBuilt(const EditButton& button) {
-  const MenuRow* row = menuRow(button);
-  return row != nullptr && (row->needs & kNotBuilt) == 0;
-}
-
 QString withShortcut(const QString& tip, const QString& shortcut) {
   return shortcut.isEmpty() ? tip : tip + "  (" + shortcut + ")";
 }
@@ -207,7 +202,7 @@ void Toolbar::setEditButtons(const EditButtonState& state) {
                          : i < 5 ? state.region
                          : i < 7 ? state.paste
                                  : state.picture;
-    edit_[static_cast<std::size_t>(i)]->setEnabled(allowed && isBuilt(kEditButtons[static_cast<std::size_t>(i)]));
+    edit_[static_cast<std::size_t>(i)]->setEnabled(allowed);
   }
 }
 

@@ -69,12 +69,10 @@ TEST_F(Documents, ModesShowTheirFrameAndBringMagnificationOne) {
   EXPECT_TRUE(control("imgTools(0)").isEnabled());
 }
 
-TEST_F(Documents, ButtonsNeedADocumentAndWhatIsBuilt) {
+TEST_F(Documents, ButtonsNeedADocument) {
   for (int i = 0; i < 6; ++i) EXPECT_FALSE(control(QString("cmdZoom(%1)").arg(i)).isEnabled());
   window->setEditButtons({true, true, true, true, true});
-  for (int i = 0; i < 13; ++i) {
-    EXPECT_EQ(control(QString("cmdEditTB(%1)").arg(i)).isEnabled(), i <= 10) << i;
-  }
+  for (int i = 0; i < 13; ++i) EXPECT_TRUE(control(QString("cmdEditTB(%1)").arg(i)).isEnabled()) << i;
   window->MDI_disableAllButtonsOnToolBar();
   for (int i = 0; i < 13; ++i) EXPECT_FALSE(control(QString("cmdEditTB(%1)").arg(i)).isEnabled()) << i;
   openNew();
