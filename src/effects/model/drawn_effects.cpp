@@ -123,7 +123,7 @@ constexpr EffectArgument kCubeArguments[] = {
     colourRow(rgb(208, 52, 44)),
     {"turn", "&Turn", Kind::Whole, 0, 359, 35, "degrees"},
     {"tilt", "T&ilt", Kind::Whole, -90, 90, 25, "degrees"},
-    {"rounding", "&Rounded edges", Kind::Whole, 0, 100, 12, "%"},
+    {"rounding", "&Rounded edges", Kind::Whole, 0, 50, 12, "%"},
     kLightFromRow,
     kLightHeightRow,
     kAmbientRow,

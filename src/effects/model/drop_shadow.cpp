@@ -1,6 +1,10 @@
 #include "effects/model/drop_shadow.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <utility>
+#include <vector>
 
 #include "base/rounding.h"
 #include "effects/filter/clsDIBFilter.h"
@@ -45,6 +49,12 @@ class Casts {
     return how_ == Opaque ? Pixel32{} : how_ == NotGround ? ground_ : Pixel32::plain(wanted);
   }
 
+  bool hasGround() const { return how_ == NotGround; }
+  // How far a colour is from the ground's.
+  int fromGround(Pixel32 p) const {
+    return std::abs(p.blue - ground_.blue) + std::abs(p.green - ground_.green) + std::abs(p.red - ground_.red);
+  }
+
  private:
   enum How { Opaque, NotGround, All };
   How how_;
@@ -87,6 +97,67 @@ bool makeThings(const clsDIB& picture, const Rect& part, const Casts& casts, cls
   return true;
 }
 
+// Lays the shadow under the things of a picture. Things are black in `things` and shadows never are.
+class ShadowPaint {
+ public:
+  ShadowPaint(clsDIB& picture, const clsDIB& things, const DropShadow& shadow, const Casts& casts)
+      : picture_(picture), things_(things), casts_(casts), ink_(Pixel32::plain(shadow.colour)) {
+    for (std::size_t shown = 0; shown < share_.size(); ++shown) {
+      share_[shown] = shown == 0 ? 0 : (255 - static_cast<double>(shown)) / 255 * shadow.strength;
+    }
+  }
+
+  void row(int y) const {
+    Pixel32* row = pixelRow(picture_.surface(), y);
+    const Pixel32* shown = thingsRow(y);
+    for (int x = 0; x < picture_.DIBWidth(); ++x) {
+      if (shown[x].red == 0) continue;
+      const double share = share_[shown[x].red];
+      if (picture_.DIBhasAlpha()) {
+        Pixel32 under = ink_;
+        under.alpha = clampToByte(roundToInt(share * 255));
+        if (under.alpha > 0) row[x] = laidOver(under, row[x], row[x].alpha * kFullCover / 255, true);
+      } else {
+        row[x] = laidOver(row[x], ink_, coverOf(share), false);
+      }
+    }
+  }
+
+  // A smooth rim of a thing is part ground, and bright in the midst of the shadow unless that part is darkened too.
+  // `above`, `present` and `below` are the rows as they were.
+  void rims(int y, const Pixel32* above, const Pixel32* present, const Pixel32* below) const {
+    Pixel32* row = pixelRow(picture_.surface(), y);
+    const int width = picture_.DIBWidth();
+    const Pixel32* shown = thingsRow(y);
+    for (int x = 0; x < width; ++x) {
+      if (shown[x].red != 0) continue;
+      double share = 0;
+      int most = 0;
+      for (int dy = -1; dy <= 1; ++dy) {
+        const Pixel32* line = dy < 0 ? above : dy == 0 ? present : below;
+        if (!line) continue;
+        const Pixel32* lineShown = thingsRow(y + dy);
+        for (int nx = std::max(0, x - 1); nx <= std::min(width - 1, x + 1); ++nx) {
+          share = std::max(share, share_[lineShown[nx].red]);
+          most = std::max(most, casts_.fromGround(line[nx]));
+        }
+      }
+      if (share == 0) continue;
+      const double ground = 1 - static_cast<double>(casts_.fromGround(present[x])) / most;
+      row[x] = laidOver(row[x], ink_, coverOf(share * ground), false);
+    }
+  }
+
+ private:
+  const Pixel32* thingsRow(int y) const { return pixelRow(things_.surface(), y + 1) + 1; }
+
+  clsDIB& picture_;
+  const clsDIB& things_;
+  const Casts& casts_;
+  Pixel32 ink_;
+  std::array<double, 256> share_;
+};
+
 }  // namespace
 
 bool drawDropShadow(clsDIB& picture, const DropShadow& shadow, const Progress& progress) {
@@ -105,22 +176,21 @@ bool drawDropShadow(clsDIB& picture, const DropShadow& shadow, const Progress& p
       !clsDIBFilter(progress).AddShadow(things, shadow.offsetX, shadow.offsetY, shadow.softness, kBlack)) {
     return false;
   }
-  const Pixel32 ink = Pixel32::plain(shadow.colour);
-  const bool isAlpha = picture.DIBhasAlpha();
-  for (int y = 0; y < picture.DIBHeight(); ++y) {
-    Pixel32* row = pixelRow(picture.surface(), y);
-    const Pixel32* shown = pixelRow(std::as_const(things).surface(), y + 1) + 1;
-    for (int x = 0; x < picture.DIBWidth(); ++x) {
-      // A thing lies above every shadow.
-      if (shown[x].red == 255 || (part.contains(x, y) && casts(row[x]))) continue;
-      const double dark = (255 - shown[x].red) / 255.0 * shadow.strength;
-      if (isAlpha) {
-        Pixel32 under = ink;
-        under.alpha = clampToByte(roundToInt(dark * 255));
-        if (under.alpha > 0) row[x] = laidOver(under, row[x], row[x].alpha * kFullCover / 255, true);
-      } else {
-        row[x] = laidOver(row[x], ink, coverOf(dark), false);
-      }
+  const ShadowPaint paint(picture, things, shadow, casts);
+  const int width = picture.DIBWidth(), height = picture.DIBHeight();
+  std::vector<Pixel32> above, present, below;
+  const auto copyOf = [&](int y) {
+    const Pixel32* row = pixelRow(picture.surface(), y);
+    return std::vector<Pixel32>(row, row + width);
+  };
+  below = copyOf(0);
+  for (int y = 0; y < height; ++y) {
+    above.swap(present);
+    present.swap(below);
+    below = y + 1 < height ? copyOf(y + 1) : std::vector<Pixel32>();
+    paint.row(y);
+    if (casts.hasGround()) {
+      paint.rims(y, y > 0 ? above.data() : nullptr, present.data(), y + 1 < height ? below.data() : nullptr);
     }
   }
   return true;

@@ -16,7 +16,8 @@ SolidShading::SolidShading(const SolidLook& look, Vector3 up)
       own_(lightOf(look.colour)),
       ambient_(static_cast<float>(look.ambient)),
       gloss_(static_cast<float>(look.gloss)),
-      sharpness_(12 + 190 * gloss_ * gloss_) {}
+      sharpness_(12 + 190 * gloss_ * gloss_),
+      spotFrom_(std::pow(1 / 1024.0f, 1 / sharpness_)) {}
 
 Light SolidShading::seen(Vector3 facing, Vector3 view, Vector3 light, float open) const {
   const float towards = std::max(0.0f, dot(facing, light));
@@ -31,7 +32,8 @@ Light SolidShading::seen(Vector3 facing, Vector3 view, Vector3 light, float open
     const float heightOfMirrored = 2 * facingView * dot(facing, up_) - dot(view, up_);
     const float sky = smoothStep(-0.25f, 0.65f, heightOfMirrored) * (kSky - kGround) + kGround;
     const Vector3 half = unit(light + view);
-    const float spot = towards > 0 ? std::pow(std::max(0.0f, dot(facing, half)), sharpness_) : 0.0f;
+    const float near = dot(facing, half);
+    const float spot = near > spotFrom_ ? std::pow(near, sharpness_) : 0.0f;
     const float white = gloss_ * (mirrored * sky * open + 0.75f * spot * std::min(1.0f, towards * 6));
     sum = sum + Light{white, white, white};
   }

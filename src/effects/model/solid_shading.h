@@ -31,6 +31,7 @@ class SolidShading {
   float ambient_;
   float gloss_;
   float sharpness_;
+  float spotFrom_;  // farther from its middle the bright spot is too dark to be seen
 };
 
 // Darkens what lies under a shadow. `darkness` is 0 to 1, `grain` a threshold of kGrain.

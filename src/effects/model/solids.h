@@ -27,7 +27,7 @@ struct Cube {
   SolidLook look;
   double turn = 35;       // degrees around the upright axis
   double tilt = 25;       // degrees, -90 to 90: seen from above when positive, and only then is there a ground
-  double rounding = 0.1;  // how far from the edges the faces bend towards each other, of half a face
+  double rounding = 0.1;  // how far from the edges the faces bend towards each other, of half an edge, 0 to 0.5
 };
 
 struct Sphere {

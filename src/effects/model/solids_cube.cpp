@@ -32,9 +32,9 @@ struct Ground {
 // throws the upper face.
 class CubeShadow {
  public:
-  // `light` points to the light, in the frame of the cube; rounded corners throw a smaller shadow.
-  CubeShadow(Vector3 light, float bend) {
-    const float half = 1 - 0.35f * bend;
+  // `light` points to the light, in the frame of the cube. What is rounded is the figure of a smaller cube and a margin.
+  CubeShadow(Vector3 light, float bend) : margin_(0.7f * bend) {
+    const float half = 1 - bend;
     // Shadows of a low light would have no end.
     const float rise = std::max(light.y, 0.22f);
     throw_ = {-2 * light.x / rise, -2 * light.z / rise};
@@ -59,7 +59,7 @@ class CubeShadow {
       inside = std::max(inside, d);
       if (d > 0) outside2 += d * d;
     }
-    const float distance = inside > 0 ? std::sqrt(outside2) : inside;
+    const float distance = (inside > 0 ? std::sqrt(outside2) : inside) - margin_;
     const float along = thrown_ > 0.001f ? (p.x * throw_.x + p.z * throw_.z) / thrown_ : 0;
     const float soft = 0.03f + 0.13f * std::max(0.0f, along - 0.6f);
     return 1 - smoothStep(-soft, soft, distance);
@@ -69,6 +69,7 @@ class CubeShadow {
   struct Side {
     float nx, nz, reach;
   };
+  float margin_;
   Ground throw_{};
   float thrown_ = 0;
   std::vector<Side> sides_;
@@ -85,16 +86,16 @@ class CubeScene {
         bend_(std::max(kLeastBend, static_cast<float>(cube.rounding))),
         flat_(1 - bend_),
         cubeShadow_(inCube(light_), bend_),
+        cast_(0.85f * smoothStep(0, 0.3f, dot(light_, axes_[1]))),
         shadow_(static_cast<float>(cube.look.shadow)) {}
 
   struct Sight {
-    bool hit = false;
-    bool nearRim = false;  // the outline of the cube passes within about a pixel
+    float cover = 0;  // share of the pixel that the cube has, from one half on when the ray in its middle hits
     Light light;
   };
   // What the viewer sees there; `perPixel` is the side of a pixel.
   Sight look(float x, float y, float perPixel) const {
-    const Vector3 ray = unit(rayThrough(x, y));
+    const Vector3 ray = rayThrough(x, y);
     for (int axis = 0; axis < 3; ++axis) {
       const float from = part(viewer_, axis);
       if (std::abs(from) <= 1) continue;
@@ -103,13 +104,13 @@ class CubeScene {
       const Vector3 hit = viewer_ + ray * way;
       const auto within = [&](int other, float most) { return other == axis || std::abs(part(hit, other)) <= most; };
       if (!within(0, 1) || !within(1, 1) || !within(2, 1)) continue;
-      if (within(0, flat_) && within(1, flat_) && within(2, flat_)) return {true, false, shade(hit, past(hit))};
-      return lookAtRounding(hit, ray, perPixel);
+      if (within(0, flat_) && within(1, flat_) && within(2, flat_)) return {1, shade(hit, past(hit))};
+      return lookAtRounding(hit, unit(ray), perPixel);
     }
     return {};
   }
 
-  // Edges whose rounding is finer than the eye sees; others are found as rims.
+  // Whether the rounding is too fine to tell where the outline passes.
   bool sharp(float perPixel) const { return bend_ < 4 * perPixel; }
   bool castsShadow() const { return shadow_ > 0 && viewer_.y > -1; }
   float groundDarkness(float x, float y) const {
@@ -120,13 +121,12 @@ class CubeScene {
     const float distance2 = (place.x * place.x + place.z * place.z) / (kShadowReach * kShadowReach);
     if (distance2 >= 1) return 0;
     const float fade = (1 - distance2) * (1 - distance2);
-    const float lit = smoothStep(0, 0.3f, dot(light_, axes_[1]));
-    const float base = 1 - 0.7f * bend_;
+    const float base = 1 - 0.8f * bend_;
     const float besideX = std::max(0.0f, std::abs(place.x) - base);
     const float besideZ = std::max(0.0f, std::abs(place.z) - base);
     const float beside2 = besideX * besideX + besideZ * besideZ;
     const float contact = beside2 < 2.25f ? std::exp(-4.5f * std::sqrt(beside2)) : 0;
-    return shadow_ * (1 - (1 - 0.85f * lit * cubeShadow_.at(place) * fade) * (1 - 0.5f * contact));
+    return shadow_ * (1 - (1 - cast_ * cubeShadow_.at(place) * fade) * (1 - 0.5f * contact));
   }
 
   // The corners on the picture; bits 0 to 2 of the index tell the side along x, y and z.
@@ -163,23 +163,37 @@ class CubeScene {
     return {over(p.x), over(p.y), over(p.z)};
   }
 
+  // Cover of a pixel whose ray meets a rounding. How far off the outline passes follows from how steeply it does; where
+  // all the faces that meet there are seen, it passes elsewhere.
+  float coverBeside(Vector3 over, float steep, float perPixel) const {
+    bool allSeen = true;
+    for (int axis = 0; axis < 3; ++axis) {
+      const float side = part(over, axis);
+      allSeen = allSeen && (side == 0 || part(viewer_, axis) * std::copysign(1.0f, side) > 1);
+    }
+    return allSeen ? 1 : std::min(1.0f, 0.5f + bend_ * (1 - std::sqrt(1 - std::min(1.0f, steep * steep))) / perPixel);
+  }
+
   // On from where the ray meets the sharp cube. Each step is as long as nothing can be nearer.
   Sight lookAtRounding(Vector3 p, Vector3 ray, float perPixel) const {
     constexpr int kMostSteps = 40;
     const float closeEnough = 0.02f * perPixel;
-    float nearest = 1;
+    Vector3 nearest = p;
+    float nearestFree = 4;
     for (int i = 0; i < kMostSteps; ++i) {
       const Vector3 over = past(p);
-      const float free = lengthOf(over) - bend_;
+      const float away = lengthOf(over), free = away - bend_;
       if (free < closeEnough) {
-        const float facingViewer = -dot(over, ray) / std::max(bend_, 1e-4f);
-        return {true, facingViewer * facingViewer < 2.5f * perPixel / bend_, shade(p, over)};
+        return {coverBeside(over, dot(over, ray) / away, perPixel), shade(p, over)};
       }
-      nearest = std::min(nearest, free);
+      // A round body once left behind does not come back.
+      if (free > nearestFree) break;
+      nearest = p;
+      nearestFree = free;
       p = p + ray * free;
-      if (std::abs(p.x) > 1.01f || std::abs(p.y) > 1.01f || std::abs(p.z) > 1.01f) break;
     }
-    return {false, nearest < perPixel, {}};
+    if (nearestFree >= 0.5f * perPixel) return {};
+    return {0.5f - nearestFree / perPixel, shade(nearest, past(nearest))};
   }
 
   Light shade(Vector3 hit, Vector3 over) const {
@@ -198,6 +212,7 @@ class CubeScene {
   float bend_;
   float flat_;
   CubeShadow cubeShadow_;
+  float cast_;  // darkness of the shadow that the light throws; a light from below throws none
   float shadow_;
 };
 
@@ -216,7 +231,7 @@ class EdgePixels {
 
   void mark(int y, std::vector<std::uint8_t>& marks) const {
     std::ranges::fill(marks, std::uint8_t{0});
-    constexpr float kMargin = 0.5f;
+    constexpr float kMargin = 1.0f;
     const float top = static_cast<float>(y) - kMargin, bottom = static_cast<float>(y) + 1 + kMargin;
     for (Edge edge : edges_) {
       if (edge.a.y > edge.b.y) std::swap(edge.a, edge.b);
@@ -273,33 +288,28 @@ bool drawCube(clsDIB& picture, const Cube& cube, const Progress& progress) {
     for (int column = 0; column < width; ++column) {
       const float x = placeX(column, 0.5f);
       const int thisGrain = grain[column & 7];
-      Light light;
-      int hits = 0, samples = 1;
-      bool fine = marks[column] != 0;
-      if (!fine && std::abs(x) <= reach && std::abs(y) <= reach) {
-        const CubeScene::Sight sight = scene.look(x, y, perPixel);
-        fine = sight.nearRim;
-        hits = sight.hit;
-        light = sight.light;
-      }
-      if (fine) {
-        samples = kFine * kFine;
-        hits = 0;
-        light = {};
-        for (int i = 0; i < samples; ++i) {
+      CubeScene::Sight sight;
+      if (sharp && marks[column] != 0) {
+        constexpr int kSamples = kFine * kFine;
+        int hits = 0;
+        for (int i = 0; i < kSamples; ++i) {
           const auto within = [](int k) { return (static_cast<float>(k) + 0.5f) / kFine; };
-          const auto sight = scene.look(placeX(column, within(i % kFine)), placeY(within(i / kFine)), perPixel);
-          light = light + sight.light;
-          hits += sight.hit;
+          const auto part = scene.look(placeX(column, within(i % kFine)), placeY(within(i / kFine)), perPixel / kFine);
+          if (part.cover < 0.5f) continue;
+          sight.light = sight.light + part.light;
+          ++hits;
         }
+        sight.light = sight.light * (1 / static_cast<float>(std::max(1, hits)));
+        sight.cover = static_cast<float>(hits) / kSamples;
+      } else if (std::abs(x) <= reach && std::abs(y) <= reach) {
+        sight = scene.look(x, y, perPixel);
       }
-      if (hits < samples && scene.castsShadow()) {
+      if (sight.cover < 1 && scene.castsShadow()) {
         const float darkness = scene.groundDarkness(x, y);
         if (darkness > 0) row[column] = shaded(row[column], darkness, thisGrain, isAlpha);
       }
-      if (hits == 0) continue;
-      const Pixel32 paint = toPixel.pixel(light * (1 / static_cast<float>(hits)), thisGrain);
-      row[column] = laidOver(row[column], paint, kFullCover * hits / samples, isAlpha);
+      if (sight.cover <= 0) continue;
+      row[column] = laidOver(row[column], toPixel.pixel(sight.light, thisGrain), coverOf(sight.cover), isAlpha);
     }
   });
 }

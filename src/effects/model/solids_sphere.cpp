@@ -20,6 +20,7 @@ class SphereScene {
   explicit SphereScene(const SolidLook& look)
       : up_{0, static_cast<float>(std::cos(radiansOf(kLookDown))), static_cast<float>(std::sin(radiansOf(kLookDown)))},
         shading_(look, up_),
+        cast_(0.85f * smoothStep(0, 0.25f, dot(shading_.towardsLight(), up_))),
         shadow_(static_cast<float>(look.shadow)) {}
 
   // Where the viewer looks at the sphere; a little outside counts as its rim.
@@ -41,22 +42,21 @@ class SphereScene {
     const Vector3 light = shading_.towardsLight();
     const float along = -dot(place, light);
     float cast = 0;
-    if (along > 0 && dot(light, up_) > 0) {
+    if (along > 0 && cast_ > 0) {
       const float past = std::sqrt(std::max(0.0f, distance2 - along * along));
       const float soft = kSoftening * along;
-      cast = 1 - smoothStep(1 - soft, 1 + soft, past);
-      // A light near the ground throws a long, thin shadow.
-      cast *= smoothStep(0, 0.25f, dot(light, up_));
+      cast = past < 1 + soft ? cast_ * (1 - smoothStep(1 - soft, 1 + soft, past)) : 0;
     }
     const float fade = 1 - distance2 / (kShadowReach * kShadowReach);
     const float contact = 1 / (distance2 * std::sqrt(distance2));
-    return shadow_ * (1 - (1 - 0.85f * cast * fade) * (1 - 0.7f * contact * fade * fade));
+    return shadow_ * (1 - (1 - cast * fade) * (1 - 0.7f * contact * fade * fade));
   }
   bool castsShadow() const { return shadow_ > 0; }
 
  private:
   Vector3 up_;
   SolidShading shading_;
+  float cast_;  // darkness of the shadow that the light throws; a light from below throws none
   float shadow_;
 };
 
