@@ -1,6 +1,7 @@
 // Effects on the picture or on what a region holds.
 #include "document/frmRuvoPaint_Private.h"
 #include "effects/effect_windows.h"
+#include "effects/frmRuvoRotate.h"
 
 namespace ruvo {
 
@@ -35,6 +36,13 @@ void frmRuvoPaint::Private::runEffect(const EffectItem& item) {
     if (!item.window) return applyEffect(item, subject, result);
     const std::unique_ptr<EffectWindow> window = makeEffectWindow(item, subject, effectHost, link.window());
     return window && showEffectWindow(*window, result);
+  });
+}
+
+void frmRuvoPaint::Private::rotateByAngle() {
+  changeSubject([&](const EffectSubject& subject, clsDIB& result) {
+    frmRuvoRotate window(subject, link.window());
+    return showEffectWindow(window, result);
   });
 }
 

@@ -86,8 +86,9 @@ bool frmRuvoPaint::triggerMenu(const QString& control, int index) {
   return true;
 }
 
-// The quarter turns and flips; 0 mirrors left to right, 1 top to bottom, 2 turns left, 3 right.
+// The quarter turns and flips; 0 mirrors left to right, 1 top to bottom, 2 turns left, 3 right. 5 is any angle.
 void frmRuvoPaint::Do_mnuRotateSubClick(int index) {
+  if (index == 5) return d_->rotateByAngle();
   if (index < 0 || index > 3) return;
   // What a region holds floats on; it becomes a state when it is put down.
   if (d_->canvas->HasRegion()) return d_->canvas->doRotateOperation(index);

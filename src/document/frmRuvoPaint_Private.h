@@ -179,6 +179,7 @@ struct frmRuvoPaint::Private {
   void cropPerImageInsideRegion();
   void cleanse(bool onlyOutside);
   void runEffect(const EffectItem& item);
+  void rotateByAngle();
   bool showEffectWindow(EffectWindow& window, clsDIB& result);
   bool applyEffect(const EffectItem& item, const EffectSubject& subject, clsDIB& result);
   void tellNoMemory();

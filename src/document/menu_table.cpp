@@ -202,6 +202,8 @@ constexpr MenuRow kRows[] = {
     item("mnuRotateSub", 1, "mnuRotate", "Flip &Vertical", kNeedPicture, kScopeDocument),
     item("mnuRotateSub", 2, "mnuRotate", "Turn &Left 90 Degree", kNeedPicture, kScopeDocument),
     item("mnuRotateSub", 3, "mnuRotate", "Turn &Right 90 Degree", kNeedPicture, kScopeDocument),
+    line("mnuRotateSub", 4, "mnuRotate", kScopeDocument),
+    item("mnuRotateSub", 5, "mnuRotate", "Rotate At &Any Chosen Angle ....", kNeedPicture, kScopeDocument),
     bar("mnuText", "&Text", kScopeDocument),
     item("mnuTextSub", 0, "mnuText", "&Add Text ....", kEditPicture, kScopeDocument),
     bar("mnuEffects", "Effe&cts", kScopeDocument),

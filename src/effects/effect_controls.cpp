@@ -12,6 +12,7 @@
 
 #include "dialogs/color_button.h"
 #include "dialogs/named_controls.h"
+#include "effects/optional_colour.h"
 
 namespace ruvo {
 namespace {
@@ -39,8 +40,9 @@ EffectControls::EffectControls(std::span<const EffectArgument> arguments, std::v
   const auto maker = [](EffectValueKind kind) -> Make {
     switch (kind) {
       case EffectValueKind::PlainColour:
-      case EffectValueKind::ColourOrNone:
         return &EffectControls::colour;
+      case EffectValueKind::ColourOrNone:
+        return &EffectControls::optionalColour;
       case EffectValueKind::Choice:
         return &EffectControls::list;
       case EffectValueKind::Switch:
@@ -53,10 +55,14 @@ EffectControls::EffectControls(std::span<const EffectArgument> arguments, std::v
   };
   for (std::size_t i = 0; i < arguments_.size(); ++i) {
     QWidget* made = (this->*maker(arguments_[i].kind))(i);
-    if (arguments_[i].kind == EffectValueKind::Switch) {
+    const EffectValueKind kind = arguments_[i].kind;
+    // A check box carries the label itself.
+    if (kind == EffectValueKind::Switch || kind == EffectValueKind::ColourOrNone) {
       form->addRow(made);
     } else {
-      form->addRow(labelOf(arguments_[i]) + QStringLiteral(":"), made);
+      auto* label = new QLabel(labelOf(arguments_[i]) + QStringLiteral(":"), window);
+      label->setBuddy(made->focusProxy() ? made->focusProxy() : made);
+      form->addRow(label, made);
     }
   }
 }
@@ -106,37 +112,24 @@ QWidget* EffectControls::number(std::size_t i) {
 }
 
 QWidget* EffectControls::colour(std::size_t i) {
-  const EffectArgument& argument = arguments_[i];
-  const bool optional = argument.kind == EffectValueKind::ColourOrNone;
-  const bool none = values_[i].number < 0;
   auto* row = new QWidget(window_);
-  auto* button = new ColorButton(controlNameOf("pic", argument.name),
-                                 none ? kWhite : static_cast<Colour>(values_[i].number), row);
+  auto* button =
+      new ColorButton(controlNameOf("pic", arguments_[i].name), static_cast<Colour>(values_[i].number), row);
+  connect(button, &ColorButton::colourChosen, this, [this, i](Colour colour) { set(i, colour); });
   auto* layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);
-  if (!optional) {
-    connect(button, &ColorButton::colourChosen, this, [this, i](Colour colour) { set(i, colour); });
-  } else {
-    auto* on = namedCheckBox(controlNameOf("ckb", argument.name), {}, row);
-    on->setChecked(!none);
-    button->setEnabled(!none);
-    const auto take = [this, i, on, button] {
-      button->setEnabled(on->isChecked());
-      set(i, on->isChecked() ? static_cast<double>(button->colour()) : kNoColour);
-    };
-    connect(on, &QCheckBox::toggled, this, take);
-    connect(button, &ColorButton::colourChosen, this, take);
-    showPicked_ = [on, button, take](Colour colour) {
-      button->setColour(colour);
-      on->setChecked(true);
-      take();
-    };
-    layout->addWidget(on);
-    row->setToolTip(tr("A right click on the sample takes the colour there"));
-  }
   layout->addWidget(button);
   layout->addStretch();
+  row->setFocusProxy(button);
   return row;
+}
+
+QWidget* EffectControls::optionalColour(std::size_t i) {
+  const char* name = arguments_[i].name;
+  pickable_ = new OptionalColour(controlNameOf("ckb", name), controlNameOf("pic", name), labelOf(arguments_[i]),
+                                 values_[i].number, kWhite, window_);
+  connect(pickable_, &OptionalColour::changed, this, [this, i, row = pickable_] { set(i, row->value()); });
+  return pickable_;
 }
 
 QWidget* EffectControls::list(std::size_t i) {
@@ -175,6 +168,7 @@ QWidget* EffectControls::picture(std::size_t i) {
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(load);
   layout->addWidget(size, 1);
+  row->setFocusProxy(load);
   return row;
 }
 
@@ -190,8 +184,8 @@ QString EffectControls::missingPicture() const {
 }
 
 bool EffectControls::takeColour(Colour colour) {
-  if (!showPicked_) return false;
-  showPicked_(colour);
+  if (!pickable_) return false;
+  pickable_->take(colour);
   return true;
 }
 

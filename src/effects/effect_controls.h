@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QObject>
-#include <functional>
 #include <span>
 #include <vector>
 
@@ -12,6 +11,8 @@ class QFormLayout;
 class QWidget;
 
 namespace ruvo {
+
+class OptionalColour;
 
 // Controls are named by kind and argument: "hsrLineWidth" and "txbLineWidth" for the number "line-width", "picX" for a
 // colour ("ckbX" before it where it can be none), "cboX" for a list, "ckbX" for a switch, "cmdX" for a picture.
@@ -38,6 +39,7 @@ class EffectControls : public QObject {
   void set(std::size_t i, double number);
   QWidget* number(std::size_t i);
   QWidget* colour(std::size_t i);
+  QWidget* optionalColour(std::size_t i);
   QWidget* list(std::size_t i);
   QWidget* check(std::size_t i);
   QWidget* picture(std::size_t i);
@@ -47,7 +49,7 @@ class EffectControls : public QObject {
   EffectHost& host_;
   QWidget* window_;
   std::vector<std::function<void(double)>> show_;  // of each number
-  std::function<void(Colour)> showPicked_;
+  OptionalColour* pickable_ = nullptr;  // what a colour picked on the sample goes to
 };
 
 // "line-width" with "hsr" is "hsrLineWidth".

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -81,9 +82,12 @@ bool EffectWindow::runOnCopy(clsDIB& work) {
   };
   progress.stop = [this] { return stopped_; };
   stopped_ = false;
+  // A control that is disabled loses the focus.
+  const QPointer<QWidget> focus = focusWidget();
   setRunning(true);
   const bool done = apply(work, 1, progress);
   setRunning(false);
+  if (focus) focus->setFocus();
   return done && !stopped_;
 }
 
@@ -94,6 +98,8 @@ void EffectWindow::accept() {
     desktop.message(this, why, desktop::Icon::Exclamation);
     return;
   }
+  if (!changesAnything()) return QDialog::reject();
+  if (!confirm()) return;
   clsDIB work;
   const bool copied = clsDIB::CloneDIB(subject_.picture, work, kWhite, subject_.picture.BottomUp());
   const bool done = copied && runOnCopy(work);

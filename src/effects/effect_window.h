@@ -32,6 +32,10 @@ class EffectWindow : public QDialog {
   virtual bool apply(clsDIB& picture, double scale, const Progress& progress) = 0;
   // Why the choices can not be taken; empty when they can.
   virtual QString refusal() { return {}; }
+  // Asks what has to be asked before the run; false ends it, and the choices can be changed.
+  virtual bool confirm() { return true; }
+  // False leaves the picture as it is at Proceed, as Cancel does.
+  virtual bool changesAnything() const { return true; }
 
   const EffectSubject& subject() const { return subject_; }
   // Where the window's own controls go, above the progress bar and the buttons.

@@ -1,9 +1,15 @@
 #include "effects/effect_windows.h"
 
 #include <QHash>
+#include <type_traits>
 
 #include "effects/argument_window.h"
+#include "effects/frmRuvoAdjEle.h"
+#include "effects/frmRuvoCast.h"
+#include "effects/frmRuvoColorTheme.h"
+#include "effects/frmRuvoContrast.h"
 #include "effects/frmRuvoLayerOp.h"
+#include "effects/frmRuvoSwapEle.h"
 #include "effects/frmRuvoTile.h"
 
 namespace ruvo {
@@ -13,14 +19,20 @@ using Make = std::unique_ptr<EffectWindow> (*)(const EffectSubject& subject, Eff
 
 template <typename Window>
 std::unique_ptr<EffectWindow> make(const EffectSubject& subject, EffectHost& host, QWidget* parent) {
-  return std::make_unique<Window>(subject, host, parent);
+  if constexpr (std::is_constructible_v<Window, const EffectSubject&, QWidget*>) {
+    return std::make_unique<Window>(subject, parent);
+  } else {
+    return std::make_unique<Window>(subject, host, parent);
+  }
 }
 
 // Windows with controls of their own, by name. Every other effect has one made from its arguments.
 const QHash<QString, Make>& ownWindows() {
   static const QHash<QString, Make> kWindows = {
-      {QStringLiteral("frmRuvoLayerOp"), make<frmRuvoLayerOp>},
-      {QStringLiteral("frmRuvoTile"), make<frmRuvoTile>},
+      {"frmRuvoContrast", make<frmRuvoContrast>}, {"frmRuvoColorTheme", make<frmRuvoColorTheme>},
+      {"frmRuvoAdjEle", make<frmRuvoAdjEle>},     {"frmRuvoSwapEle", make<frmRuvoSwapEle>},
+      {"frmRuvoCast", make<frmRuvoCast>},         {"frmRuvoLayerOp", make<frmRuvoLayerOp>},
+      {"frmRuvoTile", make<frmRuvoTile>},
   };
   return kWindows;
 }

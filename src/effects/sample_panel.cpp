@@ -57,6 +57,7 @@ void SamplePanel::resizeEvent(QResizeEvent* event) {
 }
 
 void SamplePanel::prepare() {
+  prepared_ = true;
   const qreal ratio = picSample_->devicePixelRatioF();
   const Size room{qRound(picSample_->width() * ratio) - kFrame, qRound(picSample_->height() * ratio) - kFrame};
   int x = 0, y = 0, width = 0, height = 0;
@@ -76,6 +77,7 @@ void SamplePanel::prepare() {
 }
 
 void SamplePanel::refresh() {
+  if (!prepared_) return;
   const clsDIB& source = reduced_.empty() ? subject_ : reduced_;
   const std::int64_t pixels = static_cast<std::int64_t>(source.DIBWidth()) * source.DIBHeight();
   if (pixels > kQuickPixels) return later_.start();
@@ -99,6 +101,10 @@ void SamplePanel::show() {
 
 // A sample that has grown shows other places than the picture has.
 void SamplePanel::pick(int x, int y) {
+  if (pickSeen_) {
+    if (const auto colour = picSample_->DIB_XY_Color(x, y)) Q_EMIT colourPicked(*colour);
+    return;
+  }
   const clsDIB& source = reduced_.empty() ? subject_ : reduced_;
   const raster::Surface& pixels = source.surface();
   if (picSample_->DIB().size() != source.size() || !pixels.bounds().contains(x, y)) return;

@@ -29,6 +29,8 @@ class SamplePanel : public QWidget {
   ucCanvasA& picture() const { return *picSample_; }
   // Pixels of the sample for each of the picture.
   double scale() const { return scale_; }
+  // Where the effect moves pixels a right click picks what is seen, not what the picture has at that place.
+  void pickWhatIsSeen() { pickSeen_ = true; }
 
  Q_SIGNALS:
   // A right click on the sample; the colour of the picture itself at that place.
@@ -49,6 +51,8 @@ class SamplePanel : public QWidget {
   QCheckBox* ckbShowFullSize_;
   clsDIB reduced_;  // the picture at the sample's size; empty when it is shown as it is
   double scale_ = 1;
+  bool prepared_ = false;
+  bool pickSeen_ = false;
   QTimer later_;
 };
 
