@@ -77,7 +77,7 @@ void frmRuvoRotate::addAngle() {
 
 void frmRuvoRotate::addColours() {
   auto* transparent = new OptionalColour("ckbTransparent", "picTransparent", tr("&Transparent color"), kNoColour,
-                                         clsDIB::GetTopPixelColor(subject().picture, true), this);
+                                         clsDIB::GetTopPixelColor(subject().picture, !subject().picture.BottomUp()), this);
   connect(transparent, &OptionalColour::changed, this, [this, transparent] {
     choices_.transparent = static_cast<std::int64_t>(transparent->value());
     choiceChanged();

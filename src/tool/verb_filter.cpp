@@ -1,30 +1,19 @@
 // Effects from the command line: the values of an effect's arguments as words.
-#include <charconv>
-#include <sstream>
+#include <cmath>
 
 #include "effects/model/effect_table.h"
 #include "tool/picture_input.h"
 #include "tool/picture_output.h"
+#include "tool/value_words.h"
 #include "tool/verbs.h"
 
 namespace ruvo::tool {
 namespace {
 
 constexpr std::string_view kNone = "none";
-constexpr std::size_t kColourDigits = 6;
 
-std::string numberText(double number) {
-  std::ostringstream text;
-  text << number;
-  return text.str();
-}
-
-std::string colourText(double number) {
-  if (number < 0) return std::string(kNone);
-  const auto colour = static_cast<Colour>(number);
-  char text[kColourDigits + 1];
-  std::snprintf(text, sizeof text, "%02X%02X%02X", redOf(colour), greenOf(colour), blueOf(colour));
-  return text;
+std::string colourOrNoneText(double number) {
+  return number < 0 ? std::string(kNone) : colourText(static_cast<Colour>(number));
 }
 
 // A choice as one word: "Left to right" is "left-to-right".
@@ -69,7 +58,7 @@ std::string standardText(const EffectArgument& argument) {
   switch (argument.kind) {
     case EffectValueKind::PlainColour:
     case EffectValueKind::ColourOrNone:
-      return colourText(argument.standard);
+      return colourOrNoneText(argument.standard);
     case EffectValueKind::Choice:
       return wordOf(argument.choices[static_cast<std::size_t>(argument.standard)]);
     default:
@@ -84,21 +73,6 @@ std::string argumentText(const EffectArgument& argument) {
   return text + '\n';
 }
 
-std::optional<double> realOf(std::string_view text) {
-  double value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return value;
-}
-
-std::optional<double> colourOf(std::string_view text) {
-  std::uint32_t value = 0;
-  if (text.starts_with('#')) text.remove_prefix(1);
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, 16);
-  if (error != std::errc() || end != text.data() + text.size() || text.size() != kColourDigits) return std::nullopt;
-  return rgb(static_cast<int>(value >> 16), static_cast<int>(value >> 8), static_cast<int>(value));
-}
-
 std::optional<double> choiceOf(const EffectArgument& argument, std::string_view text) {
   for (std::size_t i = 0; i < argument.choices.size(); ++i) {
     if (wordOf(argument.choices[i]) == text) return static_cast<double>(i);
@@ -111,16 +85,17 @@ std::optional<double> parseValue(const EffectArgument& argument, std::string_vie
   std::optional<double> value;
   switch (argument.kind) {
     case EffectValueKind::PlainColour:
-      return colourOf(text);
+      return parseColour(text);
     case EffectValueKind::ColourOrNone:
-      return text == kNone ? kNoColour : colourOf(text);
+      if (text == kNone) return kNoColour;
+      return parseColour(text);
     case EffectValueKind::Choice:
       return choiceOf(argument, text);
     case EffectValueKind::Switch:
-      value = realOf(text);
+      value = parseReal(text);
       return value == 0 || value == 1 ? value : std::nullopt;
     default:
-      value = realOf(text);
+      value = parseReal(text);
   }
   if (!value || !(*value >= argument.low && *value <= argument.high)) return std::nullopt;
   if (argument.kind == EffectValueKind::Whole && *value != std::floor(*value)) return std::nullopt;

@@ -76,6 +76,13 @@ constexpr OptionRow kResizeOptions[] = {
     {"--top", Number, "N", 0, kMostScreenSide, "move the frames down (a smaller screen: up)"},
 };
 
+constexpr OptionRow kRotateOptions[] = {
+    {"--antialias", Switch, "", 0, 0, "mix neighbouring pixels"},
+    {"--grow", Switch, "", 0, 0, "make OUT a square that shows the whole picture"},
+    {"--fill", Text, "RRGGBB", 0, 0, "the colour around the picture (FFFFFF)"},
+    {"--transparent", Text, "RRGGBB", 0, 0, "pixels of this colour become the fill colour"},
+};
+
 constexpr VerbRow kVerbs[] = {
     {"info",
      "FILE...",
@@ -116,6 +123,9 @@ constexpr VerbRow kVerbs[] = {
      "colour\n"
      "is RRGGBB, or none where the list says so. Lengths count pixels.\n\n",
      {}, filter, filterNames},
+    {"rotate", "ANGLE IN OUT", 3, 3, "Turn a picture by any angle",
+     "ANGLE is in degrees, -360 to 360; above 0 turns to the left. Without --grow OUT has the size of IN.\n",
+     kRotateOptions, rotate},
     {"exif list", "FILE", 1, 1, "List the camera data of a JPEG", "One line a tag.\n", {}, exifList},
     {"exif erase",
      "FILE BLOCK",

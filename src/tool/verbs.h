@@ -42,5 +42,6 @@ int gifCheck(const Arguments& arguments, Console& console);
 int gifReduce(const Arguments& arguments, Console& console);
 int filter(const Arguments& arguments, Console& console);
 std::string filterNames();  // a line for each, with its arguments
+int rotate(const Arguments& arguments, Console& console);
 
 }  // namespace ruvo::tool
