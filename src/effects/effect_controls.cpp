@@ -35,7 +35,12 @@ QString controlNameOf(const char* prefix, const char* argument) {
 
 EffectControls::EffectControls(std::span<const EffectArgument> arguments, std::vector<EffectValue> values,
                                EffectHost& host, QFormLayout* form, QWidget* window)
-    : QObject(window), arguments_(arguments), values_(std::move(values)), host_(host), window_(window), show_(arguments.size()) {
+    : QObject(window),
+      arguments_(arguments),
+      values_(std::move(values)),
+      host_(host),
+      window_(window),
+      show_(arguments.size()) {
   using Make = QWidget* (EffectControls::*)(std::size_t);
   const auto maker = [](EffectValueKind kind) -> Make {
     switch (kind) {
@@ -113,8 +118,7 @@ QWidget* EffectControls::number(std::size_t i) {
 
 QWidget* EffectControls::colour(std::size_t i) {
   auto* row = new QWidget(window_);
-  auto* button =
-      new ColorButton(controlNameOf("pic", arguments_[i].name), static_cast<Colour>(values_[i].number), row);
+  auto* button = new ColorButton(controlNameOf("pic", arguments_[i].name), static_cast<Colour>(values_[i].number), row);
   connect(button, &ColorButton::colourChosen, this, [this, i](Colour colour) { set(i, colour); });
   auto* layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -178,7 +182,8 @@ void EffectControls::setNumber(std::size_t i, double number) {
 
 QString EffectControls::missingPicture() const {
   for (std::size_t i = 0; i < arguments_.size(); ++i) {
-    if (arguments_[i].kind == EffectValueKind::Picture && !values_[i].picture) return labelOf(arguments_[i]).remove('&');
+    if (arguments_[i].kind == EffectValueKind::Picture && !values_[i].picture)
+      return labelOf(arguments_[i]).remove('&');
   }
   return {};
 }

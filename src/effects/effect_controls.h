@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -49,7 +50,7 @@ class EffectControls : public QObject {
   EffectHost& host_;
   QWidget* window_;
   std::vector<std::function<void(double)>> show_;  // of each number
-  OptionalColour* pickable_ = nullptr;  // what a colour picked on the sample goes to
+  OptionalColour* pickable_ = nullptr;             // what a colour picked on the sample goes to
 };
 
 // "line-width" with "hsr" is "hsrLineWidth".

@@ -23,8 +23,7 @@ class frmRuvoColorTheme : public EffectWindow {
   QString refusal() override;
 
  private:
-  NumberCombo* addNumber(class QFormLayout& form, const QString& text, NumberCombo* number,
-                         double ColorTheme::*member);
+  NumberCombo* addNumber(class QFormLayout& form, const QString& text, NumberCombo* number, double ColorTheme::*member);
   void addWays();
   void addColour();
   void showTheme();

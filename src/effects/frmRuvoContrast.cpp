@@ -111,8 +111,7 @@ void frmRuvoContrast::addProcess(ContrastProcess process, const QString& text, Q
   grid.addWidget(option, grid.rowCount(), kIndent, 1, kColumns);
 }
 
-NumberCombo* frmRuvoContrast::addNumber(ContrastProcess process, double ContrastChoices::*member,
-                                        NumberCombo* number) {
+NumberCombo* frmRuvoContrast::addNumber(ContrastProcess process, double ContrastChoices::*member, NumberCombo* number) {
   number->setValue(model_.choices().*member);
   numbers_.push_back({process, member, number});
   connect(number, &NumberCombo::valueChanged, this, [this, process, member](double value) {

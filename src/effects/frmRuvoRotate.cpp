@@ -76,8 +76,9 @@ void frmRuvoRotate::addAngle() {
 }
 
 void frmRuvoRotate::addColours() {
-  auto* transparent = new OptionalColour("ckbTransparent", "picTransparent", tr("&Transparent color"), kNoColour,
-                                         clsDIB::GetTopPixelColor(subject().picture, !subject().picture.BottomUp()), this);
+  auto* transparent =
+      new OptionalColour("ckbTransparent", "picTransparent", tr("&Transparent color"), kNoColour,
+                         clsDIB::GetTopPixelColor(subject().picture, !subject().picture.BottomUp()), this);
   connect(transparent, &OptionalColour::changed, this, [this, transparent] {
     choices_.transparent = static_cast<std::int64_t>(transparent->value());
     choiceChanged();
@@ -123,8 +124,8 @@ QString frmRuvoRotate::refusal() {
 
 bool frmRuvoRotate::confirm() {
   if (!choices_.grow || mayGrow()) return true;
-  return desktop::desktop().message(this, qt(rotationQuestion()), desktop::Icon::Question,
-                                    desktop::Buttons::YesNo) == desktop::Answer::Yes;
+  return desktop::desktop().message(this, qt(rotationQuestion()), desktop::Icon::Question, desktop::Buttons::YesNo) ==
+         desktop::Answer::Yes;
 }
 
 }  // namespace ruvo

@@ -20,8 +20,7 @@ frmRuvoSwapEle::frmRuvoSwapEle(const EffectSubject& subject, QWidget* parent)
   connect(cboSwap_, &QComboBox::currentIndexChanged, this, &frmRuvoSwapEle::choiceChanged);
   auto* label = new QLabel(tr("S&wap \"R.G.B.\" (current) with:"), this);
   label->setBuddy(cboSwap_);
-  auto* remark =
-      new QLabel(tr("(Remarks: If current image is of mono color, no change will take place)"), this);
+  auto* remark = new QLabel(tr("(Remarks: If current image is of mono color, no change will take place)"), this);
   remark->setWordWrap(true);
   controls()->addWidget(label);
   controls()->addWidget(cboSwap_);

@@ -71,7 +71,8 @@ void SamplePanel::prepare() {
   scale_ = static_cast<double>(width) / subject_.DIBWidth();
   if (!reduced_.CreateBlankDIB(width, height, 32, kWhite)) return;
   clsDIB seen;
-  const bool seeThrough = subject_.DIBhasAlpha() && seen.CreateBlankDIB(subject_.DIBWidth(), subject_.DIBHeight(), 32, kWhite);
+  const bool seeThrough =
+      subject_.DIBhasAlpha() && seen.CreateBlankDIB(subject_.DIBWidth(), subject_.DIBHeight(), 32, kWhite);
   if (seeThrough) clsDIB::Display_DIB_With_Alpha(subject_, seen.surface(), kWhite);
   clsDIB::StretchPaintFromDIBtoDIB(seeThrough ? seen : subject_, reduced_, true);
 }

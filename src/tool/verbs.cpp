@@ -118,11 +118,17 @@ constexpr VerbRow kVerbs[] = {
      "of\n"
      "256 entries, those that are not used black.\n",
      kPaletteOptions, palette},
-    {"filter", "NAME [VALUE...] IN OUT", 3, kAnyNumber, "Apply an effect to a picture",
+    {"filter",
+     "NAME [VALUE...] IN OUT",
+     3,
+     kAnyNumber,
+     "Apply an effect to a picture",
      "Values come in the order below, or as NAME=VALUE; those that are left out have the standard in brackets. A "
      "colour\n"
      "is RRGGBB, or none where the list says so. Lengths count pixels.\n\n",
-     {}, filter, filterNames},
+     {},
+     filter,
+     filterNames},
     {"rotate", "ANGLE IN OUT", 3, 3, "Turn a picture by any angle",
      "ANGLE is in degrees, -360 to 360; above 0 turns to the left. Without --grow OUT has the size of IN.\n",
      kRotateOptions, rotate},

@@ -82,7 +82,8 @@ TEST_F(DocumentEffects, ProceedIsOneStateAndCancelNone) {
 }
 
 TEST_F(DocumentEffects, CancelInTheMiddleOfARunLeavesThePicture) {
-  picture() = test::dibOf(2000, 1500, [](int x, int y) { return Pixel32::plain(rgb(x % 256, y % 256, (x ^ y) % 256)); });
+  picture() =
+      test::dibOf(2000, 1500, [](int x, int y) { return Pixel32::plain(rgb(x % 256, y % 256, (x ^ y) % 256)); });
   const clsDIB before = copyOf(picture());
   run("mnuEffectsSub", 0, "frmRuvoContrast", [](QWidget& window) {
     control<QComboBox>(window, "cboSoften")->setEditText("20");

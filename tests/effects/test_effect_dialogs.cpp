@@ -49,9 +49,9 @@ TEST_F(EffectWindowTest, ContrastShowsStepsAndTakesThemBack) {
   control<QComboBox>(window, "cboGamma")->setCurrentIndex(control<QComboBox>(window, "cboGamma")->findText("2"));
   pick(window, 1, 1);
   EXPECT_TRUE(same(sampleOf(window), filtered([&](clsDIB& dib) {
-                stepped(dib);
-                clsDIBFilter().Gamma(dib, 2, kWhite);
-              })));
+                     stepped(dib);
+                     clsDIBFilter().Gamma(dib, 2, kWhite);
+                   })));
   type(window, "cboGamma", "x");
   desktop.expect("Gamma takes a number from 0.1 to 10.");
   click(window, "cmdProceed");
@@ -118,8 +118,7 @@ TEST_F(EffectWindowTest, ElementsAreAdjustedOneByOneAndExchanged) {
   frmRuvoSwapEle swap({picture}, nullptr);
   show(swap);
   control<QComboBox>(swap, "cboSwap")->setCurrentIndex(2);
-  const clsDIB swapped =
-      filtered([](clsDIB& dib) { clsDIBFilter().SwapElements(dib, clsDIBFilter::Order::GBR); });
+  const clsDIB swapped = filtered([](clsDIB& dib) { clsDIBFilter().SwapElements(dib, clsDIBFilter::Order::GBR); });
   EXPECT_TRUE(same(sampleOf(swap), swapped));
   EXPECT_TRUE(same(proceed(swap), swapped));
 }
@@ -130,16 +129,16 @@ TEST_F(EffectWindowTest, ColorThemeGivesHueOrTint) {
   type(window, "cboHue", "200");
   control<QComboBox>(window, "cboSaturation")->setCurrentIndex(0);
   click(window, "ckbColorizeNonGray");
-  EXPECT_TRUE(same(sampleOf(window),
-                   filtered([](clsDIB& dib) { clsDIBFilter().ColorTheme_HLS(dib, {200, -1, -1, true}); })));
+  EXPECT_TRUE(same(sampleOf(window), filtered([](clsDIB& dib) {
+                     clsDIBFilter().ColorTheme_HLS(dib, {200, -1, -1, true});
+                   })));
   desktop.expectColor(QColor(0, 255, 0));
   QTest::mouseClick(control<ColorButton>(window, "picColorTheme"), Qt::LeftButton);
   EXPECT_EQ(control<QComboBox>(window, "cboHue")->currentText(), "120");
   EXPECT_EQ(control<QLabel>(window, "lblRGB")->text(), "0, 255, 0");
   EXPECT_EQ(control(window, "cmdUseRGB")->toolTip(), "As an alternative, but less satisfatory");
   click(window, "cmdUseRGB");
-  const clsDIB tinted =
-      filtered([](clsDIB& dib) { clsDIBFilter().ColorTheme_RGB(dib, {-85, 170, -85, true}); });
+  const clsDIB tinted = filtered([](clsDIB& dib) { clsDIBFilter().ColorTheme_RGB(dib, {-85, 170, -85, true}); });
   EXPECT_TRUE(same(sampleOf(window), tinted));
   type(window, "cboLumination", "241");
   desktop.expect("Lumination takes a whole number from 0 to 240.");

@@ -1,8 +1,8 @@
 #include <QTimer>
 
+#include "effect_fixture.h"
 #include "effects/argument_window.h"
 #include "effects/model/effect_table.h"
-#include "effect_fixture.h"
 
 namespace ruvo {
 namespace {
@@ -30,8 +30,8 @@ class ManyValues {
  public:
   static constexpr const char* kChoices[] = {"None", "Half"};
   static bool apply(clsDIB& picture, const EffectInput& input, const Progress&) {
-    seen = {input.real(0), input.real(1), static_cast<double>(input.colour(2)), input.real(3), input.real(4),
-            input.real(5)};
+    seen = {input.real(0), input.real(1), static_cast<double>(input.colour(2)),
+            input.real(3), input.real(4), input.real(5)};
     keepSize = input.keepSize;
     scale = input.scale;
     clsDIB::ColorBackGroundDIB(picture, input.colour(2));
@@ -55,7 +55,7 @@ TEST_F(EffectWindowTest, CancelEndsARunAndThenTheWindow) {
   const clsDIB before = copyOf(picture);
   show(window);
   for (const auto& end : {std::function<void()>([&] { click(window, "cmdCancel"); }),
-                         std::function<void()>([&] { QTest::keyClick(&window, Qt::Key_Escape); })}) {
+                          std::function<void()>([&] { QTest::keyClick(&window, Qt::Key_Escape); })}) {
     QTimer::singleShot(0, &window, [&] {
       EXPECT_FALSE(control(window, "cmdProceed")->isEnabled());
       window.accept();

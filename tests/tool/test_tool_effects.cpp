@@ -73,8 +73,8 @@ TEST_F(ToolEffects, RotatesAsTheFilterDoes) {
     clsDIB turned = test::plainDib(size.width, size.height, fill);
     clsDIBFilter().RotateDIB_To_DIB(in, turned, angle, antialias, transparent, fill);
     std::string text = std::to_string(size.width) + 'x' + std::to_string(size.height) + ' ';
-    for (const std::string& row : test::rowsOf(turned, {{'#', kBlack}, {'.', kWhite}, {'r', rgb(255, 0, 0)},
-                                                     {'G', rgb(0, 255, 0)}}))
+    for (const std::string& row :
+         test::rowsOf(turned, {{'#', kBlack}, {'.', kWhite}, {'r', rgb(255, 0, 0)}, {'G', rgb(0, 255, 0)}}))
       text += row;
     return text;
   };

@@ -10,11 +10,11 @@ enum class ContrastProcess { Contrast, Gamma, Soften, Sharpen, Fade };
 
 struct ContrastChoices {
   ContrastProcess process = ContrastProcess::Contrast;
-  double contrast = 0;    // percent, -100 to 100; 0 leaves it as it is
-  double brightness = 0;  // the same
-  double gamma = 1;       // 0.1 to 10; 1 leaves it as it is
-  double soften = 1;      // times, 1 to 20
-  double sharpen = 1;     // the same
+  double contrast = 0;       // percent, -100 to 100; 0 leaves it as it is
+  double brightness = 0;     // the same
+  double gamma = 1;          // 0.1 to 10; 1 leaves it as it is
+  double soften = 1;         // times, 1 to 20
+  double sharpen = 1;        // the same
   double sharpenWeight = 1;  // 0 to 20
   double fade = 10;          // percent, 0 to 100
   double exclude = kNoColour;

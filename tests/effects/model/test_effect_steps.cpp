@@ -13,9 +13,8 @@ namespace {
 using enum ContrastProcess;
 
 clsDIB photo() {
-  return test::dibOf(9, 7, [](int x, int y) {
-    return Pixel32::plain(rgb(20 * x + 3 * y, 250 - 25 * y, (x * y * 37) % 256));
-  });
+  return test::dibOf(
+      9, 7, [](int x, int y) { return Pixel32::plain(rgb(20 * x + 3 * y, 250 - 25 * y, (x * y * 37) % 256)); });
 }
 bool same(const clsDIB& a, const clsDIB& b) {
   return a.size() == b.size() &&
