@@ -56,19 +56,28 @@ struct End {
   bool recedes;
 };
 
-// Walks `room` pixels at most from `at` by `along`; `side` leads across the edge, whose brightness is twice the mean of
-// both sides.
-End endOf(const std::uint8_t* at, int along, int side, int room, int edge, int enough) {
-  const bool darker = 2 * *at < edge;
+// Walks `room` pixels at most from `at` by `along`; `side` leads across the edge, which stays one while the near line is
+// on the pixel's side of the middle between both and the far line is not.
+End endOf(const std::uint8_t* at, int along, int side, int room) {
+  const int middle = at[0] + at[side];
+  const bool darker = 2 * at[0] < middle;
+  const auto own = [=](int brightness) { return (2 * brightness < middle) == darker; };
   const int most = std::min(room, kFarthest);
   for (int step = 1; step <= most; ++step) {
     at += along;
-    const int difference = at[0] + at[side] - edge;
-    if (2 * std::abs(difference) < enough) continue;
+    if (own(at[0]) && !own(at[side])) continue;
     // Where the next line goes back too it is a corner that is meant.
-    return {step - 0.5, (difference < 0) != darker && (2 * at[-side] < edge) == darker};
+    return {step - 0.5, !own(at[0]) && own(at[-side])};
   }
   return {kFarthest, false};
+}
+
+// What a straight edge would leave of the pixel to its neighbour at `side`, 0 to 0.5.
+double partOf(const std::uint8_t* at, int along, int side, int roomBack, int roomForth) {
+  if (std::abs(at[side] - at[0]) < kFaintest) return 0;
+  const End back = endOf(at, -along, side, roomBack), forth = endOf(at, along, side, roomForth);
+  const End& nearest = back.distance < forth.distance ? back : forth;
+  return nearest.recedes ? 0.5 - nearest.distance / (back.distance + forth.distance) : 0;
 }
 
 // How far the picture goes on in each direction.
@@ -83,21 +92,15 @@ Share shareOf(const std::uint8_t* at, int stride, const Room& room) {
   const int nw = at[stride - 1], ne = at[stride + 1], sw = at[-stride - 1], se = at[-stride + 1];
   const int level = std::abs(nw + sw - 2 * w) + 2 * std::abs(n + s - 2 * m) + std::abs(ne + se - 2 * e);
   const int upright = std::abs(nw + ne - 2 * n) + 2 * std::abs(w + e - 2 * m) + std::abs(sw + se - 2 * s);
-  const bool isLevel = level >= upright;
-  const int before = isLevel ? s : w, after = isLevel ? n : e;
-  const bool isAfter = std::abs(after - m) >= std::abs(before - m);
-  const int step = std::abs((isAfter ? after : before) - m);
-  if (step < kFaintest) return {};
-  const int across = isLevel ? stride : 1, along = isLevel ? 1 : stride;
-  const int side = isAfter ? across : -across;
-  const int edge = m + at[side];
-  const End back = endOf(at, -along, side, isLevel ? room.left : room.down, edge, step);
-  const End forth = endOf(at, along, side, isLevel ? room.right : room.up, edge, step);
-  const End& nearest = back.distance < forth.distance ? back : forth;
-  if (!nearest.recedes) return {};
-  const double part = 0.5 - nearest.distance / (back.distance + forth.distance);
-  const int sign = isAfter ? 1 : -1;
-  return {part, isLevel ? 0 : sign, isLevel ? sign : 0};
+  // A thin line has an edge on both sides.
+  if (level >= upright) {
+    const double below = partOf(at, 1, -stride, room.left, room.right);
+    const double above = partOf(at, 1, stride, room.left, room.right);
+    return above >= below ? Share{above, 0, 1} : Share{below, 0, -1};
+  }
+  const double left = partOf(at, stride, -1, room.down, room.up);
+  const double right = partOf(at, stride, 1, room.down, room.up);
+  return right >= left ? Share{right, 1, 0} : Share{left, -1, 0};
 }
 
 std::uint32_t mixed(std::uint32_t p, std::uint32_t q, double part) {

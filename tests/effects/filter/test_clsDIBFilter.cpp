@@ -276,6 +276,12 @@ TEST(clsDIBFilter, antialiasingFillsStepsAndNothingElse) {
   EXPECT_EQ((Levels{row.begin() + 4, row.begin() + 8}), (Levels{96, 32, 0, 0}));
   plain.doAntiAliasing(half, 50);
   EXPECT_EQ(greens(half, 1)[4], 48);
+  // A thin line passes gradually from one row to the next.
+  clsDIB line = test::dibOf({"........", "####....", "....####", "........"});
+  plain.doAntiAliasing(line, 100);
+  const Levels leaving = greens(line, 2), entering = greens(line, 1);
+  EXPECT_TRUE(std::ranges::is_sorted(leaving) && leaving[3] < 128 && leaving[4] > 127) << testing::PrintToString(leaving);
+  for (std::size_t x = 0; x < leaving.size(); ++x) EXPECT_NEAR(leaving[x] + entering[x], 255, 1);
   // Corners and straight edges are meant.
   const test::Rows square = {"......", ".####.", ".####.", ".####.", "......"};
   dib = test::dibOf(square);
