@@ -80,6 +80,7 @@ class ucCanvas : public QWidget {
   bool TranslucentTransparent() const;
   int TranslucentPercent() const;
   bool TranslucencyPending() const;
+  bool RegionSoft() const;  // what floats covers the picture by its alpha
   // A write composes what floats anew.
   void setRegionTransparent(bool on);
   void setRegionTranslucent(bool on);
@@ -102,7 +103,11 @@ class ucCanvas : public QWidget {
   // Commits what floats, selects tool 11 and lets the picture float at the top left of what is seen. False, with nothing
   // changed but that commit, when there is no picture yet or no memory.
   bool startPaste(const clsDIB& picture, const PasteManner& manner);
-  // The region's own pixels, white where its shape or transparency leaves them out. False without one.
+  // Another picture in the place of a paste that floats, at its corner and with its turns. False, with nothing changed,
+  // when none floats, or without memory.
+  bool replacePaste(const clsDIB& picture);
+  // The region's own pixels, white where its shape or transparency leaves them out; with its alpha when it is soft.
+  // False without one.
   bool copyRegion(clsDIB& out);
   // The region's own pixels become those of a picture of its size; see RegionEngine::replace.
   bool replaceRegion(const clsDIB& pixels);

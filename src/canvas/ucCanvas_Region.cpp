@@ -52,6 +52,9 @@ int ucCanvas::TranslucentPercent() const {
 bool ucCanvas::TranslucencyPending() const {
   return d_->core.region().TranslucencyPending();
 }
+bool ucCanvas::RegionSoft() const {
+  return d_->core.region().soft();
+}
 void ucCanvas::setRegionTransparent(bool on) {
   setFlag(d_->core.region(), &RegionFlags::RegionTransparent, on);
 }
@@ -104,6 +107,9 @@ void ucCanvas::doRotateOperation(int kind) {
 }
 bool ucCanvas::startPaste(const clsDIB& picture, const PasteManner& manner) {
   return d_->core.startPaste(picture, manner);
+}
+bool ucCanvas::replacePaste(const clsDIB& picture) {
+  return d_->core.region().replacePaste(picture);
 }
 bool ucCanvas::copyRegion(clsDIB& out) {
   return d_->core.region().copy(out);

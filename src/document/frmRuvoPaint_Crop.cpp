@@ -1,4 +1,5 @@
 // What reduces the picture to a region, and Cleanse.
+#include "canvas/engine/region_compose.h"
 #include "document/frmRuvoPaint_Private.h"
 #include "document/model/crop_rules.h"
 #include "platform/desktop/clipboard_picture.h"
@@ -56,7 +57,8 @@ void frmRuvoPaint::Private::cropPerImageInsideRegion() {
   std::string fault;
   {
     const WaitCursor wait;
-    fault = cropPerImage({canvas->DIBregion(), canvas->DIBmask(), canvas->DIBsnap()}, canvas->DIB().size(), cut);
+    fault = cropPerImage({canvas->DIBregion(), canvas->DIBmask(), canvas->DIBsnap(), canvas->RegionSoft()},
+                         canvas->DIB().size(), cut);
   }
   if (!fault.empty()) return tell(qt(fault));
   if (cut.empty()) return;
@@ -77,6 +79,9 @@ void frmRuvoPaint::Private::cleanse(bool onlyOutside) {
     at = {box->left, box->top};
     // Painted from this copy and not from the clipboard, which may fail or hold another program's picture by then.
     if (!canvas->copyRegion(kept) || !desktop::putOnClipboard(kept.surface(), kept.DIBhasAlpha())) return;
+    clsDIB flat;
+    if (canvas->RegionSoft() && !softOnWhite(kept, {}, canvas->DIB().DIBhasAlpha(), flat)) return;
+    if (!flat.empty()) kept = std::move(flat);
   }
   link.unloadToolWindows(true);
   setPixelPanel("");

@@ -27,6 +27,13 @@ bool opaquePartTooSmall(const clsDIB& mask) {
 
 }  // namespace
 
+// Says so in words when it does not.
+bool frmRuvoPaint::Private::paintsEnough(const clsDIB& mask) {
+  const bool enough = !opaquePartTooSmall(mask);
+  if (!enough) tell(tooSmallText());
+  return enough;
+}
+
 // False when cancelled or refused (in words).
 bool frmRuvoPaint::Private::loadCustomPicture(const QString& folderKey, clsDIB& picture) {
   const QString last = link.lastFolder(folderKey);
@@ -61,10 +68,7 @@ bool frmRuvoPaint::Private::loadMaskedPicture(const QString& folderKey, clsDIB& 
   if (!loadCustomPicture(folderKey, image)) return false;
   clsDIB cut;
   clsDIB::Create_ImageMask_Pair(image, cut, -1);
-  if (opaquePartTooSmall(cut)) {
-    tell(tooSmallText());
-    return false;
-  }
+  if (!paintsEnough(cut)) return false;
   picture = std::move(image);
   mask = std::move(cut);
   return true;
@@ -82,12 +86,15 @@ void frmRuvoPaint::Do_cmdCustomPatternClick() {
     d_->link.showCustomPictures();
 }
 
-// Index 0 loads an image. Text as a stamp (1) comes with the text window.
+// Index 0 loads an image, 1 writes a text.
 void frmRuvoPaint::Do_cmdStampLoadClick(int index) {
-  if (index != 0) return;
-  if (d_->loadMaskedPicture(QStringLiteral("Stamp"), d_->canvas->DIBStamp(), d_->canvas->DIBStampMask())) {
-    d_->link.showCustomPictures();
-  }
+  clsDIB picture, mask;
+  const bool made =
+      index == 0 ? d_->loadMaskedPicture(QStringLiteral("Stamp"), picture, mask) : d_->writeStamp(picture, mask);
+  if (!made) return;
+  d_->canvas->DIBStamp() = std::move(picture);
+  d_->canvas->DIBStampMask() = std::move(mask);
+  d_->link.showCustomPictures();
 }
 
 }  // namespace ruvo

@@ -17,6 +17,9 @@ void frmRuvoPaint::Private::connectCanvas() {
     setChanged(true);
     refreshPanoramic();
   });
+  // Later, when the click is over.
+  QObject::connect(canvas, &ucCanvas::NotifyRightClickOnPastedText, &self,
+                   [this] { QTimer::singleShot(0, &self, [this] { changeText(); }); });
   QObject::connect(canvas, &ucCanvas::NotifyPolygonCrop, &self, [this] { takeCrop(std::move(canvas->DIBregion())); });
   QObject::connect(canvas, &ucCanvas::NotifyRegionStatus, &self, [this] {
     self.updateEditButtons();

@@ -47,6 +47,7 @@ void frmRuvoPaint::Private::runMenu(const QString& control, int index) {
       {"mnuEditClearClipboard", [](Private& d, int) { d.clearClipboard(); }},
       {"mnuRotateSub", [](Private& d, int i) { d.self.Do_mnuRotateSubClick(i); }},
       {"mnuResizeSub", [](Private& d, int i) { d.runResizeMenu(i); }},
+      {"mnuTextSub", [](Private& d, int) { d.addText(); }},
       {"mnuInquiryOriginal", [](Private& d, int) { d.tellProperties(); }},
       {"mnuInquiryColorCount", [](Private& d, int) { d.tellColourCount(); }},
       {"mnuInquiryStartPosCurrentScreen", [](Private& d, int) { d.tellCurrentScreen(); }},

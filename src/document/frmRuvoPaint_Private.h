@@ -70,6 +70,7 @@ struct frmRuvoPaint::Private {
   QPointer<frmRuvoPanoramic> panoramic;  // while it is shown
   std::vector<QString> dropped;          // files that wait for the end of a dialog
   EffectHost effectHost;
+  TextChoices floatingText;              // what floats, while it is a text
 
   SessionState& session() { return link.session(); }
   bool hasPicture() const { return !canvas->DIB().empty(); }
@@ -187,6 +188,11 @@ struct frmRuvoPaint::Private {
   void restoreState(Step step);
   bool loadCustomPicture(const QString& folderKey, clsDIB& picture);
   bool loadMaskedPicture(const QString& folderKey, clsDIB& picture, clsDIB& mask);
+  bool paintsEnough(const clsDIB& mask);
+  TextChoices textToBegin();
+  void addText();
+  void changeText();
+  bool writeStamp(clsDIB& picture, clsDIB& mask);
   QString folderForFiles();
   void connectCanvas();
   void connectMeasures();

@@ -205,7 +205,7 @@ constexpr MenuRow kRows[] = {
     line("mnuRotateSub", 4, "mnuRotate", kScopeDocument),
     item("mnuRotateSub", 5, "mnuRotate", "Rotate At &Any Chosen Angle ....", kNeedPicture, kScopeDocument),
     bar("mnuText", "&Text", kScopeDocument),
-    item("mnuTextSub", 0, "mnuText", "&Add Text ....", kEditPicture, kScopeDocument),
+    item("mnuTextSub", 0, "mnuText", "&Add Text ....", kNeedPicture | kNeedPaintMode, kScopeDocument),
     bar("mnuEffects", "Effe&cts", kScopeDocument),
     bar("mnuLayer", "&Layer", kScopeDocument),
     bar("mnuResize", "Re&size", kScopeDocument),

@@ -392,8 +392,6 @@ void OptionFrames::buildStampFrame() {
     auto* load = loadButton(controlName("cmdStampLoad", i), texts[i], frame);
     connect(load, &QPushButton::clicked, this, [this, i] { calls_.loadStamp(i); });
     buttons->addWidget(load);
-    // Text stamps need the text window.
-    load->setEnabled(i == 0);
   }
   column(frame)->addLayout(buttons);
   auto* pictures = new QHBoxLayout;

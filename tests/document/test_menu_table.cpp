@@ -56,7 +56,7 @@ TEST(MenuTable, RowsAreEnabledByWhatThereIsAndTellWhoTheyAre) {
   menus.setHave(kNeedPicture | kNeedUndo | 0xFFFF0000u | kNotBuilt);
   EXPECT_TRUE(menus.action("mnuEditUndo")->isEnabled());
   EXPECT_FALSE(menus.action("mnuEditRedo")->isEnabled());
-  EXPECT_FALSE(menus.action("mnuTextSub", 0)->isEnabled()) << "what is not built never becomes enabled";
+  EXPECT_FALSE(menus.action("mnuFileSub", 22)->isEnabled()) << "what is not built never becomes enabled";
   menus.action("mnuFileSub", 1)->trigger();
   menus.action("mnuEditUndo")->trigger();
   menus.action("mnuEditRedo")->trigger();

@@ -65,6 +65,39 @@ void blendSeen(clsDIB& area, const clsDIB& region, const clsDIB& mask, int perce
   }
 }
 
+// --- Soft regions
+
+// 65,535 stands for full cover. At 100 percent this is byte 3 times 257: nothing is lost.
+constexpr std::uint32_t kFullCover = 65535;
+using CoverTable = std::array<std::uint32_t, 256>;
+
+CoverTable coversAt(int percent) {
+  CoverTable covers{};
+  for (std::uint32_t alpha = 0; alpha < covers.size(); ++alpha)
+    covers[alpha] = (alpha * 257 * static_cast<std::uint32_t>(percent) + 50) / 100;
+  return covers;
+}
+
+void layOver(Pixel32& to, const Pixel32& ink, std::uint32_t cover) {
+  const auto mix = [cover](std::uint32_t below, std::uint32_t above) {
+    return static_cast<std::uint8_t>((cover * above + (kFullCover - cover) * below + kFullCover / 2) / kFullCover);
+  };
+  to = {mix(to.blue, ink.blue), mix(to.green, ink.green), mix(to.red, ink.red), to.alpha};
+}
+
+void laySoftRow(Pixel32* to, const Pixel32* from, const Pixel32* mask, int count, const CoverTable& strength,
+                bool hasAlpha) {
+  for (int i = 0; i < count; ++i) {
+    const std::uint32_t cover = strength[from[i].alpha];
+    if (cover == 0 || (mask && !covers(mask[i]))) continue;
+    if (!hasAlpha) {
+      layOver(to[i], from[i], cover);
+    } else {
+      mixSeen(to[i], {from[i].blue, from[i].green, from[i].red, 255}, cover / static_cast<double>(kFullCover));
+    }
+  }
+}
+
 }  // namespace
 
 void CutRegionOval(clsDIB& dib, Colour colour) {
@@ -106,6 +139,19 @@ bool takeRegionPixels(const clsDIB& picture, const Rect& box, clsDIB& region) {
   return true;
 }
 
+bool leaveOutSeeThrough(const clsDIB& region, clsDIB& mask) {
+  if (mask.empty() && !mask.CreateBlankDIB(region.DIBWidth(), region.DIBHeight(), 32, kBlack)) return false;
+  const Pixel32 white = Pixel32::plain(kWhite);
+  for (int y = 0; y < region.DIBHeight(); ++y) {
+    const Pixel32* from = pixelsOf(region, y);
+    Pixel32* to = pixelsOf(mask, y);
+    for (int x = 0; x < region.DIBWidth(); ++x) {
+      if (from[x].alpha == 0) to[x] = white;
+    }
+  }
+  return true;
+}
+
 void clearBeneath(clsDIB& picture, const clsDIB& mask, const Rect& box, Colour colour) {
   const std::uint8_t alpha = brush::writtenAlpha(picture);
   if (mask.empty()) return raster::fillRect(picture.surface(), box, colour, alpha);
@@ -143,6 +189,27 @@ bool composeBlended(clsDIB& dib, const clsDIB& snap, const clsDIB& region, const
     clsDIB::BlendIn_Masked(DIBadhoc, region, mask, percent);
   }
   raster::blit(dib.surface(), at.x, at.y, DIBadhoc.surface());
+  return true;
+}
+
+void composeSoft(clsDIB& dib, const clsDIB& snap, const clsDIB& region, const clsDIB& mask, Point at, int percent) {
+  const Rect part = boxOf(region, at).intersected(dib.surface().bounds());
+  const CoverTable strength = coversAt(percent);
+  for (int y = part.top; y < part.bottom; ++y) {
+    const int row = y - at.y, column = part.left - at.x;
+    Pixel32* to = pixelsOf(dib, y) + part.left;
+    std::memmove(static_cast<void*>(to), pixelsOf(snap, y) + part.left,
+                 static_cast<std::size_t>(part.width()) * sizeof *to);
+    laySoftRow(to, pixelsOf(region, row) + column, mask.empty() ? nullptr : pixelsOf(mask, row) + column, part.width(),
+               strength, dib.DIBhasAlpha());
+  }
+}
+
+bool softOnWhite(const clsDIB& region, const clsDIB& mask, bool hasAlpha, clsDIB& sheet) {
+  if (!sheet.CreateBlankDIB(region.DIBWidth(), region.DIBHeight(), 32, kWhite)) return false;
+  sheet.setDIBhasAlpha(hasAlpha);
+  raster::fillRect(sheet.surface(), sheet.surface().bounds(), kWhite, brush::writtenAlpha(sheet));
+  composeSoft(sheet, sheet, region, mask, {0, 0}, 100);
   return true;
 }
 

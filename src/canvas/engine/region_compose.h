@@ -25,6 +25,9 @@ bool makeRegionMask(const clsDIB& region, bool oval, std::optional<Colour> key, 
 // The pixels of `picture` under `box`, byte 3 included; white where the box reaches outside. False when there is no
 // memory.
 bool takeRegionPixels(const clsDIB& picture, const Rect& box, clsDIB& region);
+// The see-through pixels of a soft region (byte 3 is zero) become white in its mask, which is made when it is empty. False
+// without memory for that.
+bool leaveOutSeeThrough(const clsDIB& region, clsDIB& mask);
 // Paints what a region at `at` covers in one colour.
 void clearBeneath(clsDIB& picture, const clsDIB& mask, const Rect& box, Colour colour);
 // The region over `snap`, byte 3 included, written to `dib` under the region's box only. All pictures are 32 bits, `dib`
@@ -33,6 +36,11 @@ void composeFlat(clsDIB& dib, const clsDIB& snap, const clsDIB& region, const cl
 // The same, mixed at `percent` of the region's strength. Where the picture has alpha it is mixed, too, and a pixel counts
 // as far as it is seen. False, with `dib` as it was, when there is no memory.
 bool composeBlended(clsDIB& dib, const clsDIB& snap, const clsDIB& region, const clsDIB& mask, Point at, int percent);
+// A soft region over `snap`: byte 3 of each pixel says how far it covers, and `percent` of that counts. Where the picture
+// has alpha, it grows by what is laid on; else byte 3 stays as it is. Written to `dib` as composeFlat() does.
+void composeSoft(clsDIB& dib, const clsDIB& snap, const clsDIB& region, const clsDIB& mask, Point at, int percent);
+// A soft region on white; with alpha, opaque all over, when `hasAlpha`. False without memory.
+bool softOnWhite(const clsDIB& region, const clsDIB& mask, bool hasAlpha, clsDIB& sheet);
 
 // The parts of `box` outside `other`; unused ones are empty.
 std::array<Rect, 4> partsOutside(const Rect& box, const Rect& other);

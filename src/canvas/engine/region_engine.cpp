@@ -19,22 +19,32 @@ bool isQuarterTurn(int kind) {
   return kind >= 2;
 }
 
-// A pasted picture as the target keeps its pixels: 32 bits, byte 3 as there.
-bool takePasted(const clsDIB& picture, const clsDIB& target, clsDIB& region) {
+// A pasted picture as the target keeps its pixels: 32 bits, byte 3 as there; a soft one keeps its own.
+bool takePasted(const clsDIB& picture, const clsDIB& target, bool soft, clsDIB& region) {
   if (!region.CreateBlankDIB(picture.DIBWidth(), picture.DIBHeight(), 32, kWhite)) return false;
-  const bool flatten = picture.DIBhasAlpha() && !target.DIBhasAlpha();
+  const bool keepsAlpha = soft || target.DIBhasAlpha();
+  const bool flatten = picture.DIBhasAlpha() && !keepsAlpha;
   if (flatten) {
     clsDIB::Display_DIB_With_Alpha(picture, region.surface(), kWhite);
   } else {
     raster::blit(region.surface(), 0, 0, picture.surface());
   }
-  region.setDIBhasAlpha(target.DIBhasAlpha());
+  region.setDIBhasAlpha(keepsAlpha);
   if (picture.DIBhasAlpha()) return true;
   const auto pixels = region.surface().view32();
   for (int y = 0; y < pixels.height(); ++y) {
-    for (int x = 0; x < pixels.width(); ++x) pixels.at(x, y).alpha = target.DIBhasAlpha() ? 255 : 0;
+    for (int x = 0; x < pixels.width(); ++x) pixels.at(x, y).alpha = keepsAlpha ? 255 : 0;
   }
   return true;
+}
+
+// Byte 3 of pictures of one size and row order.
+void takeAlpha(const clsDIB& from, clsDIB& to) {
+  for (int y = 0; y < to.DIBHeight(); ++y) {
+    const auto* source = from.surface().view32().row(y);
+    auto* row = to.surface().view32().row(y);
+    for (int x = 0; x < to.DIBWidth(); ++x) row[x].alpha = source[x].alpha;
+  }
 }
 
 bool turnedCopy(const clsDIB& from, int kind, clsDIB& to) {
@@ -46,6 +56,27 @@ bool turnedCopy(const clsDIB& from, int kind, clsDIB& to) {
 }
 
 }  // namespace
+
+// A mirror turns the sense of the quarters before it; top to bottom is left to right with half a turn.
+void TurnsMade::add(int kind) {
+  if (isQuarterTurn(kind)) {
+    quarters += kind == 2 ? 1 : 3;
+  } else {
+    mirrored = !mirrored;
+    quarters = (kind == 0 ? 4 : 6) - quarters;
+  }
+  quarters %= 4;
+}
+
+bool TurnsMade::redo(clsDIB& picture) const {
+  if (mirrored) clsDIB::RotateDIB(picture, 0);
+  for (int i = 0; i < quarters; ++i) {
+    const Size before = picture.size();
+    clsDIB::RotateDIB(picture, 2);
+    if (picture.size() != Size{before.height, before.width}) return false;
+  }
+  return true;
+}
 
 // --- What it is
 
@@ -123,10 +154,11 @@ bool RegionEngine::PrepareRegionDragging() {
 bool RegionEngine::startPaste(const clsDIB& picture, const PasteManner& manner) {
   clsDIB region, mask, snap;
   const clsDIB& target = bitmaps().DIB;
-  if (target.surface().depth() != 32 || picture.empty() || !takePasted(picture, target, region)) return false;
+  if (target.surface().depth() != 32 || picture.empty() || !takePasted(picture, target, manner.soft, region))
+    return false;
   const Colour topLeft = clsDIB::GetTopPixelColor(region, true);
   const std::optional<Colour> key = manner.transparent ? std::optional(topLeft) : std::nullopt;
-  if (!makeRegionMask(region, false, key, mask)) return false;
+  if (!makeRegionMask(region, false, key, mask) || (manner.soft && !leaveOutSeeThrough(region, mask))) return false;
   if (!clsDIB::CloneDIB(target, snap, kWhite, target.BottomUp())) return false;
 
   context_.selectTool(kRectangleRegionOp);
@@ -140,6 +172,7 @@ bool RegionEngine::startPaste(const clsDIB& picture, const PasteManner& manner) 
   }
   maskKey_ = key;
   oval_ = false;
+  soft_ = manner.soft;
   (manner.text ? pasteOnText_ : pasteOn_) = true;
   flags_ = {manner.transparent, manner.translucent, manner.transparent && manner.translucent,
             std::clamp(manner.percent, 0, 100)};
@@ -152,6 +185,27 @@ bool RegionEngine::startPaste(const clsDIB& picture, const PasteManner& manner) 
   return true;
 }
 
+bool RegionEngine::replacePaste(const clsDIB& picture) {
+  endGesture();
+  checkPicture();
+  CanvasBitmaps& b = bitmaps();
+  clsDIB region, mask;
+  if (!floats() || !isPaste() || picture.empty() || !takePasted(picture, b.DIB, soft_, region) ||
+      !turns_.redo(region) || !makeMask(region, mask)) {
+    return false;
+  }
+  b.DIBregion = std::move(region);
+  b.DIBmask = std::move(mask);
+  maskKey_ = keyColour();
+  const Size size = b.DIBregion.size();
+  const Point at = heldWithin(regionLimits(size, b.DIB.size()), cornerOf(box_));
+  const Rect before = std::exchange(box_, Rect::fromSize(at.x, at.y, size.width, size.height));
+  compose(before, flags_.RegionTranslucent);
+  context_.events.NotifyRegionMoved();
+  measure();
+  return true;
+}
+
 bool RegionEngine::turn(int kind) {
   endGesture();
   if (kind < 0 || kind > 3 || !PrepareRegionDragging()) return false;
@@ -161,6 +215,7 @@ bool RegionEngine::turn(int kind) {
   if (!isPaste() && lifted_.empty()) lifted_ = std::move(b.DIBregion);
   b.DIBregion = std::move(region);
   b.DIBmask = std::move(mask);
+  turns_.add(kind);
   const Rect before = box_;
   if (isQuarterTurn(kind)) {
     const Size size = b.DIBregion.size();
@@ -187,12 +242,16 @@ void RegionEngine::settle(Stage stage, const Rect& box) {
 
 // --- Composing
 
+bool RegionEngine::makeMask(const clsDIB& region, clsDIB& mask) const {
+  return makeRegionMask(region, oval_, keyColour(), mask) && (!soft_ || leaveOutSeeThrough(region, mask));
+}
+
 // DIBmask follows the flags and the colour; false when there is no memory for it, and it is as before.
 bool RegionEngine::refreshMask() {
   const std::optional<Colour> key = keyColour();
   if (key == maskKey_) return true;
   clsDIB mask;
-  if (!makeRegionMask(bitmaps().DIBregion, oval_, key, mask)) return false;
+  if (!makeMask(bitmaps().DIBregion, mask)) return false;
   bitmaps().DIBmask = std::move(mask);
   maskKey_ = key;
   return true;
@@ -217,8 +276,11 @@ void RegionEngine::compose(const Rect& before, bool blended) {
   CanvasBitmaps& b = bitmaps();
   for (const Rect& part : partsOutside(before, box_)) restoreUnder(part);
   const Point at = cornerOf(box_);
-  if (!blended || !composeBlended(b.DIB, b.DIBsnap, b.DIBregion, b.DIBmask, at, flags_.TranslucentPercent))
+  if (soft_) {
+    composeSoft(b.DIB, b.DIBsnap, b.DIBregion, b.DIBmask, at, blended ? flags_.TranslucentPercent : 100);
+  } else if (!blended || !composeBlended(b.DIB, b.DIBsnap, b.DIBregion, b.DIBmask, at, flags_.TranslucentPercent)) {
     composeFlat(b.DIB, b.DIBsnap, b.DIBregion, b.DIBmask, at);
+  }
   context_.changed(box_);
   showMarquee();
 }
@@ -264,6 +326,8 @@ void RegionEngine::clearBitmaps() {
   bitmaps().DIBmask.ClearUp();
   lifted_.ClearUp();
   maskKey_.reset();
+  soft_ = false;
+  turns_ = {};
   pending_ = false;
 }
 
@@ -341,11 +405,13 @@ bool RegionEngine::copy(clsDIB& out) const {
   const bool taken = floats() ? takeRegionPixels(b.DIBregion, b.DIBregion.surface().bounds(), out)
                               : takeRegionPixels(b.DIB, box_, out);
   if (!taken) return false;
+  // Letters keep their colour where they are see-through: white there would come back as a rim.
+  if (soft_ && !keyColour()) return true;
   // What floats may have been turned, and its mask with it.
   const bool maskStands = floats() && maskKey_ == keyColour();
   clsDIB mask;
-  if (!maskStands && !makeRegionMask(out, oval_, keyColour(), mask)) return false;
-  ClearAreasOutsideImageShape(out, maskStands ? b.DIBmask : mask, kWhite, brush::writtenAlpha(out));
+  if (!maskStands && !makeMask(out, mask)) return false;
+  ClearAreasOutsideImageShape(out, maskStands ? b.DIBmask : mask, kWhite, soft_ ? 0 : brush::writtenAlpha(out));
   return true;
 }
 
@@ -364,12 +430,20 @@ bool RegionEngine::replace(const clsDIB& pixels) {
   return true;
 }
 
-// The mask stays: what was left out of the region has no part in it.
+// The mask stays: what was left out of the region has no part in it. A soft region is covered by the alpha of the new
+// pixels, or goes on with its own when they have none.
 bool RegionEngine::replaceFloating(const clsDIB& pixels) {
   clsDIB& region = bitmaps().DIBregion;
-  clsDIB changed;
+  clsDIB changed, mask;
   if (!clsDIB::CloneDIB(region, changed, kBlack, region.BottomUp())) return false;
-  composeFlat(changed, changed, pixels, bitmaps().DIBmask, {0, 0});
+  if (soft_ && pixels.DIBhasAlpha()) {
+    raster::blit(changed.surface(), 0, 0, pixels.surface());
+    if (!makeMask(changed, mask)) return false;
+    bitmaps().DIBmask = std::move(mask);
+  } else {
+    composeFlat(changed, changed, pixels, bitmaps().DIBmask, {0, 0});
+    if (soft_) takeAlpha(region, changed);
+  }
   std::swap(region, changed);
   if (!isPaste() && lifted_.empty()) lifted_ = std::move(changed);
   compose(box_, flags_.RegionTranslucent);

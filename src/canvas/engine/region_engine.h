@@ -22,6 +22,7 @@ struct PasteManner {
   bool translucent = false;  // blended at `percent`; with `transparent` too the top left colour stays out as well
   bool text = false;         // right clicks on it ask the host for its menu (PasteOnText instead of PasteOn)
   int percent = 100;
+  bool soft = false;  // byte 3 of a picture with alpha says how far each pixel covers; else it is taken as on white
 };
 
 // How what floats is laid over the picture. With RegionTranslucent the colour TransparentColor only stays out when
@@ -31,6 +32,15 @@ struct RegionFlags {
   bool RegionTranslucent = false;
   bool TranslucentTransparent = false;
   int TranslucentPercent = 100;  // of the region's strength; 0 to 100
+};
+
+// What turns and flips have made of a picture: mirrored left to right or not, then so many quarters to the left.
+struct TurnsMade {
+  bool mirrored = false;
+  int quarters = 0;  // 0 to 3
+  void add(int kind);
+  // False without memory.
+  bool redo(clsDIB& picture) const;
 };
 
 class RegionEngine {
@@ -52,6 +62,8 @@ class RegionEngine {
   void setSuspendAntsMarching(bool suspend);
   int MarqueePhase() const { return marqueePhase_; }
   bool TranslucencyPending() const { return pending_; }
+  // What floats covers the picture by its alpha.
+  bool soft() const { return soft_; }
   // First and last image pixels, which may lie outside the picture. False without a region.
   bool GetRegionData(int& x1, int& y1, int& x2, int& y2) const;
   // The marquee on the display, half-open; it may reach outside the view.
@@ -80,7 +92,8 @@ class RegionEngine {
   // A floating paste is dropped; lifted pixels vanish, and their place stays empty; what a bare marquee holds becomes
   // white. The region goes, without an event. True when the picture changed.
   bool erase();
-  // The region's own pixels, white where the shape or transparency leaves them out. False without region or memory.
+  // The region's own pixels, white where the shape or transparency leaves them out; a soft region has its alpha. False
+  // without region or memory.
   bool copy(clsDIB& out) const;
   // The other way round: what the region covers takes the pixels of a picture of its size, byte 3 included. Where it
   // floats they float on; a bare marquee's land at once, with NotifyToPrepareUndo. False, with nothing changed, without a
@@ -89,6 +102,9 @@ class RegionEngine {
   // Lets a picture of any depth float at the top left of what is seen, in tool 11. What floated was committed before.
   // False, with nothing changed, when there is no picture to paste on or to paste, or no memory.
   bool startPaste(const clsDIB& picture, const PasteManner& manner);
+  // Another picture in the place of a paste that floats: the corner, the turns and the manner stay. False, with nothing
+  // changed, when no paste floats, or without memory.
+  bool replacePaste(const clsDIB& picture);
 
   // --- What the tools hand on
   void press(const ToolPoint& at, bool oval);
@@ -126,6 +142,7 @@ class RegionEngine {
   void abandonFloat();
 
   bool replaceFloating(const clsDIB& pixels);
+  bool makeMask(const clsDIB& region, clsDIB& mask) const;
   bool refreshMask();
   void compose(const Rect& before, bool blended);
   bool leaveCopy();
@@ -146,6 +163,8 @@ class RegionEngine {
   clsDIB lifted_;  // the pixels as they were lifted, once they have been turned
   RegionFlags flags_;
   bool pasteOn_ = false, pasteOnText_ = false;
+  bool soft_ = false;
+  TurnsMade turns_;
   std::optional<Colour> maskKey_;   // the colour that DIBmask leaves out
   std::optional<Colour> pasteKey_;  // TransparentColor as a paste has set it
   Colour colourBeforePaste_ = 0;

@@ -47,17 +47,21 @@ bool croppedCopy(const clsDIB& picture, const Rect& box, bool oval, clsDIB& cut)
 }
 
 std::string cropPerImage(const FloatingPictures& floating, Size picture, clsDIB& cut) {
-  const auto& [region, mask, snap] = floating;
+  const auto& [region, mask, snap, soft] = floating;
   if (snap.size() != picture) return "Snapshot size discrepant";
   if (!mask.empty() && mask.size() != region.size()) return "Mask size discrepant";
   const Rect bounds = mask.empty() ? region.surface().bounds() : maskedBounds(mask);
   if (bounds.empty()) return kCropTooSmall;
   clsDIB shape;
   if (!takeRegionPixels(region, bounds, cut) || mask.empty()) return {};
-  if (takeRegionPixels(mask, bounds, shape)) {
-    ClearAreasOutsideImageShape(cut, shape, kWhite, brush::writtenAlpha(cut));
-  } else {
+  if (!takeRegionPixels(mask, bounds, shape)) {
     cut.ClearUp();
+  } else if (soft) {
+    clsDIB sheet;
+    softOnWhite(cut, shape, snap.DIBhasAlpha(), sheet);
+    cut = std::move(sheet);
+  } else {
+    ClearAreasOutsideImageShape(cut, shape, kWhite, brush::writtenAlpha(cut));
   }
   return {};
 }

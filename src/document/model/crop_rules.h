@@ -23,6 +23,7 @@ struct FloatingPictures {
   const clsDIB& region;
   const clsDIB& mask;
   const clsDIB& snap;
+  bool soft = false;  // the region covers by its alpha
 };
 // The smallest picture that holds what of the floating picture is not masked in pure white, white elsewhere. The answer
 // says in words why there is none; it is empty when there is one. Without memory both are empty.

@@ -12,6 +12,7 @@
 #include "base/colour.h"
 #include "base/geometry.h"
 #include "base/program_title.h"
+#include "effects/model/text_choices.h"
 
 namespace ruvo {
 
@@ -80,6 +81,7 @@ struct SessionState {
   std::filesystem::path fileToDeleteAtExit;
 
   OptionFlags options;
+  TextChoices text;                         // as last written; never saved
   std::optional<Point> panoramicPosition;  // of the navigator, logical pixels of the desktop; never saved
 };
 

@@ -8,6 +8,7 @@ namespace {
 
 using namespace test;
 
+const Colour kDarkRed = rgb(200, 0, 0);
 const Colour kRed = rgb(255, 0, 0), kGreen = rgb(0, 255, 0), kMix = rgb(128, 128, 0);
 const Ink kInk = {{'.', kWhite}, {'#', kBlack}, {'r', kRed}, {'g', kGreen}, {'m', kMix}};
 
@@ -53,6 +54,41 @@ TEST(RegionCompose, AlphaGoesWithTheRegionAndMixesByWhatIsSeen) {
   EXPECT_TRUE(same(dib, region));
   composeBlended(dib, snap, region, {}, {0, 0}, 50);
   EXPECT_TRUE(same(dib, row({0, 0, 100, 128}, {100, 0, 50, 255}, {200, 0, 0, 128})));
+}
+
+// Red letters at four strengths, over blue, over white, and over what is see-through or half so.
+TEST(RegionCompose, SoftLettersMixWithWhatLiesBelowAndLeaveNoRim) {
+  clsDIB region = dibOf(4, 1, [](int x, int) {
+    return Pixel32{0, 0, 200, std::array<std::uint8_t, 4>{0, 64, 128, 255}[x]};
+  });
+  region.setDIBhasAlpha(true);
+  const auto laid = [&](Pixel32 ground, bool hasAlpha, int percent, const clsDIB& mask = {}) {
+    clsDIB dib = plainDib(4, 1, kBlack), snap = dibOf(4, 1, [&](int, int) { return ground; });
+    dib.setDIBhasAlpha(hasAlpha);
+    composeSoft(dib, snap, region, mask, {0, 0}, percent);
+    return std::vector<Pixel32>{pixelAt(dib, 0, 0), pixelAt(dib, 1, 0), pixelAt(dib, 2, 0), pixelAt(dib, 3, 0)};
+  };
+  using Row = std::vector<Pixel32>;
+  EXPECT_EQ(laid({100, 0, 0, 0}, false, 100), (Row{{100, 0, 0, 0}, {75, 0, 50, 0}, {50, 0, 100, 0}, {0, 0, 200, 0}}));
+  EXPECT_EQ(laid({255, 255, 255, 9}, false, 100),
+            (Row{{255, 255, 255, 9}, {191, 191, 241, 9}, {127, 127, 227, 9}, {0, 0, 200, 9}}));
+  EXPECT_EQ(laid({100, 0, 0, 0}, false, 50), (Row{{100, 0, 0, 0}, {87, 0, 25, 0}, {75, 0, 50, 0}, {50, 0, 100, 0}}));
+  EXPECT_EQ(laid({100, 0, 0, 0}, false, 0), Row(4, {100, 0, 0, 0}));
+  EXPECT_EQ(laid({7, 7, 7, 0}, true, 100), (Row{{7, 7, 7, 0}, {0, 0, 200, 64}, {0, 0, 200, 128}, {0, 0, 200, 255}}));
+  EXPECT_EQ(laid({200, 0, 0, 100}, true, 100)[2], (Pixel32{56, 0, 144, 178}));
+  // Its mask leaves out what is see-through, and what else it is told to.
+  clsDIB mask;
+  EXPECT_TRUE(leaveOutSeeThrough(region, mask));
+  EXPECT_PICTURE(rowsOf(mask), {".###"});
+  makeRegionMask(region, false, kDarkRed, mask);
+  EXPECT_EQ(laid({100, 0, 0, 0}, false, 100, mask), Row(4, {100, 0, 0, 0}));
+  clsDIB sheet;
+  EXPECT_TRUE(softOnWhite(region, {}, true, sheet) && sheet.DIBhasAlpha());
+  EXPECT_EQ(pixelAt(sheet, 1, 0), (Pixel32{191, 191, 241, 255}));
+  // Partly outside, and none of what lies beside it is touched.
+  clsDIB dib = plainDib(3, 1, kWhite);
+  composeSoft(dib, plainDib(3, 1, kWhite), region, {}, {-3, 0}, 100);
+  EXPECT_PICTURE(rowsOf(dib, {{'.', kWhite}, {'r', kDarkRed}}), {"r.."});
 }
 
 TEST(RegionCompose, WhatTheRegionLeavesBehindAndHowFarItGoes) {

@@ -262,6 +262,81 @@ TEST(RegionPaste, TranslucentIsFlatWhileItMovesAndBlendsWhenItStops) {
   }
 }
 
+// Three by one: dark red at full, half and no cover, on black.
+struct PastingSoft : Pasting {
+  explicit PastingSoft(bool translucent = false) : Pasting({}) {
+    core.dropFloating();
+    fill(kBlack);
+    PasteManner manner{false, translucent, true, 50};
+    manner.soft = true;
+    EXPECT_TRUE(core.startPaste(letters({255, 128, 0}), manner));
+  }
+  static clsDIB letters(const std::vector<std::uint8_t>& cover) {
+    clsDIB dib = dibOf(static_cast<int>(cover.size()), 1, [&](int x, int) { return Pixel32{0, 0, 200, cover[x]}; });
+    dib.setDIBhasAlpha(true);
+    return dib;
+  }
+  int red(int x, int y) const { return pixelAt(core.bitmaps.DIB, x, y).red; }
+};
+
+TEST(RegionPaste, ASoftOneKeepsItsEdgesWhereverItIsMovedAndTurned) {
+  PastingSoft canvas;
+  canvas.drag({0, 0}, {20, 10});
+  EXPECT_EQ((std::array{canvas.red(0, 0), canvas.red(10, 5), canvas.red(11, 5), canvas.red(12, 5)}),
+            (std::array{0, 200, 100, 0}));
+  clsDIB copy;
+  EXPECT_TRUE(canvas.region().copy(copy) && copy.DIBhasAlpha());
+  EXPECT_EQ(pixelAt(copy, 1, 0), (Pixel32{0, 0, 200, 128}));
+  EXPECT_EQ(pixelAt(copy, 2, 0), (Pixel32{0, 0, 200, 0})) << "no other colour comes in by its edges";
+  // An effect that knows no alpha leaves the shape, another one may change it.
+  for (const bool hasAlpha : {false, true}) {
+    PastingSoft changed;
+    clsDIB green = dibOf(3, 1, [](int x, int) {
+      return Pixel32{0, 200, 0, static_cast<std::uint8_t>(x == 2 ? 255 : 0)};
+    });
+    green.setDIBhasAlpha(hasAlpha);
+    EXPECT_TRUE(changed.region().replace(green));
+    const auto at = [&](int x) { return static_cast<int>(pixelAt(changed.core.bitmaps.DIB, x, 0).green); };
+    EXPECT_EQ((std::array{at(0), at(1), at(2)}), (hasAlpha ? std::array{0, 0, 200} : std::array{200, 100, 0}));
+  }
+  canvas.region().turn(3);  // upright, its first pixel on top
+  EXPECT_EQ((std::array{canvas.red(11, 4), canvas.red(11, 5), canvas.red(11, 6)}), (std::array{200, 100, 0}));
+  canvas.drag({22, 8}, {24, 8}, kCtrl);
+  canvas.key(CanvasKey::Escape);
+  EXPECT_EQ((std::array{canvas.red(11, 4), canvas.red(12, 4)}), (std::array{200, 0})) << "the copy stays";
+
+  PastingSoft faint(true);
+  EXPECT_EQ((std::array{faint.red(0, 0), faint.red(1, 0)}), (std::array{100, 50}));
+  faint.clear();
+  EXPECT_TRUE(faint.region().commit());
+  EXPECT_EQ(std::count(faint.events.begin(), faint.events.end(), "NotifyToPrepareUndo"), 1);
+  EXPECT_EQ(faint.red(0, 0), 100);
+}
+
+// The first pixel tells the turns apart, whichever way they were made.
+TEST(RegionPaste, AnotherTakesItsPlaceWithItsTurns) {
+  const struct {
+    std::vector<int> turns;
+    Point first;  // of four by one
+  } cases[] = {{{}, {0, 0}},     {{0}, {3, 0}},    {{2}, {0, 3}},       {{3}, {0, 0}},
+               {{2, 1}, {0, 0}}, {{0, 2}, {0, 0}}, {{3, 0, 3}, {3, 0}}, {{3, 3}, {3, 0}}};
+  for (const auto& c : cases) {
+    PastingSoft canvas;
+    canvas.drag({0, 0}, {20, 20});
+    for (const int kind : c.turns) canvas.region().turn(kind);
+    const Rect before = canvas.box();
+    canvas.clear();
+    EXPECT_TRUE(canvas.region().replacePaste(PastingSoft::letters({255, 128, 128, 128})));
+    const Rect box = canvas.box();
+    EXPECT_TRUE(box.left == before.left && box.top == before.top && box.width() * box.height() == 4);
+    EXPECT_EQ(canvas.red(box.left + c.first.x, box.top + c.first.y), 200) << testing::PrintToString(c.turns);
+    EXPECT_EQ(std::count(canvas.events.begin(), canvas.events.end(), "NotifyToPrepareUndo"), 0);
+    canvas.key(CanvasKey::Escape);
+    EXPECT_FALSE(canvas.region().replacePaste(PastingSoft::letters({255})));
+    EXPECT_EQ(canvas.red(box.left + c.first.x, box.top + c.first.y), 0);
+  }
+}
+
 TEST(RegionPaste, RightClicksAskForTheMenuOfATextOrCentreTheView) {
   Pasting canvas({false, false, true, 100});
   canvas.click({1, 1}, MouseButton::Right);

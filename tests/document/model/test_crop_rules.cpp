@@ -31,6 +31,13 @@ TEST(CropRules, PerImageTakesWhatTheMaskDoesNotLeaveOut) {
   EXPECT_EQ(cropPerImage({region, test::plainDib(4, 3, kWhite), snap}, {9, 9}, cut), kCropTooSmall);
   EXPECT_EQ(cropPerImage({region, mask, snap}, {9, 8}, cut), "Snapshot size discrepant");
   EXPECT_EQ(cropPerImage({region, snap, snap}, {9, 9}, cut), "Mask size discrepant");
+  // Soft letters lie on white afterwards.
+  clsDIB soft = test::dibOf(4, 3, [](int, int) { return Pixel32{0, 0, 0, 128}; });
+  soft.setDIBhasAlpha(true);
+  const clsDIB letters = dibOf({"....", ".#..", ".##."});
+  EXPECT_EQ(cropPerImage({soft, letters, snap, true}, {9, 9}, cut), "");
+  EXPECT_PICTURE(rowsOf(cut, {{'.', kWhite}, {'h', rgb(127, 127, 127)}}), ({"h.", "hh"}));
+  EXPECT_FALSE(cut.DIBhasAlpha());
 }
 
 TEST(CropRules, AWhiteSheetHasTheAlphaOfWhatItHolds) {
