@@ -3,6 +3,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QFontComboBox>
+#include <QFontInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -72,7 +73,7 @@ QLayout* frmRuvoText::buildFont(const TextChoices& choices) {
   font_ = new QFontComboBox(this);
   font_->setObjectName(QStringLiteral("cboFont"));
   font_->setMaxVisibleItems(16);
-  const QString family = choices.family.empty() ? font().family() : qt(choices.family);
+  const QString family = choices.family.empty() ? QFontInfo(font()).family() : qt(choices.family);
   font_->setCurrentFont(QFont(family));
   // One that is not here is shown, and told of, all the same.
   font_->setEditText(family);
@@ -113,7 +114,7 @@ QLayout* frmRuvoText::buildStyle(const TextChoices& choices) {
   strikeThru_ = check("ckbStrikeThru", tr("&Strike-out"), choices.strikeThru);
   row->addStretch();
   align_ = new QButtonGroup(this);
-  const QStringList texts = {tr("&Left"), tr("&Center"), tr("&Right")};
+  const QStringList texts = {tr("&Left"), tr("C&enter"), tr("&Right")};
   for (int i = 0; i < texts.size(); ++i) {
     auto* option = new QRadioButton(texts[i], this);
     option->setObjectName(controlName(QStringLiteral("optAlign"), i));
@@ -151,7 +152,7 @@ QLayout* frmRuvoText::buildColors(const TextChoices& choices) {
   filled_->setChecked(choices.filled);
   row->addWidget(filled_);
   backColor_ = new ColorSwatch(QStringLiteral("picBackColor"), choices.backColour, this);
-  QLayout* back = colorRow(backColor_, QStringLiteral("cmdBackColor"), tr("Back color ...."));
+  QLayout* back = colorRow(backColor_, QStringLiteral("cmdBackColor"), tr("Back &color ...."));
   row->addLayout(back);
   const auto enableBack = [this] {
     backColor_->setEnabled(filled_->isChecked());

@@ -28,6 +28,12 @@ QTextOption textOption(const TextChoices& choices) {
   return option;
 }
 
+// Blanks at the end of a line would push it away from its side: from the left one where the script runs to the left.
+QString withoutBlankEnd(QString line) {
+  while (!line.isEmpty() && line.back().isSpace()) line.chop(1);
+  return line;
+}
+
 double shareLeftOf(TextAlign align) {
   return align == TextAlign::Left ? 0 : align == TextAlign::Center ? 0.5 : 1;
 }
@@ -72,7 +78,7 @@ TextPicture::TextPicture(const TextChoices& choices) : choices_(choices) {
   double y = 0, widest = 0;
   QRectF ink;
   for (const QString& text : qt(choices.text).split(u'\n')) {
-    Line& line = lines_.emplace_back(text, font);
+    Line& line = lines_.emplace_back(withoutBlankEnd(text), font);
     layOut(line);
     line.at.setY(y);
     const QTextLine laid = line.layout.lineAt(0);
