@@ -19,8 +19,20 @@ struct HeldRegion : PaintingWindow {
     core.CanvasResize();
     clsDIB pasted;
     pasted.CreateBlankDIB(kSide, kSide, 32, rgb(90, 120, 40));
+    if (manner.soft) makeLetters(pasted);
     core.startPaste(pasted, manner);
     core.mousePress(at, MouseButton::Left, {});
+  }
+  // As a text is: a third covered, a tenth in part.
+  static void makeLetters(clsDIB& pasted) {
+    pasted.setDIBhasAlpha(true);
+    for (int y = 0; y < kSide; ++y) {
+      auto* row = reinterpret_cast<Pixel32*>(pasted.surface().pictureRow(y));
+      for (int x = 0; x < kSide; ++x) {
+        const int at = x % 30;
+        row[x].alpha = static_cast<std::uint8_t>(at < 9 ? 255 : at < 12 ? 80 * (at - 8) : 0);
+      }
+    }
   }
   // To and fro, ten pixels at a time.
   void step(int count) {
@@ -40,8 +52,14 @@ void regionMove(benchmark::State& state) {
 void regionMoveTransparent(benchmark::State& state) {
   dragMove(state, {true, false, false, 100});
 }
+void regionMoveSoft(benchmark::State& state) {
+  PasteManner letters;
+  letters.soft = true;
+  dragMove(state, letters);
+}
 BENCHMARK(regionMove)->Arg(2)->Arg(8)->ArgName("megapixels")->Unit(benchmark::kMicrosecond);
 BENCHMARK(regionMoveTransparent)->Arg(8)->ArgName("megapixels")->Unit(benchmark::kMicrosecond);
+BENCHMARK(regionMoveSoft)->Arg(8)->ArgName("megapixels")->Unit(benchmark::kMicrosecond);
 
 // The moves between are not counted. The argument says whether one colour stays out.
 void regionBlend(benchmark::State& state) {

@@ -14,7 +14,7 @@
 #include <QVBoxLayout>
 
 #include "base/rounding.h"
-#include "dialogs/color_swatch.h"
+#include "dialogs/color_button.h"
 #include "dialogs/named_controls.h"
 #include "effects/text_sample.h"
 #include "platform/desktop/desktop.h"
@@ -128,21 +128,19 @@ QLayout* frmRuvoText::buildStyle(const TextChoices& choices) {
   return row;
 }
 
-// A click on the rectangle does what its button does.
-QLayout* frmRuvoText::colorRow(ColorSwatch* swatch, const QString& button, const QString& text) {
-  auto* row = new QHBoxLayout;
-  auto* pick = namedButton(button, text, this);
-  connect(pick, &QPushButton::clicked, this, [this, swatch] { pickColor(swatch); });
-  row->addWidget(swatch);
-  row->addWidget(pick);
-  return row;
-}
-
 QLayout* frmRuvoText::buildColors(const TextChoices& choices) {
   auto* row = new QHBoxLayout;
-  color_ = new ColorSwatch(QStringLiteral("picColor"), choices.colour, this);
-  row->addLayout(colorRow(color_, QStringLiteral("cmdColor"), tr("Text c&olor ....")));
-  row->addSpacing(kMargin);
+  const auto color = [&](const char* name, Colour colour) {
+    auto* button = new ColorButton(QString::fromLatin1(name), colour, this);
+    connect(button, &ColorButton::colourChosen, this, &frmRuvoText::choicesChanged);
+    row->addWidget(button);
+    return button;
+  };
+  auto* label = theme::label(tr("Text c&olor"), this);
+  row->addWidget(label);
+  color_ = color("picColor", choices.colour);
+  label->setBuddy(color_);
+  row->addSpacing(2 * kMargin);
   antialias_ = namedCheckBox(QStringLiteral("ckbAntialias"), tr("&Antialias"), this);
   antialias_->setChecked(choices.antialias && use_ != Use::Stamp);
   antialias_->setEnabled(use_ != Use::Stamp);
@@ -151,17 +149,11 @@ QLayout* frmRuvoText::buildColors(const TextChoices& choices) {
   filled_ = namedCheckBox(QStringLiteral("ckbFilled"), tr("Filled bac&kground"), this);
   filled_->setChecked(choices.filled);
   row->addWidget(filled_);
-  backColor_ = new ColorSwatch(QStringLiteral("picBackColor"), choices.backColour, this);
-  QLayout* back = colorRow(backColor_, QStringLiteral("cmdBackColor"), tr("Back &color ...."));
-  row->addLayout(back);
-  const auto enableBack = [this] {
-    backColor_->setEnabled(filled_->isChecked());
-    findChild<QPushButton*>(QStringLiteral("cmdBackColor"))->setEnabled(filled_->isChecked());
-  };
-  enableBack();
+  backColor_ = color("picBackColor", choices.backColour);
+  backColor_->setEnabled(choices.filled);
   connect(antialias_, &QCheckBox::toggled, this, &frmRuvoText::choicesChanged);
-  connect(filled_, &QCheckBox::toggled, this, [this, enableBack] {
-    enableBack();
+  connect(filled_, &QCheckBox::toggled, this, [this](bool on) {
+    backColor_->setEnabled(on);
     choicesChanged();
   });
   return row;
@@ -197,13 +189,6 @@ QLayout* frmRuvoText::buildButtons() {
   row->addWidget(proceed);
   row->addWidget(cancel);
   return row;
-}
-
-void frmRuvoText::pickColor(ColorSwatch* swatch) {
-  const std::optional<QColor> picked = desktop::desktop().pickColor(this, theme::toQColor(swatch->colour()));
-  if (!picked) return;
-  swatch->setColour(theme::fromQColor(*picked));
-  choicesChanged();
 }
 
 // --- Values

@@ -20,7 +20,7 @@ class QPlainTextEdit;
 
 namespace ruvo {
 
-class ColorSwatch;
+class ColorButton;
 class TextSample;
 class clsDIB;
 
@@ -53,8 +53,6 @@ class frmRuvoText : public QDialog {
   QLayout* buildColors(const TextChoices& choices);
   QLayout* buildNotes();
   QLayout* buildButtons();
-  QLayout* colorRow(ColorSwatch* swatch, const QString& button, const QString& text);
-  void pickColor(ColorSwatch* swatch);
   QString sizeTyped() const;
   std::optional<std::string> refusal() const;
   void choicesChanged();
@@ -66,7 +64,7 @@ class frmRuvoText : public QDialog {
   QCheckBox *bold_ = nullptr, *italic_ = nullptr, *underline_ = nullptr, *strikeThru_ = nullptr;
   QButtonGroup* align_ = nullptr;
   QCheckBox *antialias_ = nullptr, *filled_ = nullptr;
-  ColorSwatch *color_ = nullptr, *backColor_ = nullptr;
+  ColorButton *color_ = nullptr, *backColor_ = nullptr;
   QLabel *measure_ = nullptr, *note_ = nullptr;
   std::unique_ptr<TextPicture> picture_;
   TextSample* sample_ = nullptr;
