@@ -99,12 +99,18 @@ class DocumentTest : public testing::Test {
     main.tools.firstColor = rgb(colour.red(), colour.green(), colour.blue());
     document->Notify_ColorToUse_FromMDI();
     document->Do_imgToolsClick(16);
-    QWidget* display = document->canvas()->findChild<QWidget*>("picDisp");
+    drag({0, 0}, {0, 0});
+  }
+  // A press, a move and a release at points of the display.
+  void drag(QPoint from, QPoint to, Qt::MouseButton button = Qt::LeftButton) {
+    auto* display = document->canvas()->findChild<QWidget*>("picDisp");
     QPoint corner;
     document->canvas()->GetPicdispStartPos(corner.rx(), corner.ry());
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-      QMouseEvent event(type, corner, display->mapToGlobal(corner), Qt::LeftButton,
-                        type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseMove, QEvent::MouseButtonRelease}) {
+      const QPoint at = corner + (type == QEvent::MouseButtonPress ? from : to);
+      const auto held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(button);
+      QMouseEvent event(type, at, display->mapToGlobal(at), type == QEvent::MouseMove ? Qt::NoButton : button, held,
+                        Qt::NoModifier);
       QApplication::sendEvent(display, &event);
     }
   }

@@ -10,17 +10,6 @@ class DocumentClipboard : public DocumentTest {
  protected:
   void SetUp() override { ASSERT_TRUE(open(write("red.bmp", plain(40, 30, Qt::red)))); }
   ucCanvas& canvas() { return *document->canvas(); }
-  void drag(QPoint from, QPoint to) {
-    QPoint corner;
-    canvas().GetPicdispStartPos(corner.rx(), corner.ry());
-    auto* display = canvas().findChild<QWidget*>("picDisp");
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseMove, QEvent::MouseButtonRelease}) {
-      const QPoint at = corner + (type == QEvent::MouseButtonPress ? from : to);
-      const auto held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
-      QMouseEvent event(type, at, display->mapToGlobal(at), Qt::LeftButton, held, Qt::NoModifier);
-      QApplication::sendEvent(display, &event);
-    }
-  }
   // With the tool image of rectangles (14) or ovals (15).
   void select(int tool) {
     document->Do_imgToolsClick(tool);

@@ -46,22 +46,10 @@ class DocumentText : public test::DocumentTest {
   QString addText(const QString& text, const char* button = "cmdProceed") {
     return inWindow([this] { EXPECT_TRUE(document->triggerMenu("mnuTextSub", 0)); }, text, button);
   }
-  void mouse(QPoint at, Qt::MouseButton button, QPoint to) {
-    auto* display = canvas().findChild<QWidget*>("picDisp");
-    QPoint corner;
-    canvas().GetPicdispStartPos(corner.rx(), corner.ry());
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseMove, QEvent::MouseButtonRelease}) {
-      const QPoint place = corner + (type == QEvent::MouseButtonPress ? at : to);
-      const auto held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(button);
-      QMouseEvent event(type, place, display->mapToGlobal(place), type == QEvent::MouseMove ? Qt::NoButton : button,
-                        held, Qt::NoModifier);
-      QApplication::sendEvent(display, &event);
-    }
-  }
   QString rightClick(QPoint at, const QString& text, const char* button = "cmdProceed") {
     return inWindow(
         [&] {
-          mouse(at, Qt::RightButton, at);
+          drag(at, at, Qt::RightButton);
           // The click is over before the window opens.
           EXPECT_FALSE(canvas().held());
           QCoreApplication::processEvents();
@@ -87,7 +75,7 @@ TEST_F(DocumentText, FloatsIsMovedChangedByARightClickAndLandsAsOneState) {
   ASSERT_TRUE(canvas().PasteOnText() && canvas().RegionSoft() && changed());
   EXPECT_EQ(main.tools.tool, 14);
   EXPECT_EQ(states(), 1u);
-  mouse({10, 20}, Qt::LeftButton, {50, 45});
+  drag({10, 20}, {50, 45});
   const Rect moved = box();
   EXPECT_EQ((Point{moved.left, moved.top}), (Point{40, 25}));
   const int small = redPixels();
@@ -170,7 +158,7 @@ TEST_F(DocumentText, AsAStampItCoversOrDoesNot) {
     }
   }
   document->Do_imgToolsClick(12);
-  mouse({100, 60}, Qt::LeftButton, {100, 60});
+  drag({100, 60}, {100, 60});
   EXPECT_GT(redPixels(), 50);
   EXPECT_EQ(states(), 2u);
 }

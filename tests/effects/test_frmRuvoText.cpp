@@ -20,16 +20,10 @@ namespace {
 using test::control;
 
 TextChoices everyChoice() {
-  TextChoices choices;
-  choices.text = "One\ntwo";
-  choices.family = "DejaVu Serif";
-  choices.size = 23;
-  choices.bold = choices.italic = choices.underline = choices.strikeThru = true;
-  choices.antialias = false;
-  choices.align = TextAlign::Right;
-  choices.colour = 0x0000FF;
+  TextChoices choices{"One\ntwo", "DejaVu Serif", 23, true, true, true, true, false, TextAlign::Right};
+  choices.colour = rgb(255, 0, 0);
   choices.filled = true;
-  choices.backColour = 0x00FF00;
+  choices.backColour = rgb(0, 255, 0);
   return choices;
 }
 
