@@ -57,6 +57,23 @@ EffectWindow::EffectWindow(const QString& name, const QString& title, const Effe
   all->addLayout(right);
 }
 
+void EffectWindow::showEvent(QShowEvent* event) {
+  if (!std::exchange(tabsOrdered_, true)) orderTabs();
+  QDialog::showEvent(event);
+}
+
+// The window's own controls are made after those of the frame, but come first.
+void EffectWindow::orderTabs() {
+  QList<QWidget*> own, frame;
+  for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
+    if (!(widget->focusPolicy() & Qt::TabFocus) || widget->focusProxy()) continue;
+    (side_->isAncestorOf(widget) ? own : frame) << widget;
+  }
+  const QList<QWidget*> all = own + frame;
+  for (qsizetype i = 1; i < all.size(); ++i) setTabOrder(all[i - 1], all[i]);
+  if (!all.isEmpty() && !focusWidget()) all.front()->setFocus();
+}
+
 void EffectWindow::choiceChanged() {
   if (!running_) sample_->refresh();
 }

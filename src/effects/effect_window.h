@@ -44,9 +44,11 @@ class EffectWindow : public QDialog {
   // The sample is made anew; windows call it once their controls stand, too.
   void choiceChanged();
 
+  void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void orderTabs();
   bool runOnCopy(clsDIB& work);
   void setRunning(bool running);
 
@@ -57,6 +59,7 @@ class EffectWindow : public QDialog {
   SamplePanel* sample_;
   ucProgress* progress_;
   QPushButton* cmdProceed_;
+  bool tabsOrdered_ = false;
   bool running_ = false;
   bool stopped_ = false;
   bool closing_ = false;

@@ -62,10 +62,10 @@ void frmRuvoRotate::addAngle() {
     choices_.angle = angle;
     choiceChanged();
   });
-  auto* cmd45 = namedButton("cmd45", tr("+ &45"), this);
+  auto* cmd45 = namedButton("cmd45", tr("+ &45°"), this);
   cmd45->setToolTip(tr("Another 45 degrees"));
   connect(cmd45, &QPushButton::clicked, this, &frmRuvoRotate::turnOn);
-  auto* label = new QLabel(tr("AAng&le in degreesngle in degrees:"), this);
+  auto* label = new QLabel(tr("A&ngle in degrees:"), this);
   label->setBuddy(cboRotateAngle_);
   auto* row = new QHBoxLayout;
   row->addWidget(label);

@@ -84,6 +84,7 @@ TEST_F(EffectWindowTest, ControlsFollowTheArguments) {
   EffectHost host;
   ArgumentWindow window("frmMany", ManyValues::kEffect, {picture, true}, host, nullptr);
   show(window);
+  EXPECT_EQ(window.focusWidget(), control<QSlider>(window, "hsrLineWidth")) << "its own controls come first";
   const double red = rgb(255, 0, 0), none = kNoColour;
   EXPECT_EQ(ManyValues::seen, (std::vector<double>{3, 0.25, red, none, 0, 1}));
   EXPECT_TRUE(ManyValues::keepSize);
