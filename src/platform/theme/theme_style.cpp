@@ -183,6 +183,11 @@ void ShellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
       drawRounded(*painter, option->rect, roles().field, focus ? roles().accent : roles().line, 4);
       return;
     }
+    case PE_PanelButtonCommand:
+      // A button that stays down is told from the others at a glance.
+      if ((option->state & State_On) == 0) break;
+      drawRounded(*painter, option->rect, roles().selected, roles().accent, 4);
+      return;
     case PE_PanelMenu: {
       // A border that shows in front of a dark workspace, too.
       QColor border = roles().quietInk;
