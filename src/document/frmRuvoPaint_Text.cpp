@@ -9,6 +9,17 @@
 
 namespace ruvo {
 
+namespace {
+
+// Where a new text comes to lie: the top left of what is seen.
+frmRuvoText::Place seenCorner(ucCanvas& canvas) {
+  Point corner;
+  canvas.GetVisibleStartInfo(corner.x, corner.y);
+  return {&canvas.DIB(), corner};
+}
+
+}  // namespace
+
 // As last written, in the colours that the toolbox has now.
 TextChoices frmRuvoPaint::Private::textToBegin() {
   TextChoices choices = session().text;
@@ -22,9 +33,7 @@ void frmRuvoPaint::Private::addText() {
   if (!hasPicture()) return;
   commitFloatingAndPush();
   TextChoices choices = textToBegin();
-  Point corner;
-  canvas->GetVisibleStartInfo(corner.x, corner.y);
-  if (!frmRuvoText::ask(frmRuvoText::Use::OnPicture, choices, {&canvas->DIB(), corner}, link.window())) return;
+  if (!frmRuvoText::ask(frmRuvoText::Use::OnPicture, choices, seenCorner(*canvas), link.window())) return;
   session().text = choices;
   if (!hasLetters(choices.text)) return;
   link.unloadToolWindows(true);
@@ -58,7 +67,7 @@ void frmRuvoPaint::Private::changeText() {
 bool frmRuvoPaint::Private::writeStamp(clsDIB& picture, clsDIB& mask) {
   TextChoices choices = textToBegin();
   const bool antialias = choices.antialias;
-  if (!frmRuvoText::ask(frmRuvoText::Use::Stamp, choices, {}, link.window())) return false;
+  if (!frmRuvoText::ask(frmRuvoText::Use::Stamp, choices, seenCorner(*canvas), link.window())) return false;
   session().text = choices;
   session().text.antialias = antialias;
   if (!hasLetters(choices.text)) return false;

@@ -1,5 +1,6 @@
 #include "effects/text_picture.h"
 
+#include <QFontDatabase>
 #include <QGlyphRun>
 #include <QGuiApplication>
 #include <QImage>
@@ -144,7 +145,8 @@ void TextPicture::noteGlyphs(const QTextLayout& layout, QRectF& ink) {
 QString TextPicture::fontNote() const {
   QStringList notes;
   const QString wanted = qt(choices_.family);
-  if (!empty() && !wanted.isEmpty() && wanted.compare(family_, Qt::CaseInsensitive) != 0)
+  // A family of the list may go by another name within: with its maker's, or as one of the desktop's own words.
+  if (!empty() && !wanted.isEmpty() && !QFontDatabase::hasFamily(wanted))
     notes << QStringLiteral("%1 is not here; %2 stands in for it.").arg(wanted, family_);
   if (!standIns_.isEmpty())
     notes
