@@ -86,7 +86,7 @@ void frmRuvoContrast::addStepped(QGridLayout& grid) {
   addProcess(Soften, tr("&Soften"), grid);
   auto* soften =
       addNumber(Soften, &ContrastChoices::soften, new NumberCombo("cboSoften", tr("Soften"), kTimes, few, this));
-  addRow(grid, tr("So&ften:"), soften, tr("times"), applyButton("cmdAdjSoften", Soften));
+  addRow(grid, tr("Sof&ten:"), soften, tr("times"), applyButton("cmdAdjSoften", Soften));
 
   addProcess(Sharpen, tr("S&harpen"), grid);
   auto* weight = addNumber(

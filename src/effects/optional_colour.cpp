@@ -22,7 +22,7 @@ OptionalColour::OptionalColour(const QString& check, const QString& button, cons
   layout->addWidget(button_);
   layout->addStretch();
   setFocusProxy(on_);
-  setToolTip(tr("A right click on the sample takes the colour there"));
+  setToolTip(tr("A right click on the sample takes the color there"));
   connect(on_, &QCheckBox::toggled, this, [this](bool on) {
     button_->setEnabled(on);
     Q_EMIT changed();

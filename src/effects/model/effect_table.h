@@ -16,7 +16,7 @@ std::span<const Effect> drawnEffects();    // gradient, grid, cube, sphere
 std::span<const Effect> layerEffects();    // a second picture
 
 // What many of them take last: a colour whose pixels stay as they are.
-inline constexpr EffectArgument kExclude = {"exclude", "&Exclude colour", EffectValueKind::ColourOrNone, kNoColour,
+inline constexpr EffectArgument kExclude = {"exclude", "E&xclude color", EffectValueKind::ColourOrNone, kNoColour,
                                             kWhite,    kNoColour};
 
 // Every effect, in the order in which help lists them.

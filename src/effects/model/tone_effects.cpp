@@ -26,7 +26,7 @@ constexpr EffectArgument kThemeRGB[] = {{"red", "&Red", Kind::Whole, -255, 255, 
                                         {"green", "&Green", Kind::Whole, -255, 255, 0},
                                         {"blue", "&Blue", Kind::Whole, -255, 255, -40},
                                         kSkipGreys};
-constexpr EffectArgument kColorize[] = {{"colour", "&Colour", Kind::PlainColour, 0, kWhite, rgb(255, 204, 128)}};
+constexpr EffectArgument kColorize[] = {{"colour", "&Color", Kind::PlainColour, 0, kWhite, rgb(255, 204, 128)}};
 constexpr const char* kElements[] = {"Red", "Green", "Blue"};
 constexpr EffectArgument kAdjust[] = {{"element", "E&lement", Kind::Choice, 0, 2, 0, "", kElements},
                                       {"amount", "&Amount", Kind::Whole, -255, 255, 30},
