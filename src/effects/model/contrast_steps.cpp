@@ -1,5 +1,7 @@
 #include "effects/model/contrast_steps.h"
 
+#include <utility>
+
 namespace ruvo {
 namespace {
 
