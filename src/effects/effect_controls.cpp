@@ -62,8 +62,10 @@ EffectControls::EffectControls(std::span<const EffectArgument> arguments, std::v
     QWidget* made = (this->*maker(arguments_[i].kind))(i);
     const EffectValueKind kind = arguments_[i].kind;
     // A check box carries the label itself.
-    if (kind == EffectValueKind::Switch || kind == EffectValueKind::ColourOrNone) {
+    if (kind == EffectValueKind::Switch) {
       form->addRow(made);
+    } else if (kind == EffectValueKind::ColourOrNone) {
+      form->addRow(static_cast<OptionalColour*>(made)->takeCheckBox(), made);
     } else {
       auto* label = new QLabel(labelOf(arguments_[i]) + QStringLiteral(":"), window);
       label->setBuddy(made->focusProxy() ? made->focusProxy() : made);
@@ -130,6 +132,7 @@ QWidget* EffectControls::colour(std::size_t i) {
 
 QWidget* EffectControls::optionalColour(std::size_t i) {
   const char* name = arguments_[i].name;
+  if (pickable_) pickable_->setToolTip({});  // a picked colour goes to the last
   pickable_ = new OptionalColour(controlNameOf("ckb", name), controlNameOf("pic", name), labelOf(arguments_[i]),
                                  values_[i].number, kWhite, window_);
   connect(pickable_, &OptionalColour::changed, this, [this, i, row = pickable_] { set(i, row->value()); });

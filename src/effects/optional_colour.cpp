@@ -30,6 +30,12 @@ OptionalColour::OptionalColour(const QString& check, const QString& button, cons
   connect(button_, &ColorButton::colourChosen, this, &OptionalColour::changed);
 }
 
+QWidget* OptionalColour::takeCheckBox() {
+  layout()->removeWidget(on_);
+  on_->setToolTip(toolTip());
+  return on_;
+}
+
 double OptionalColour::value() const {
   return on_->isChecked() ? static_cast<double>(button_->colour()) : kNoColour;
 }

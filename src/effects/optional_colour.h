@@ -19,6 +19,8 @@ class OptionalColour : public QWidget {
   // is none.
   OptionalColour(const QString& check, const QString& button, const QString& text, double colour, Colour first,
                  QWidget* parent);
+  // Hands over the check box with its text to stand elsewhere, as the label of a row.
+  QWidget* takeCheckBox();
   // Packed, or kNoColour.
   double value() const;
   // Turns it on, in that colour; as when the user had chosen it.
