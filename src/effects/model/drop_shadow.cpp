@@ -83,8 +83,8 @@ Room roomFor(const DropShadow& shadow, Size picture, const Rect& part) {
           std::max(0, part.bottom + shadow.offsetY + reach - picture.height)};
 }
 
-// Black where the pixels of `part` throw a shadow, on white. The first row and column stand above and to the left of the
-// picture, so that the top left is ground for sure.
+// Black where the pixels of `part` throw a shadow, on white. The first row and column stand above and to the left of
+// the picture, so that the top left is ground for sure.
 bool makeThings(const clsDIB& picture, const Rect& part, const Casts& casts, clsDIB& things) {
   if (!things.CreateBlankDIB(picture.DIBWidth() + 1, picture.DIBHeight() + 1, 32, kWhite)) return false;
   for (int y = part.top; y < part.bottom; ++y) {

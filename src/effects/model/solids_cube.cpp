@@ -32,7 +32,8 @@ struct Ground {
 // throws the upper face.
 class CubeShadow {
  public:
-  // `light` points to the light, in the frame of the cube. What is rounded is the figure of a smaller cube and a margin.
+  // `light` points to the light, in the frame of the cube. A rounded cube throws the shadow of a smaller one, with a
+  // margin.
   CubeShadow(Vector3 light, float bend) : margin_(0.7f * bend) {
     const float half = 1 - bend;
     // Shadows of a low light would have no end.
