@@ -20,7 +20,7 @@ constexpr const char* kGradientKinds[] = {"Linear", "Reflected", "Radial", "Angu
 constexpr const char* kMixings[] = {"Colour values", "As the eye sees"};
 constexpr EffectArgument kGradientArguments[] = {
     {"kind", "&Kind", Kind::Choice, 0, 3, 0, "", kGradientKinds},
-    {"first", "&First colour", Kind::ColourOrNone, kNoColour, kWhite, rgb(66, 28, 122)},
+    {"first", "F&irst colour", Kind::ColourOrNone, kNoColour, kWhite, rgb(66, 28, 122)},
     {"second", "&Second colour", Kind::ColourOrNone, kNoColour, kWhite, rgb(255, 158, 96)},
     {"angle", "&Angle (0 is upwards)", Kind::Whole, 0, 359, 180, "degrees"},
     {"across", "Centre a&cross", Kind::Whole, 0, 100, 50, "%"},
@@ -64,8 +64,8 @@ constexpr EffectArgument kGridArguments[] = {
     {"style", "&Style", Kind::Choice, 0, 2, 0, "", kGridStyles},
     {"colour", "C&olour", Kind::PlainColour, 0, kWhite, rgb(0, 96, 192)},
     {"strength", "S&trength", Kind::Whole, 0, 100, 80, "%"},
-    {"offset-x", "First line from le&ft", Kind::Whole, 0, 2000, 0, "pixels"},
-    {"offset-y", "First line from to&p", Kind::Whole, 0, 2000, 0, "pixels"},
+    {"offset-x", "F&irst line from left", Kind::Whole, 0, 2000, 0, "pixels"},
+    {"offset-y", "First li&ne from top", Kind::Whole, 0, 2000, 0, "pixels"},
 };
 
 bool applyGrid(clsDIB& picture, const EffectInput& input, const Progress& progress) {

@@ -29,7 +29,7 @@ class RowMean {
   RowMean(const clsDIB& source, bool isAlpha)
       : source_(source.surface()), isAlpha_(isAlpha), width_(static_cast<std::size_t>(source.DIBWidth())) {
     mean_.resize(width_ * 4);
-    sums_.resize(width_ + 1);
+    sums_.resize(width_ + 2);
   }
 
   void takeRows(Piece rows) {
@@ -45,6 +45,7 @@ class RowMean {
       for (std::size_t c = 0; c < 4; ++c) sum[c] += static_cast<std::uint32_t>(mean_[x * 4 + c] + 0.5f);
       sums_[x + 1] = sum;
     }
+    sums_[width_ + 1] = sum;
   }
 
   // Blue, green, red and alpha, 0 to 255.
@@ -56,12 +57,28 @@ class RowMean {
     return result;
   }
 
+  // Opaque pixels with the means of pieces of one length, each `step` further than the one before. All pieces lie inside.
+  void means(double first, double length, double step, Pixel32* to, int count) const {
+    constexpr double kUnit = 4294967296.0;  // of places, which are kept in 32.32 bits
+    auto place = static_cast<std::int64_t>((first + 0.5 / 256) * kUnit);
+    const auto each = static_cast<std::int64_t>(step * kUnit);
+    const auto in256 = static_cast<std::size_t>(length * 256 + 0.5);
+    const std::size_t most = width_ * 256 - in256;
+    const float per = 1 / static_cast<float>(in256);
+    for (int i = 0; i < count; ++i, place += each) {
+      const std::size_t from = std::min(static_cast<std::size_t>(place >> 24), most);
+      const auto channel = [&, upTo = from + in256](std::size_t c) {
+        return static_cast<std::uint8_t>(static_cast<float>(sumTo(upTo, c) - sumTo(from, c)) * per + 0.5f);
+      };
+      to[i] = {channel(0), channel(1), channel(2), 0};
+    }
+  }
+
  private:
   static std::size_t in256ths(double place) { return static_cast<std::size_t>(place * 256 + 0.5); }
   std::uint32_t sumTo(std::size_t place, std::size_t c) const {
-    const std::size_t pixel = place / 256;
-    const auto part = static_cast<std::uint32_t>(place % 256);
-    return part == 0 ? sums_[pixel][c] : sums_[pixel][c] + ((sums_[pixel + 1][c] - sums_[pixel][c]) * part >> 8);
+    const std::array<std::uint32_t, 4>* at = &sums_[place / 256];
+    return at[0][c] + ((at[1][c] - at[0][c]) * static_cast<std::uint32_t>(place % 256) >> 8);
   }
 
   void add(const std::uint8_t* row, float weight) {
@@ -83,6 +100,7 @@ class RowMean {
   bool isAlpha_;
   std::size_t width_;
   std::vector<float> mean_;
+  // Of the pixels before each, in 256ths; the last one twice, so that a place at the end has one behind it.
   std::vector<std::array<std::uint32_t, 4>> sums_;
 };
 
@@ -99,6 +117,10 @@ class Span {
   }
   int first() const { return first_; }
   int last() const { return last_; }  // one past
+  // The part of the span where pieces of the source around each pixel's middle, `reach` to either side, cover all of the
+  // pixel and lie inside the source.
+  int firstFull(double reach) const { return clamped(std::ceil(row_.left + std::max(ramp_ / 2, reach) - 0.5)); }
+  int lastFull(double reach) const { return clamped(std::floor(row_.right - std::max(ramp_ / 2, reach) + 0.5)); }
   double cover(int x) const {
     const double middle = x + 0.5;
     const double left = std::clamp((middle - row_.left) / ramp_ + 0.5, 0.0, 1.0);
@@ -107,6 +129,10 @@ class Span {
   }
 
  private:
+  int clamped(double x) const {
+    return static_cast<int>(std::clamp(x, static_cast<double>(first_), static_cast<double>(last_)));
+  }
+
   const RowWarp::Row& row_;
   double ramp_;
   int first_;
@@ -118,10 +144,20 @@ void smoothRow(RowMean& mean, const RowWarp::Row& from, const Span& span, const 
   const double middle = (from.sourceFrom + from.sourceTo) / 2;
   mean.takeRows(pieceAround(middle, std::abs(from.sourceTo - from.sourceFrom), source.height()));
   const double perPixel = source.width() / (from.right - from.left);
+  const auto sourceAt = [&](int x) { return (x + 0.5 - from.left) * perPixel; };
+  const double length = std::min<double>(std::max(1.0, perPixel), source.width());
+  int firstFull = span.last(), lastFull = span.last();
+  if (!isAlpha && from.cover >= 1) {
+    firstFull = span.firstFull(length / 2 / perPixel);
+    lastFull = std::max(firstFull, span.lastFull(length / 2 / perPixel));
+    mean.means(sourceAt(firstFull) - length / 2, length, perPixel, to + firstFull, lastFull - firstFull);
+  }
   for (int x = span.first(); x < span.last(); ++x) {
+    if (x == firstFull) x = lastFull;
+    if (x >= span.last()) break;
     const double cover = span.cover(x);
     if (cover <= 0) continue;
-    const auto c = mean.mean(pieceAround((x + 0.5 - from.left) * perPixel, perPixel, source.width()));
+    const auto c = mean.mean(pieceAround(sourceAt(x), perPixel, source.width()));
     const auto mine = static_cast<float>(cover), rest = 1 - mine;
     if (!isAlpha) {
       to[x] = {byteOf(c[0] * mine + fill.blue * rest), byteOf(c[1] * mine + fill.green * rest),

@@ -45,7 +45,7 @@ constexpr EffectArgument kPerspectiveArguments[] = {
     {"side", "&Side that is farther", Kind::Choice, 0, 3, 0, "", kSides},
     {"shrink", "Sh&orter by", Kind::Whole, 0, 90, 40, "%"},
     {"length", "&Length kept", Kind::Whole, 10, 100, 100, "%"},
-    {"fill", "&Fill colour", Kind::PlainColour, 0, kWhite, kWhite},
+    {"fill", "F&ill colour", Kind::PlainColour, 0, kWhite, kWhite},
     {"antialias", "&Antialias", Kind::Switch, 0, 1, 1},
 };
 
@@ -66,7 +66,7 @@ constexpr const char* kDirections[] = {"Horizontally", "Vertically"};
 constexpr EffectArgument kSlantArguments[] = {
     {"direction", "&Direction", Kind::Choice, 0, 1, 0, "", kDirections},
     {"angle", "An&gle", Kind::Real, -60, 60, 15, "degrees"},
-    {"fill", "&Fill colour", Kind::PlainColour, 0, kWhite, kWhite},
+    {"fill", "F&ill colour", Kind::PlainColour, 0, kWhite, kWhite},
     {"antialias", "&Antialias", Kind::Switch, 0, 1, 1},
 };
 
