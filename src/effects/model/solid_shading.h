@@ -1,6 +1,8 @@
 // How the surface of a solid looks in the light, and how dark the ground beside it is.
 #pragma once
 
+#include <algorithm>
+
 #include "effects/model/colour_light.h"
 #include "effects/model/pixel_cover.h"
 #include "effects/model/solids.h"
