@@ -17,11 +17,11 @@ double share(const EffectInput& input, std::size_t i) {
 
 enum GradientArgument { kKind, kFirst, kSecond, kAngle, kAcross, kDown, kMidpoint, kMixing, kStrength };
 constexpr const char* kGradientKinds[] = {"Linear", "Reflected", "Radial", "Angular"};
-constexpr const char* kMixings[] = {"Colour values", "As the eye sees"};
+constexpr const char* kMixings[] = {"Straight", "As the eye sees"};
 constexpr EffectArgument kGradientArguments[] = {
     {"kind", "&Kind", Kind::Choice, 0, 3, 0, "", kGradientKinds},
-    {"first", "F&irst colour", Kind::ColourOrNone, kNoColour, kWhite, rgb(66, 28, 122)},
-    {"second", "&Second colour", Kind::ColourOrNone, kNoColour, kWhite, rgb(255, 158, 96)},
+    {"first", "F&irst color", Kind::ColourOrNone, kNoColour, kWhite, rgb(66, 28, 122)},
+    {"second", "&Second color", Kind::ColourOrNone, kNoColour, kWhite, rgb(255, 158, 96)},
     {"angle", "&Angle (0 is upwards)", Kind::Whole, 0, 359, 180, "degrees"},
     {"across", "Centre a&cross", Kind::Whole, 0, 100, 50, "%"},
     {"down", "Centre do&wn", Kind::Whole, 0, 100, 50, "%"},
@@ -62,7 +62,7 @@ constexpr EffectArgument kGridArguments[] = {
     {"spacing-y", "Spacing do&wn", Kind::Whole, 2, 2000, 32, "pixels"},
     {"width", "&Line width", Kind::Whole, 1, 100, 1, "pixels"},
     {"style", "&Style", Kind::Choice, 0, 2, 0, "", kGridStyles},
-    {"colour", "C&olour", Kind::PlainColour, 0, kWhite, rgb(0, 96, 192)},
+    {"colour", "C&olor", Kind::PlainColour, 0, kWhite, rgb(0, 96, 192)},
     {"strength", "S&trength", Kind::Whole, 0, 100, 80, "%"},
     {"offset-x", "F&irst line from left", Kind::Whole, 0, 2000, 0, "pixels"},
     {"offset-y", "First li&ne from top", Kind::Whole, 0, 2000, 0, "pixels"},
@@ -90,7 +90,7 @@ constexpr EffectArgument kSizeRow = {"size", "&Size", Kind::Whole, 1, 200, 70, "
 constexpr EffectArgument kAcrossRow = {"across", "Centre a&cross", Kind::Whole, 0, 100, 50, "%"};
 constexpr EffectArgument kDownRow = {"down", "Centre do&wn", Kind::Whole, 0, 100, 50, "%"};
 constexpr EffectArgument colourRow(Colour standard) {
-  return {"colour", "C&olour", Kind::PlainColour, 0, kWhite, static_cast<double>(standard)};
+  return {"colour", "C&olor", Kind::PlainColour, 0, kWhite, static_cast<double>(standard)};
 }
 constexpr EffectArgument kLightFromRow = {"light-from", "&Light from (0 is above)", Kind::Whole, 0, 359, 320,
                                           "degrees"};

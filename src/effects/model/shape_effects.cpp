@@ -45,7 +45,7 @@ constexpr EffectArgument kPerspectiveArguments[] = {
     {"side", "&Side that is farther", Kind::Choice, 0, 3, 0, "", kSides},
     {"shrink", "Sh&orter by", Kind::Whole, 0, 90, 40, "%"},
     {"length", "&Length kept", Kind::Whole, 10, 100, 100, "%"},
-    {"fill", "F&ill colour", Kind::PlainColour, 0, kWhite, kWhite},
+    {"fill", "F&ill color", Kind::PlainColour, 0, kWhite, kWhite},
     {"antialias", "&Antialias", Kind::Switch, 0, 1, 1},
 };
 
@@ -66,7 +66,7 @@ constexpr const char* kDirections[] = {"Horizontally", "Vertically"};
 constexpr EffectArgument kSlantArguments[] = {
     {"direction", "&Direction", Kind::Choice, 0, 1, 0, "", kDirections},
     {"angle", "An&gle", Kind::Real, -60, 60, 15, "degrees"},
-    {"fill", "F&ill colour", Kind::PlainColour, 0, kWhite, kWhite},
+    {"fill", "F&ill color", Kind::PlainColour, 0, kWhite, kWhite},
     {"antialias", "&Antialias", Kind::Switch, 0, 1, 1},
 };
 
@@ -88,8 +88,8 @@ constexpr const char* kBorderPlaces[] = {"Around the picture", "Over its edges"}
 constexpr EffectArgument kBorderArguments[] = {
     {"style", "&Style", Kind::Choice, 0, 5, 0, "", kBorderStyles},
     {"width", "&Width", Kind::Whole, 1, 500, 10, "pixels"},
-    {"colour", "C&olour", Kind::PlainColour, 0, kWhite, rgb(96, 64, 32)},
-    {"second", "Colour &between", Kind::PlainColour, 0, kWhite, kWhite},
+    {"colour", "C&olor", Kind::PlainColour, 0, kWhite, rgb(96, 64, 32)},
+    {"second", "Color &between", Kind::PlainColour, 0, kWhite, kWhite},
     {"place", "P&lace", Kind::Choice, 0, 1, 0, "", kBorderPlaces},
 };
 
@@ -110,7 +110,7 @@ constexpr EffectArgument kShadowArguments[] = {
     {"offset-x", "To the &right", Kind::Whole, -300, 300, 8, "pixels"},
     {"offset-y", "&Down", Kind::Whole, -300, 300, 8, "pixels"},
     {"softness", "&Softness", Kind::Whole, 0, 300, 12, "pixels"},
-    {"colour", "C&olour", Kind::PlainColour, 0, kWhite, kBlack},
+    {"colour", "C&olor", Kind::PlainColour, 0, kWhite, kBlack},
     {"strength", "S&trength", Kind::Whole, 0, 100, 80, "%"},
     {"ground", "&Ground under a photograph", Kind::PlainColour, 0, kWhite, kWhite},
 };
