@@ -5,6 +5,18 @@
 
 namespace ruvo {
 
+// Under what floats and can be seen through; else empty.
+clsDIB frmRuvoPaint::Private::beneathRegion(const clsDIB& held) const {
+  clsDIB beneath;
+  int x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+  if (!held.DIBhasAlpha() || !canvas->RegionMoveReady() || !canvas->GetRegionData(x1, y1, x2, y2) ||
+      !beneath.CreateBlankDIB(held.DIBWidth(), held.DIBHeight(), 32, kWhite)) {
+    return beneath;
+  }
+  clsDIB::PaintFromDIBtoDIB(canvas->DIBsnap(), beneath, -x1, -y1);
+  return beneath;
+}
+
 bool frmRuvoPaint::Private::changeSubject(const Make& make) {
   if (!hasPicture()) return false;
   if (!canvas->HasRegion()) {
@@ -21,7 +33,8 @@ bool frmRuvoPaint::Private::changeSubject(const Make& make) {
     tellNoMemory();
     return false;
   }
-  if (!make({held, true}, result)) return false;
+  const clsDIB beneath = beneathRegion(held);
+  if (!make({held, true, beneath.empty() ? nullptr : &beneath}, result)) return false;
   const bool replaced = canvas->replaceRegion(result);
   if (!replaced) tellNoMemory();
   return replaced;

@@ -120,6 +120,7 @@ struct frmRuvoPaint::Private {
   // What floats in a region stays afloat, and is a state when it is put down.
   using Make = std::function<bool(const EffectSubject& subject, clsDIB& result)>;
   bool changeSubject(const Make& make);
+  clsDIB beneathRegion(const clsDIB& held) const;
 
   // What was cut out of the picture (32 bits) becomes the picture, with one state. Nothing floats any more.
   void becomeCrop(clsDIB&& cut);

@@ -16,7 +16,8 @@ namespace ruvo {
 // What an effect is to change; the picture outlives the window.
 struct EffectSubject {
   const clsDIB& picture;
-  bool region = false;  // what a region holds, which keeps its size
+  bool region = false;               // what a region holds, which keeps its size
+  const clsDIB* beneath = nullptr;  // of a region that can be seen through: what lies under it, of its size
 };
 
 struct EffectHost {

@@ -28,7 +28,7 @@ EffectWindow::EffectWindow(const QString& name, const QString& title, const Effe
   setObjectName(name);
   setWindowTitle(title);
   sample_ = new SamplePanel(
-      subject_.picture, [this](clsDIB& picture, double scale) { return apply(picture, scale, {}); }, this);
+      subject_, [this](clsDIB& picture, double scale) { return apply(picture, scale, {}); }, this);
   side_ = new QWidget(this);
   side_->setMinimumWidth(kSideWidth);
   controls_ = new QVBoxLayout(side_);

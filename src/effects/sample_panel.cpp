@@ -5,6 +5,8 @@
 
 #include "canvas/ucCanvasA.h"
 #include "dialogs/named_controls.h"
+#include "effects/model/layer.h"
+#include "effects/model/reduced_copy.h"
 #include "platform/desktop/cursors.h"
 
 namespace ruvo {
@@ -18,8 +20,8 @@ constexpr int kRestMs = 120;
 
 }  // namespace
 
-SamplePanel::SamplePanel(const clsDIB& subject, Apply apply, QWidget* parent)
-    : QWidget(parent), subject_(subject), apply_(std::move(apply)) {
+SamplePanel::SamplePanel(const EffectSubject& subject, Apply apply, QWidget* parent)
+    : QWidget(parent), subject_(subject.picture), beneath_(subject.beneath), apply_(std::move(apply)) {
   picSample_ = new ucCanvasA(this);
   picSample_->setObjectName(QStringLiteral("picSample"));
   picSample_->setMinimumSize(kLeastSide);
@@ -64,17 +66,19 @@ void SamplePanel::prepare() {
   subject_.GetBestFitPointAndSize(std::max(1, room.width), std::max(1, room.height), x, y, width, height, false);
   if (fullSize() || Size{width, height} == subject_.size()) {
     reduced_.ClearUp();
+    reducedBeneath_.ClearUp();
     scale_ = 1;
     return;
   }
   if (reduced_.size() == Size{width, height}) return;
   scale_ = static_cast<double>(width) / subject_.DIBWidth();
-  if (!reduced_.CreateBlankDIB(width, height, 32, kWhite)) return;
-  clsDIB seen;
-  const bool seeThrough =
-      subject_.DIBhasAlpha() && seen.CreateBlankDIB(subject_.DIBWidth(), subject_.DIBHeight(), 32, kWhite);
-  if (seeThrough) clsDIB::Display_DIB_With_Alpha(subject_, seen.surface(), kWhite);
-  clsDIB::StretchPaintFromDIBtoDIB(seeThrough ? seen : subject_, reduced_, true);
+  reducedBeneath_.ClearUp();
+  if (subject_.DIBhasAlpha()) {
+    reducedCopy(subject_, Size{width, height}, reduced_);
+    if (beneath_) reducedCopy(*beneath_, Size{width, height}, reducedBeneath_);
+  } else if (reduced_.CreateBlankDIB(width, height, 32, kWhite)) {
+    clsDIB::StretchPaintFromDIBtoDIB(subject_, reduced_, true);
+  }
 }
 
 void SamplePanel::refresh() {
@@ -96,8 +100,21 @@ void SamplePanel::show() {
     // Without a result the picture is shown as it is.
     if (!apply_(sample, scale_)) clsDIB::CloneDIB(source, sample, kWhite, source.BottomUp());
   }
+  layOnGround(sample);
   picSample_->DIB() = std::move(sample);
   picSample_->CanvasPicPaint();
+}
+
+// As it will lie in the picture; what has no ground is shown on white.
+void SamplePanel::layOnGround(clsDIB& sample) const {
+  const clsDIB& ground = reduced_.empty() && beneath_ ? *beneath_ : reducedBeneath_;
+  clsDIB seen;
+  if (!sample.DIBhasAlpha() || ground.size() != sample.size() ||
+      !clsDIB::CloneDIB(ground, seen, kWhite, ground.BottomUp())) {
+    return;
+  }
+  layPicture(seen, sample, {}, {});
+  sample = std::move(seen);
 }
 
 // A sample that has grown shows other places than the picture has.

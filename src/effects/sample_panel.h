@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "base/colour.h"
-#include "image/clsDIB.h"
+#include "effects/effect_subject.h"
 
 class QCheckBox;
 
@@ -21,8 +21,8 @@ class SamplePanel : public QWidget {
  public:
   // Changes a picture as chosen; `scale` is 1 for the real size, below for a reduced sample. False when it can not.
   using Apply = std::function<bool(clsDIB& picture, double scale)>;
-  // `subject` outlives the panel.
-  SamplePanel(const clsDIB& subject, Apply apply, QWidget* parent);
+  // What the subject refers to outlives the panel.
+  SamplePanel(const EffectSubject& subject, Apply apply, QWidget* parent);
 
   // The choices have changed. A sample that is quick to make is shown at once, a large one when the hand rests.
   void refresh();
@@ -43,13 +43,16 @@ class SamplePanel : public QWidget {
   bool fullSize() const;
   void prepare();
   void show();
+  void layOnGround(clsDIB& sample) const;
   void pick(int x, int y);
 
   const clsDIB& subject_;
+  const clsDIB* beneath_;  // null where white is
   Apply apply_;
   ucCanvasA* picSample_;
   QCheckBox* ckbShowFullSize_;
-  clsDIB reduced_;  // the picture at the sample's size; empty when it is shown as it is
+  clsDIB reduced_;         // the picture at the sample's size; empty when it is shown as it is
+  clsDIB reducedBeneath_;  // the same of what lies beneath
   double scale_ = 1;
   bool prepared_ = false;
   bool pickSeen_ = false;
