@@ -7,7 +7,6 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-#include "base/limits.h"
 #include "dialogs/icon_pictures.h"
 #include "dialogs/named_controls.h"
 #include "document/model/status_texts.h"
@@ -134,7 +133,8 @@ QWidget* frmRuvoAdjustEdge::buildField(int edge) {
   const auto at = static_cast<std::size_t>(edge);
   auto* field = new QSpinBox(this);
   field->setObjectName(QString::fromLatin1(kEdgeControls[at]));
-  field->setRange(-kMaxPictureSide, kMaxPictureSide);
+  // Beyond the limit, which is told in words: a digit that is not taken would leave another number unseen.
+  field->setRange(-kMostTypedSide, kMostTypedSide);
   connect(field, &QSpinBox::valueChanged, this, &frmRuvoAdjustEdge::showOutcome);
   fields_[at] = field;
   auto* name = new QLabel(names[at], this);
