@@ -1,13 +1,17 @@
 #include "effects/text_picture.h"
 
 #include <QFontDatabase>
+#include <QFontMetrics>
 #include <QGlyphRun>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QRawFont>
+#include <QTextCharFormat>
 #include <QTextOption>
+#include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "base/limits.h"
 #include "platform/desktop/texts.h"
@@ -33,6 +37,61 @@ QTextOption textOption(const TextChoices& choices) {
 QString withoutBlankEnd(QString line) {
   while (!line.isEmpty() && line.back().isSpace()) line.chop(1);
   return line;
+}
+
+// `length` is what it takes in the text.
+char32_t characterAt(const QString& text, int at, int& length) {
+  const QChar first = text[at];
+  const bool pair = first.isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+  length = pair ? 2 : 1;
+  return pair ? QChar::surrogateToUcs4(first, text[at + 1]) : first.unicode();
+}
+
+// Marks and joiners go with the letter before them.
+bool goesWithLetter(char32_t character) {
+  return QChar::isMark(character) || QChar::category(character) == QChar::Other_Format;
+}
+
+// Slanted and bold faces often lack scripts that the upright, plain ones of the same fonts have, and whatever stands in
+// is asked for the same style. Where a letter would show as a box for that, the parts with less style that bring it.
+QList<QTextLayout::FormatRange> plainerParts(const QString& text, const QFont& font) {
+  struct Manner {
+    QFontMetrics metrics;
+    QTextCharFormat format;
+  };
+  std::vector<Manner> manners;
+  QFont plainer = font;
+  QTextCharFormat format;
+  if (font.italic()) {
+    plainer.setItalic(false);
+    format.setFontItalic(false);
+    manners.push_back({QFontMetrics(plainer), format});
+  }
+  if (font.bold()) {
+    plainer.setWeight(QFont::Normal);
+    format.setFontWeight(QFont::Normal);
+    manners.push_back({QFontMetrics(plainer), format});
+  }
+  QList<QTextLayout::FormatRange> parts;
+  if (manners.empty()) return parts;
+  const QFontMetrics wanted(font);
+  const Manner* last = nullptr;
+  for (int at = 0, length = 1; at < text.size(); at += length) {
+    const char32_t character = characterAt(text, at, length);
+    const auto brings = [character](const Manner& manner) { return manner.metrics.inFontUcs4(character); };
+    const Manner* manner = last;
+    if (!goesWithLetter(character)) {
+      const auto found = wanted.inFontUcs4(character) ? manners.end() : std::ranges::find_if(manners, brings);
+      manner = found == manners.end() ? nullptr : &*found;
+    }
+    if (manner && manner == last) {
+      parts.back().length += length;
+    } else if (manner) {
+      parts.push_back({at, length, manner->format});
+    }
+    last = manner;
+  }
+  return parts;
 }
 
 double shareLeftOf(TextAlign align) {
@@ -118,6 +177,9 @@ QFont TextPicture::fontOf() const {
 void TextPicture::layOut(Line& line) {
   line.layout.setTextOption(textOption(choices_));
   line.layout.setCacheEnabled(true);
+  const QList<QTextLayout::FormatRange> parts = plainerParts(line.layout.text(), line.layout.font());
+  line.layout.setFormats(parts);
+  styleMissing_ = styleMissing_ || !parts.empty();
   line.layout.beginLayout();
   QTextLine laid = line.layout.createLine();
   laid.setLineWidth(kWidestLine);
@@ -151,6 +213,7 @@ QString TextPicture::fontNote() const {
   if (!standIns_.isEmpty())
     notes
         << QStringLiteral("%1 stands in for what %2 does not have.").arg(standIns_.join(QStringLiteral(", ")), family_);
+  if (styleMissing_) notes << QStringLiteral("Some characters are not here in that style and stand plainer.");
   if (glyphMissing_) notes << QStringLiteral("Some characters are in no font here and show as boxes.");
   return notes.join(u'\n');
 }

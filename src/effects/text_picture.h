@@ -22,8 +22,8 @@ class TextPicture {
   std::int64_t width() const { return width_; }
   std::int64_t height() const { return height_; }
   bool empty() const { return width_ == 0; }
-  // Which fonts stand in for the chosen one, and whether characters are left that no font has, in words; empty when
-  // there is nothing to be told.
+  // Which fonts stand in for the chosen one, and whether some can not have the style or no font has them, in
+  // words; empty when there is nothing to be told.
   QString fontNote() const;
 
   // The picture: 32 bits with alpha. A see-through ground has the letters' colour at alpha 0; without antialias alpha is
@@ -52,6 +52,7 @@ class TextPicture {
   std::int64_t height_ = 0;
   QString family_;        // of the font that is used
   QStringList standIns_;  // for single characters
+  bool styleMissing_ = false;
   bool glyphMissing_ = false;
 };
 

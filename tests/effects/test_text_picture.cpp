@@ -88,6 +88,11 @@ TEST(TextPicture, FontsThatStandInAreNamedAndTooMuchIsNoPicture) {
   EXPECT_TRUE(TextPicture(missing).fontNote().startsWith("No Such Font is not here; "));
   // No font has a private letter of the last plane.
   EXPECT_TRUE(TextPicture(choicesOf("a\U0010FFFD")).fontNote().contains("Some characters are in no font here"));
+  // Not even where only the slanted face lacks a script.
+  TextChoices slanted = choicesOf("\u0628\u0628 a");
+  const bool upright = TextPicture(slanted).fontNote().contains("in no font here");
+  slanted.italic = slanted.bold = true;
+  EXPECT_EQ(TextPicture(slanted).fontNote().contains("in no font here"), upright);
   TextChoices wide = choicesOf("");
   wide.text.assign(2000, 'W');
   wide.size = 400;
