@@ -6,6 +6,7 @@
 
 #include "dialogs/named_controls.h"
 #include "effects/effect_controls.h"
+#include "effects/model/reduced_copy.h"
 #include "effects/sample_panel.h"
 
 namespace ruvo {
@@ -32,10 +33,28 @@ ArgumentWindow::ArgumentWindow(const QString& name, const Effect& effect, std::v
 
 bool ArgumentWindow::apply(clsDIB& picture, double scale, const Progress& progress) {
   if (!entered_->missingPicture().isEmpty()) return false;
-  EffectInput input(entered_->values());
+  std::vector<EffectValue> values = valuesAt(scale);
+  if (values.empty() && !entered_->values().empty()) return false;
+  EffectInput input(std::move(values));
   input.scale = scale;
   input.keepSize = subject().region;
   return effect_.apply(picture, input, progress);
+}
+
+// Nothing when there is no memory for it.
+std::vector<EffectValue> ArgumentWindow::valuesAt(double scale) {
+  std::vector<EffectValue> values = entered_->values();
+  if (scale == 1) return values;
+  for (EffectValue& value : values) {
+    if (!value.picture) continue;
+    if (reduced_.of != value.picture || reduced_.scale != scale) {
+      auto copy = std::make_shared<clsDIB>();
+      if (!reducedCopy(*value.picture, scale, *copy)) return {};
+      reduced_ = {value.picture, std::move(copy), scale};
+    }
+    value.picture = reduced_.copy;
+  }
+  return values;
 }
 
 QString ArgumentWindow::refusal() {

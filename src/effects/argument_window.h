@@ -24,10 +24,18 @@ class ArgumentWindow : public EffectWindow {
   QString refusal() override;
 
  private:
+  // As entered; with `scale` below 1 a second picture is as much reduced as the sample.
+  std::vector<EffectValue> valuesAt(double scale);
+
   const Effect& effect_;
   const std::vector<EffectArgument> arguments_;
   EffectHost& host_;
   EffectControls* entered_;
+  // The last reduced one, so that a drag on the sample does not wait for it.
+  struct {
+    std::shared_ptr<const clsDIB> of, copy;
+    double scale = 0;
+  } reduced_;
 };
 
 }  // namespace ruvo

@@ -40,7 +40,8 @@ EffectControls::EffectControls(std::span<const EffectArgument> arguments, std::v
       values_(std::move(values)),
       host_(host),
       window_(window),
-      show_(arguments.size()) {
+      show_(arguments.size()),
+      limit_(arguments.size()) {
   using Make = QWidget* (EffectControls::*)(std::size_t);
   const auto maker = [](EffectValueKind kind) -> Make {
     switch (kind) {
@@ -110,6 +111,10 @@ QWidget* EffectControls::number(std::size_t i) {
     set(i, value);
   });
   show_[i] = [field](double value) { field->setValue(value); };
+  limit_[i] = [field, slider, steps](double low, double high) {
+    field->setRange(low, high);
+    slider->setRange(qRound(low * steps), qRound(high * steps));
+  };
   auto* layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(slider, 1);
@@ -181,6 +186,10 @@ QWidget* EffectControls::picture(std::size_t i) {
 
 void EffectControls::setNumber(std::size_t i, double number) {
   if (show_.at(i)) show_[i](number);
+}
+
+void EffectControls::setRange(std::size_t i, double low, double high) {
+  if (limit_.at(i)) limit_[i](low, high);
 }
 
 QString EffectControls::missingPicture() const {

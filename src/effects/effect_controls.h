@@ -28,6 +28,8 @@ class EffectControls : public QObject {
   const std::vector<EffectValue>& values() const { return values_; }
   // Shows another number in the control of argument `i`, as if it had been entered.
   void setNumber(std::size_t i, double number);
+  // Another range for it, into which the number is brought.
+  void setRange(std::size_t i, double low, double high);
   // Label of the first picture that is still to be chosen; empty when none is.
   QString missingPicture() const;
   // A colour picked on the sample goes to the colour that can be none; false when there is no such argument.
@@ -50,6 +52,7 @@ class EffectControls : public QObject {
   EffectHost& host_;
   QWidget* window_;
   std::vector<std::function<void(double)>> show_;  // of each number
+  std::vector<std::function<void(double, double)>> limit_;
   OptionalColour* pickable_ = nullptr;             // what a colour picked on the sample goes to
 };
 

@@ -13,30 +13,62 @@
 namespace ruvo {
 namespace {
 
+constexpr const char* kName = "frmRuvoLayerOp";
 // Arguments of the effect.
 enum Place : std::size_t { kPicture = 0, kLeft = 2, kTop = 3 };
 
-// As far as a layer of twice the picture's size can still show something.
-std::vector<EffectArgument> argumentsFor(const Effect& effect, Size picture) {
+struct PlaceRange {
+  double low, high;
+};
+
+// As far as the layer can still show something.
+PlaceRange placeRange(int picture, int layer) {
+  return {-static_cast<double>(std::max(picture, layer)), static_cast<double>(picture)};
+}
+
+std::vector<EffectArgument> argumentsFor(const Effect& effect, Size picture, Size layer) {
   std::vector<EffectArgument> arguments(effect.arguments.begin(), effect.arguments.end());
-  arguments[kLeft].low = -2.0 * picture.width;
-  arguments[kLeft].high = picture.width;
-  arguments[kTop].low = -2.0 * picture.height;
-  arguments[kTop].high = picture.height;
+  const auto limit = [&arguments](std::size_t i, PlaceRange range) {
+    arguments[i].low = range.low;
+    arguments[i].high = range.high;
+  };
+  limit(kLeft, placeRange(picture.width, layer.width));
+  limit(kTop, placeRange(picture.height, layer.height));
   return arguments;
+}
+
+// Of the picture that the window begins with.
+Size rememberedSize(const EffectHost& host) {
+  const auto last = host.remembered.find(kName);
+  return last != host.remembered.end() && last->second[kPicture].picture ? last->second[kPicture].picture->size()
+                                                                         : Size{};
 }
 
 }  // namespace
 
 frmRuvoLayerOp::frmRuvoLayerOp(const EffectSubject& subject, EffectHost& host, QWidget* parent)
-    : ArgumentWindow(QStringLiteral("frmRuvoLayerOp"), *effectOf("layer"),
-                     argumentsFor(*effectOf("layer"), subject.picture.size()), subject, host, parent) {
+    : ArgumentWindow(QString::fromLatin1(kName), *effectOf("layer"),
+                     argumentsFor(*effectOf("layer"), subject.picture.size(), rememberedSize(host)), subject, host,
+                     parent),
+      layer_(rememberedSize(host)) {
   auto* center = namedButton("cmdCenter", tr("&Center"), this);
   center->setToolTip(tr("Puts the second picture in the middle"));
   connect(center, &QPushButton::clicked, this, &frmRuvoLayerOp::centre);
   controls()->insertWidget(1, center, 0, Qt::AlignLeft);
   controls()->insertWidget(2, namedLabel("lblHint", tr("Drag the second picture on the sample to its place."), this));
+  connect(&entered(), &EffectControls::changed, this, &frmRuvoLayerOp::limitPlace);
   for (QWidget* part : sample()->picture().findChildren<QWidget*>()) part->installEventFilter(this);
+}
+
+// A picture that was just loaded may be of any size.
+void frmRuvoLayerOp::limitPlace() {
+  const auto& second = entered().values()[kPicture].picture;
+  if (!second || second->size() == layer_) return;
+  layer_ = second->size();
+  const Size picture = subject().picture.size();
+  const auto limit = [this](std::size_t i, PlaceRange range) { entered().setRange(i, range.low, range.high); };
+  limit(kLeft, placeRange(picture.width, layer_.width));
+  limit(kTop, placeRange(picture.height, layer_.height));
 }
 
 void frmRuvoLayerOp::centre() {

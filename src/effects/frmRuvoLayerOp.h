@@ -18,9 +18,11 @@ class frmRuvoLayerOp : public ArgumentWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void limitPlace();
   void centre();
   void dragTo(QPointF place);
 
+  Size layer_;                   // of the second picture
   std::optional<QPointF> grab_;  // where the drag is, logical pixels of the sample
 };
 

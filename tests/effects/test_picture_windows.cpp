@@ -76,6 +76,10 @@ TEST_F(PictureWindows, ALayerIsLoadedDraggedAndLaidWhereItWasPut) {
 
   frmRuvoLayerOp again({picture}, host, nullptr);
   EXPECT_EQ(control<QDoubleSpinBox>(again, "txbLeft")->value(), 90) << "what was entered last is offered";
+  chosen = std::make_shared<clsDIB>(pictureOf(1200, 10, [](int, int) { return Pixel32::plain(kBlack); }));
+  control(again, "cmdPicture")->click();
+  control(again, "cmdCenter")->click();
+  EXPECT_EQ(control<QDoubleSpinBox>(again, "txbLeft")->value(), -500) << "a layer may be of any size";
 }
 
 TEST_F(PictureWindows, ATileIsTheMarkedPartOfTheImageOnItsCanvas) {

@@ -67,7 +67,8 @@ class EffectInput {
     return scaled < 0 ? std::min(-1, roundToInt(scaled)) : std::max(1, roundToInt(scaled));
   }
 
-  // Pixels of the picture that is worked on for each pixel of the real one: below 1 for a reduced sample.
+  // Pixels of the picture that is worked on for each pixel of the real one: below 1 for a reduced sample. Other pictures
+  // come as much reduced.
   double scale = 1;
   // The picture is what a region holds: an effect that would make it larger keeps its size.
   bool keepSize = false;

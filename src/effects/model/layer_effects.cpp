@@ -2,7 +2,6 @@
 #include "base/limits.h"
 #include "effects/model/effect_table.h"
 #include "effects/model/layer.h"
-#include "effects/model/reduced_copy.h"
 
 namespace ruvo {
 namespace {
@@ -12,24 +11,20 @@ using enum EffectValueKind;
 constexpr const char* kPlaces[] = {"Over", "Under"};
 constexpr EffectArgument kLayerArguments[] = {
     {.name = "picture", .label = "Second picture", .kind = Picture},
-    {.name = "place", .label = "&Place", .kind = Choice, .high = 1, .choices = kPlaces},
+    {.name = "place", .label = "Pl&ace", .kind = Choice, .high = 1, .choices = kPlaces},
     {.name = "left", .label = "L&eft", .kind = Whole, .low = -kMaxPictureSide, .high = kMaxPictureSide, .unit = "pixels"},
     {.name = "top", .label = "&Top", .kind = Whole, .low = -kMaxPictureSide, .high = kMaxPictureSide, .unit = "pixels"},
     {.name = "opacity", .label = "&Opacity", .kind = Whole, .low = 0, .high = 100, .standard = 100, .unit = "%"},
     {.name = "transparent", .label = "T&ransparent color", .kind = ColourOrNone, .low = kNoColour, .high = kWhite, .standard = kNoColour},
 };
 
-// A sample takes a second picture that is reduced as it is itself.
 bool applyLayer(clsDIB& picture, const EffectInput& input, const Progress& progress) {
-  const clsDIB& second = input.picture(0);
   LayerChoices choices;
   choices.under = input.choice(1) == 1;
   choices.at = {roundToInt(input.length(2)), roundToInt(input.length(3))};
   choices.opacity = input.whole(4);
   choices.transparentColour = input.colourOrNone(5);
-  if (input.scale == 1) return layPicture(picture, second, choices, progress);
-  clsDIB reduced;
-  return reducedCopy(second, input.scale, reduced) && layPicture(picture, reduced, choices, progress);
+  return layPicture(picture, input.picture(0), choices, progress);
 }
 
 constexpr Effect kEffects[] = {
