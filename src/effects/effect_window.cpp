@@ -30,9 +30,10 @@ EffectWindow::EffectWindow(const QString& name, const QString& title, const Effe
   sample_ = new SamplePanel(
       subject_, [this](clsDIB& picture, double scale) { return apply(picture, scale, {}); }, this);
   side_ = new QWidget(this);
-  side_->setMinimumWidth(kSideWidth);
   controls_ = new QVBoxLayout(side_);
   controls_->setContentsMargins(0, 0, 0, 0);
+  // A minimum of the widget itself would let wide rows be squeezed below theirs.
+  controls_->addStrut(kSideWidth);
 
   progress_ = new ucProgress(this);
   progress_->setObjectName(QStringLiteral("ucProgress1"));

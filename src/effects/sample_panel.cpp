@@ -1,6 +1,7 @@
 #include "effects/sample_panel.h"
 
 #include <QCheckBox>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "canvas/ucCanvasA.h"
@@ -12,7 +13,10 @@
 namespace ruvo {
 namespace {
 
+// Of the view, in logical pixels; on a small screen at most these parts of it, so that the controls have room.
 constexpr QSize kLeastSide(380, 300);
+constexpr int kPartOfWidth = 3;
+constexpr int kPartOfHeight = 2;
 constexpr int kFrame = 2;  // device pixels that the view leaves free around a fitted picture
 // From this many pixels on a sample waits until the hand rests.
 constexpr std::int64_t kQuickPixels = 1000000;
@@ -24,7 +28,8 @@ SamplePanel::SamplePanel(const EffectSubject& subject, Apply apply, QWidget* par
     : QWidget(parent), subject_(subject.picture), beneath_(subject.beneath), apply_(std::move(apply)) {
   picSample_ = new ucCanvasA(this);
   picSample_->setObjectName(QStringLiteral("picSample"));
-  picSample_->setMinimumSize(kLeastSide);
+  const QSize room = screen()->availableSize();
+  picSample_->setMinimumSize(kLeastSide.boundedTo({room.width() / kPartOfWidth, room.height() / kPartOfHeight}));
   picSample_->setFitInView(true);
   picSample_->setToReportRightClickDataInScrollMode(true);
   ckbShowFullSize_ = namedCheckBox("ckbShowFullSize", tr("Show &full size"), this);

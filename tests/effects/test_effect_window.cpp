@@ -1,3 +1,4 @@
+#include <QLabel>
 #include <QTimer>
 
 #include "effect_fixture.h"
@@ -110,6 +111,14 @@ TEST_F(EffectWindowTest, ControlsFollowTheArguments) {
   proceed(window);
   ArgumentWindow again("frmMany", ManyValues::kEffect, {picture}, host, nullptr);
   EXPECT_EQ(control<QDoubleSpinBox>(again, "txbLineWidth")->value(), 20) << "what was entered last";
+}
+
+TEST_F(EffectWindowTest, RowsAreNotSqueezedOnASmallScreen) {
+  EffectHost host;
+  ArgumentWindow window("frmRuvoAddCube", *effectOf("cube"), {picture}, host, nullptr);
+  show(window);
+  for (const auto* label : window.findChildren<QLabel*>()) EXPECT_GE(label->width(), label->sizeHint().width());
+  for (const auto* slider : window.findChildren<QSlider*>()) EXPECT_GE(slider->width(), slider->minimumWidth());
 }
 
 TEST_F(EffectWindowTest, TheSampleIsReducedOrAtFullSize) {
