@@ -111,6 +111,9 @@ class ucCanvas : public QWidget {
   bool copyRegion(clsDIB& out);
   // The region's own pixels become those of a picture of its size; see RegionEngine::replace.
   bool replaceRegion(const clsDIB& pixels);
+  // The same with alpha, and with more around it; see RegionEngine::copyCovered and grow.
+  bool copyCoveredRegion(clsDIB& out);
+  bool growRegion(const clsDIB& pixels, Point corner);
   // Takes what the region holds out of the picture, and the region with it; without an event. A floating paste is only
   // dropped. True when the picture changed.
   bool eraseRegion();

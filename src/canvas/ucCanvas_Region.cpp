@@ -117,6 +117,12 @@ bool ucCanvas::copyRegion(clsDIB& out) {
 bool ucCanvas::replaceRegion(const clsDIB& pixels) {
   return d_->core.region().replace(pixels);
 }
+bool ucCanvas::copyCoveredRegion(clsDIB& out) {
+  return d_->core.region().copyCovered(out);
+}
+bool ucCanvas::growRegion(const clsDIB& pixels, Point corner) {
+  return d_->core.region().grow(pixels, corner);
+}
 bool ucCanvas::eraseRegion() {
   d_->core.finishStroke();
   return d_->core.region().erase();

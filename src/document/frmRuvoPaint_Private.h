@@ -120,7 +120,12 @@ struct frmRuvoPaint::Private {
   // What floats in a region stays afloat, and is a state when it is put down.
   using Make = std::function<bool(const EffectSubject& subject, clsDIB& result)>;
   bool changeSubject(const Make& make);
-  clsDIB beneathRegion(const clsDIB& held) const;
+  // The same of what may fall beside the region, too: `make` gets room around what the region holds.
+  bool changeAroundRegion(const Make& make);
+  bool turnRegion(const Make& make);
+  bool growTrimmed(const clsDIB& picture, Point corner);
+  // What lies under a box of the picture, white outside; empty without memory.
+  clsDIB beneath(const Rect& box) const;
 
   // What was cut out of the picture (32 bits) becomes the picture, with one state. Nothing floats any more.
   void becomeCrop(clsDIB&& cut);

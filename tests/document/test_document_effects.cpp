@@ -146,7 +146,41 @@ TEST_F(DocumentEffects, AnyAngleTurnsThePictureOrTheRegion) {
   run("mnuRotateSub", 5, "frmRuvoRotate", [](QWidget& window) { press(window, "cmdProceed"); });
   EXPECT_EQ(picture().size(), (Size{40, 30}));
   EXPECT_EQ(colourAt(10, 10), QColor(30, 40, 20).name()) << "outside the oval";
-  EXPECT_TRUE(canvas().HasRegion());
+  EXPECT_TRUE(canvas().RegionMoveReady());
+  int left = 0, top = 0, right = 0, bottom = 0;
+  EXPECT_TRUE(canvas().GetRegionData(left, top, right, bottom));
+  EXPECT_GT(bottom - top, 8) << "the flat oval stands slanting now, in a box of its own";
+}
+
+TEST_F(DocumentEffects, ARegionsShadowFallsOnThePictureAround) {
+  ASSERT_TRUE(open(write("plain.bmp", plain(60, 50, QColor(250, 240, 230)))));
+  select(15);
+  const clsDIB before = copyOf(picture());
+  const auto shadow = [this] {
+    run("mnuEffectsSub", 22, "frmRuvoAddShadow", [](QWidget& window) { press(window, "cmdProceed"); });
+  };
+  shadow();
+  EXPECT_EQ(states(), 2u);
+  EXPECT_TRUE(canvas().HasRegion() && !canvas().RegionMoveReady()) << "the marquee stays";
+  EXPECT_EQ(test::pixelAt(picture(), 15, 13).colour(), rgb(250, 240, 230)) << "what throws it";
+  EXPECT_LT(test::pixelAt(picture(), 19, 17).red, 250) << "a corner beside the oval";
+  EXPECT_LT(test::pixelAt(picture(), 23, 21).red, 250);
+  EXPECT_EQ(test::pixelAt(picture(), 2, 2).colour(), rgb(250, 240, 230));
+
+  document->mnuEditUndo_Click();
+  EXPECT_EQ(difference(picture(), before), 0);
+  select(15);
+  ASSERT_TRUE(canvas().PrepareRegionDragging());
+  shadow();
+  int left = 0, top = 0, right = 0, bottom = 0;
+  ASSERT_TRUE(canvas().GetRegionData(left, top, right, bottom));
+  EXPECT_GT(right, 19);
+  EXPECT_LT(test::pixelAt(picture(), 23, 21).red, 250) << "it floats with the region";
+  EXPECT_EQ(states(), 2u);
+  QTest::keyClick(canvas().findChild<QWidget*>("picDisp"), Qt::Key_Escape);
+  EXPECT_EQ(difference(picture(), before), 0);
+  EXPECT_TRUE(canvas().GetRegionData(left, top, right, bottom));
+  EXPECT_EQ(right, 19) << "the marquee as it was";
 }
 
 }  // namespace

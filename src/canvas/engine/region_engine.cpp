@@ -145,6 +145,7 @@ bool RegionEngine::PrepareRegionDragging() {
   bitmaps().DIBsnap = std::move(snap);
   maskKey_ = keyColour();
   home_ = box_;
+  liftedOval_ = oval_;
   copiesLeft_ = false;
   stage_ = Stage::Floating;
   if (flags_.RegionTranslucent) UpdateRegionDragging();
@@ -313,7 +314,7 @@ void RegionEngine::takeBack() {
   if (isPaste()) return;
   clsDIB shape;
   const clsDIB& pixels = lifted_.empty() ? b.DIBregion : lifted_;
-  if (!makeRegionMask(pixels, oval_, std::nullopt, shape) && lifted_.empty()) shape = std::move(b.DIBmask);
+  if (!makeRegionMask(pixels, liftedOval_, std::nullopt, shape) && lifted_.empty()) shape = std::move(b.DIBmask);
   composeFlat(b.DIB, b.DIB, pixels, shape, cornerOf(home_));
   context_.changed(home_);
 }
@@ -407,11 +408,69 @@ bool RegionEngine::copy(clsDIB& out) const {
   if (!taken) return false;
   // Letters keep their colour where they are see-through: white there would come back as a rim.
   if (soft_ && !keyColour()) return true;
-  // What floats may have been turned, and its mask with it.
-  const bool maskStands = floats() && maskKey_ == keyColour();
-  clsDIB mask;
-  if (!maskStands && !makeMask(out, mask)) return false;
-  ClearAreasOutsideImageShape(out, maskStands ? b.DIBmask : mask, kWhite, soft_ ? 0 : brush::writtenAlpha(out));
+  clsDIB made;
+  const clsDIB* mask = coverMask(out, made);
+  if (!mask) return false;
+  ClearAreasOutsideImageShape(out, *mask, kWhite, soft_ ? 0 : brush::writtenAlpha(out));
+  return true;
+}
+
+// The mask of the pixels that the region holds; null without memory. What floats may have been turned, and its mask with
+// it; else it is made.
+const clsDIB* RegionEngine::coverMask(const clsDIB& pixels, clsDIB& made) const {
+  if (floats() && maskKey_ == keyColour()) return &bitmaps().DIBmask;
+  return makeMask(pixels, made) ? &made : nullptr;
+}
+
+bool RegionEngine::copyCovered(clsDIB& out) const {
+  clsDIB held, made;
+  if (!copy(out)) return false;
+  // A key colour is looked for in the pixels as they were, not where the copy has become white.
+  const bool taken = floats() ? takeRegionPixels(bitmaps().DIBregion, bitmaps().DIBregion.surface().bounds(), held)
+                              : takeRegionPixels(bitmaps().DIB, box_, held);
+  const clsDIB* mask = taken ? coverMask(held, made) : nullptr;
+  if (!mask) return false;
+  const bool alphaCounts = soft_ || bitmaps().DIB.DIBhasAlpha();
+  for (int y = 0; y < out.DIBHeight(); ++y) {
+    auto* row = reinterpret_cast<Pixel32*>(out.surface().pictureRow(y));
+    const auto* left = mask->empty() ? nullptr : reinterpret_cast<const Pixel32*>(mask->surface().pictureRow(y));
+    for (int x = 0; x < out.DIBWidth(); ++x) {
+      const bool covered = !left || left[x].colour() == kBlack;
+      row[x].alpha = !covered ? 0 : alphaCounts ? row[x].alpha : 255;
+    }
+  }
+  out.setDIBhasAlpha(true);
+  return true;
+}
+
+bool RegionEngine::grow(const clsDIB& pixels, Point corner) {
+  endGesture();
+  checkPicture();
+  if (!HasRegion() || pixels.surface().depth() != 32 || !pixels.DIBhasAlpha()) return false;
+  if (floats()) return growFloating(pixels, corner);
+  clsDIB seeThrough;
+  if (!leaveOutSeeThrough(pixels, seeThrough)) return false;
+  clsDIB& picture = bitmaps().DIB;
+  composeSoft(picture, picture, pixels, seeThrough, corner, 100);
+  context_.changed(Rect::fromSize(corner.x, corner.y, pixels.DIBWidth(), pixels.DIBHeight())
+                       .intersected(picture.surface().bounds()));
+  context_.events.NotifyToPrepareUndo();
+  return true;
+}
+
+bool RegionEngine::growFloating(const clsDIB& pixels, Point corner) {
+  CanvasBitmaps& b = bitmaps();
+  clsDIB region, mask;
+  if (!clsDIB::CloneDIB(pixels, region, kBlack, pixels.BottomUp()) || !leaveOutSeeThrough(region, mask)) return false;
+  if (!isPaste() && lifted_.empty()) lifted_ = std::move(b.DIBregion);
+  b.DIBregion = std::move(region);
+  b.DIBmask = std::move(mask);
+  soft_ = true;
+  oval_ = false;
+  const Rect before = std::exchange(box_, Rect::fromSize(corner.x, corner.y, pixels.DIBWidth(), pixels.DIBHeight()));
+  compose(before, flags_.RegionTranslucent);
+  context_.events.NotifyRegionMoved();
+  measure();
   return true;
 }
 

@@ -99,6 +99,12 @@ class RegionEngine {
   // floats they float on; a bare marquee's land at once, with NotifyToPrepareUndo. False, with nothing changed, without a
   // region or memory, or for another size.
   bool replace(const clsDIB& pixels);
+  // The region's own pixels as copy() gives them, but with alpha: 0 where the shape or transparency leaves them out.
+  bool copyCovered(clsDIB& out) const;
+  // Lays a picture with alpha where the region is, its top left at `corner`: what the region held, with more around it.
+  // What floats becomes that picture, as a soft one; under a bare marquee it lands at once, with NotifyToPrepareUndo.
+  // False, with nothing changed, without a region, alpha or memory.
+  bool grow(const clsDIB& pixels, Point corner);
   // Lets a picture of any depth float at the top left of what is seen, in tool 11. What floated was committed before.
   // False, with nothing changed, when there is no picture to paste on or to paste, or no memory.
   bool startPaste(const clsDIB& picture, const PasteManner& manner);
@@ -141,7 +147,9 @@ class RegionEngine {
   void abandonDrag();
   void abandonFloat();
 
+  const clsDIB* coverMask(const clsDIB& pixels, clsDIB& made) const;
   bool replaceFloating(const clsDIB& pixels);
+  bool growFloating(const clsDIB& pixels, Point corner);
   bool makeMask(const clsDIB& region, clsDIB& mask) const;
   bool refreshMask();
   void compose(const Rect& before, bool blended);
@@ -158,6 +166,7 @@ class RegionEngine {
   Stage stage_ = Stage::None;
   Gesture gesture_ = Gesture::None;
   bool oval_ = false;
+  bool liftedOval_ = false;  // the shape as it was lifted; one that has grown is a rectangle
   Rect box_;       // image pixels; of the rubber band, too
   Rect home_;      // where it was lifted
   clsDIB lifted_;  // the pixels as they were lifted, once they have been turned

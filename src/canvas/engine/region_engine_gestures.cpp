@@ -208,6 +208,7 @@ void RegionEngine::abandonFloat() {
   const Rect home = home_;
   const bool copies = drop();
   if (marqueeStays) {
+    oval_ = liftedOval_;
     settle(Stage::Standing, home);
     measure();
   }

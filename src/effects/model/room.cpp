@@ -30,4 +30,19 @@ bool makeRoom(clsDIB& picture, const Room& room, Pixel32 fill) {
   return true;
 }
 
+Rect shownPart(const clsDIB& picture) {
+  Rect part;
+  for (int y = 0; y < picture.DIBHeight(); ++y) {
+    const Pixel32* row = pixelRow(picture.surface(), y);
+    const Pixel32* end = row + picture.DIBWidth();
+    const auto shown = [](Pixel32 p) { return p.alpha != 0; };
+    const Pixel32* first = std::find_if(row, end, shown);
+    if (first == end) continue;
+    const Pixel32* last = end;
+    while (!shown(*(last - 1))) --last;
+    part = part.united({static_cast<int>(first - row), y, static_cast<int>(last - row), y + 1});
+  }
+  return part;
+}
+
 }  // namespace ruvo

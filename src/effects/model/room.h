@@ -17,4 +17,7 @@ struct Room {
 // allow it, the picture stays as it is. False without memory.
 bool makeRoom(clsDIB& picture, const Room& room, Pixel32 fill);
 
+// The box of the pixels of a picture with alpha that are not wholly see-through; empty when there is none.
+Rect shownPart(const clsDIB& picture);
+
 }  // namespace ruvo

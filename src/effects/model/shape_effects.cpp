@@ -134,7 +134,7 @@ constexpr Effect kEffects[] = {
     {"slant", "Slant", "Leans the picture to one side", kSlantArguments, applySlant},
     {"border", "Create Border", "Puts a border around the picture or over its edges", kBorderArguments, applyBorder},
     {"shadow", "Add Dropdown Shadow", "Throws a soft shadow under what the picture shows", kShadowArguments,
-     applyShadow},
+     applyShadow, true},
 };
 
 }  // namespace
