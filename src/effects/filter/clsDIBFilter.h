@@ -99,8 +99,9 @@ class clsDIBFilter {
   //   sx = cos u - sin v + (w + 1) \ 2, sy = sin u + cos v + (h + 1) \ 2,
   // or the fill colour with byte 3 zero where these, rounded, lie outside it. Without antialias it is the rounded pixel,
   // with antialias the mix of the four around the point, those beyond the edge replaced by the nearest inside; byte 3
-  // comes along. A rounded pixel of the transparent colour (below 0: none) gives the fill colour; another of the four in
-  // that colour counts as the rounded one. The target is a made surface of 32 bits other than the source.
+  // comes along, and where it is a DIB's alpha, a colour has as much part in the mix as is seen of it. A rounded pixel of
+  // the transparent colour (below 0: none) gives the fill colour; another of the four in that colour counts as the
+  // rounded one. The target is a made surface of 32 bits other than the source.
   bool RotateDIB_To_DIB(const clsDIB& Source, clsDIB& Target, double Angle, bool Antialias,
                         std::int64_t TransparentColor = -1, Colour FillColor = kWhite);
   bool RotatePic_To_DIB(const raster::Surface& Source, clsDIB& Target, double Angle, bool Antialias,
@@ -109,7 +110,8 @@ class clsDIBFilter {
                         std::int64_t TransparentColor = -1, Colour FillColor = kWhite);
 
   // Smooths the steps of sharp edges, at a strength of 0 to 100 percent: a pixel beside a step takes on of the one across
-  // the edge as much as a straight edge through the steps would cover. What has no edge stays as it is.
+  // the edge as much as a straight edge through the steps would cover. What has no edge stays as it is, and of a pixel
+  // that is less seen, by the DIB's alpha, less is taken on.
   bool doAntiAliasing(clsDIB& Target, int Strength);
   // Squares of block + 1 pixels, each in the colour of its pixel at the lowest row and column; the next square starts
   // block pixels on and covers the last line of the one before. Below 1, and on a picture of one row or column, nothing.
@@ -124,6 +126,8 @@ class clsDIBFilter {
   class ToneTables;
   bool tone(clsDIB& Target, const ToneTables& tables, std::int64_t ExcludeColor);
   bool relief(clsDIB& Target, float Weight, int LevelB, int LevelG, int LevelR);
+  bool turn(const raster::Surface& Source, bool HasAlpha, raster::Surface& Target, double Angle, bool Antialias,
+            std::int64_t TransparentColor, Colour FillColor);
   // Calls act(memory row) for each row and reports it; every operation's frame.
   template <typename Act>
   bool forRows(int height, const Act& act) {

@@ -110,6 +110,12 @@ std::uint32_t mixed(std::uint32_t p, std::uint32_t q, double part) {
   return wordOf(channel(blueIn(p), blueIn(q)), channel(greenIn(p), greenIn(q)), channel(redIn(p), redIn(q)));
 }
 
+// How far a pixel is seen beside another: 1 when it is no less opaque.
+double seenBeside(std::uint32_t pixel, std::uint32_t own) {
+  const std::uint32_t alpha = pixel >> 24, ownAlpha = own >> 24;
+  return alpha >= ownAlpha ? 1 : static_cast<double>(alpha) / ownAlpha;
+}
+
 }  // namespace
 
 bool clsDIBFilter::doAntiAliasing(clsDIB& Target, int Strength) {
@@ -117,6 +123,7 @@ bool clsDIBFilter::doAntiAliasing(clsDIB& Target, int Strength) {
   const double strength = std::clamp(Strength, 0, 100) / 100.0;
   raster::Surface& surface = Target.surface();
   const int width = Target.DIBWidth(), height = Target.DIBHeight();
+  const bool hasAlpha = Target.DIBhasAlpha();
   Brightness brightness;
   if (!brightness.take(surface)) return false;
   // The rows as they were that are overwritten but still needed.
@@ -131,7 +138,9 @@ bool clsDIBFilter::doAntiAliasing(clsDIB& Target, int Strength) {
       const Share share = shareOf(bright + x, brightness.stride(), {x, width - 1 - x, y, height - 1 - y});
       if (share.part <= 0) continue;
       const std::uint32_t* other = share.dy > 0 ? above : share.dy < 0 ? below.data() : present.data();
-      row[x] = recoloured(row[x], mixed(row[x], other[x + share.dx], share.part * strength));
+      const std::uint32_t across = other[x + share.dx];
+      const double seen = hasAlpha ? seenBeside(across, row[x]) : 1;
+      row[x] = recoloured(row[x], mixed(row[x], across, share.part * strength * seen));
     }
   });
 }

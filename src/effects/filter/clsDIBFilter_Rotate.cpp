@@ -49,11 +49,13 @@ class TurnedGrid {
 // The source by points, and what it gives.
 class Sampler {
  public:
-  Sampler(const raster::Surface& source, std::int64_t transparent, Colour fill)
+  // `alpha`: byte 3 says how far a pixel is seen.
+  Sampler(const raster::Surface& source, bool alpha, std::int64_t transparent, Colour fill)
       : top_(words(source, source.memoryRowOf(0))),
         step_((source.order() == raster::RowOrder::BottomUp ? -source.stride() : source.stride()) / 4),
         right_(source.width() - 1),
         bottom_(source.height() - 1),
+        alpha_(alpha),
         transparent_(transparent),
         fill_(filter::wordOf(fill)) {
     for (std::size_t c = 0; c < 256; ++c) byte_[c] = static_cast<double>(c);
@@ -78,12 +80,16 @@ class Sampler {
     if (!transparent_.none()) {
       for (std::uint32_t& corner : corners) corner = transparent_.covers(corner) ? near : corner;
     }
+    if (alpha_ && differInByte3(corners)) return mixSeen(corners, at.x - x, at.y - y);
     return mix(corners, at.x - x, at.y - y);
   }
 
  private:
   static bool outside(int at, int last) { return static_cast<unsigned>(at) > static_cast<unsigned>(last); }
   const std::uint32_t* pixel(int x, int y) const { return top_ + static_cast<std::ptrdiff_t>(y) * step_ + x; }
+  static bool differInByte3(const std::uint32_t (&c)[4]) {
+    return ((c[0] ^ c[1]) | (c[0] ^ c[2]) | (c[0] ^ c[3])) > kColourBytes;
+  }
   std::uint32_t mix(const std::uint32_t (&corners)[4], double fx, double fy) const {
     std::uint32_t result = 0;
     for (int shift = 0; shift < 32; shift += 8) {
@@ -94,10 +100,26 @@ class Sampler {
     }
     return result;
   }
+  // Colours that nobody sees have no part in the mix.
+  std::uint32_t mixSeen(const std::uint32_t (&corners)[4], double fx, double fy) const {
+    double parts[4] = {(1 - fx) * (1 - fy), fx * (1 - fy), (1 - fx) * fy, fx * fy};
+    double seen = 0;
+    for (int i = 0; i < 4; ++i) seen += parts[i] *= byte_[corners[i] >> 24];
+    const auto alpha = static_cast<std::uint32_t>(quickRound(seen));
+    if (alpha == 0) return 0;
+    std::uint32_t result = alpha << 24;
+    for (int shift = 0; shift < 24; shift += 8) {
+      double sum = 0;
+      for (int i = 0; i < 4; ++i) sum += parts[i] * byte_[corners[i] >> shift & 0xFF];
+      result |= static_cast<std::uint32_t>(quickRound(sum / seen)) << shift;
+    }
+    return result;
+  }
 
   const std::uint32_t* top_;
   std::ptrdiff_t step_;  // pixels from a line to the one below it
   int right_, bottom_;
+  bool alpha_;
   Exclusion transparent_;
   std::uint32_t fill_;
   std::array<double, 256> byte_;  // a conversion costs more than a look into a table
@@ -105,17 +127,17 @@ class Sampler {
 
 }  // namespace
 
-bool clsDIBFilter::RotatePic_To_Pic(const raster::Surface& Source, raster::Surface& Target, double Angle,
-                                    bool Antialias, std::int64_t TransparentColor, Colour FillColor) {
+bool clsDIBFilter::turn(const raster::Surface& Source, bool HasAlpha, raster::Surface& Target, double Angle,
+                        bool Antialias, std::int64_t TransparentColor, Colour FillColor) {
   if (Source.empty() || !workable(Target) || &Source == &Target) return true;
   if (Source.depth() != 32) {
     raster::Surface deep;
     if (!deep.create(Source.width(), Source.height(), 32)) return false;
     raster::blit(deep, 0, 0, Source);
-    return RotatePic_To_Pic(deep, Target, Angle, Antialias, TransparentColor, FillColor);
+    return turn(deep, false, Target, Angle, Antialias, TransparentColor, FillColor);
   }
   TurnedGrid grid(Source.size(), Target.size(), Angle);
-  const Sampler sampler(Source, TransparentColor, FillColor & kWhite);
+  const Sampler sampler(Source, HasAlpha, TransparentColor, FillColor & kWhite);
   const int width = Target.width();
   return forRows(Target.height(), [&](int y) {
     std::uint32_t* row = words(Target, Target.memoryRowOf(y));
@@ -128,6 +150,11 @@ bool clsDIBFilter::RotatePic_To_Pic(const raster::Surface& Source, raster::Surfa
   });
 }
 
+bool clsDIBFilter::RotatePic_To_Pic(const raster::Surface& Source, raster::Surface& Target, double Angle,
+                                    bool Antialias, std::int64_t TransparentColor, Colour FillColor) {
+  return turn(Source, false, Target, Angle, Antialias, TransparentColor, FillColor);
+}
+
 bool clsDIBFilter::RotatePic_To_DIB(const raster::Surface& Source, clsDIB& Target, double Angle, bool Antialias,
                                     std::int64_t TransparentColor, Colour FillColor) {
   return RotatePic_To_Pic(Source, Target.surface(), Angle, Antialias, TransparentColor, FillColor);
@@ -136,7 +163,7 @@ bool clsDIBFilter::RotatePic_To_DIB(const raster::Surface& Source, clsDIB& Targe
 bool clsDIBFilter::RotateDIB_To_DIB(const clsDIB& Source, clsDIB& Target, double Angle, bool Antialias,
                                     std::int64_t TransparentColor, Colour FillColor) {
   Target.setDIBhasAlpha(Source.DIBhasAlpha());
-  return RotatePic_To_DIB(Source.surface(), Target, Angle, Antialias, TransparentColor, FillColor);
+  return turn(Source.surface(), Source.DIBhasAlpha(), Target.surface(), Angle, Antialias, TransparentColor, FillColor);
 }
 
 }  // namespace ruvo

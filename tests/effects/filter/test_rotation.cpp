@@ -98,6 +98,22 @@ TEST(Rotation, theTransparentColourGivesTheFillAndNeverBleeds) {
                  ({"....", ".##.", ".##.", "...."}));
 }
 
+TEST(Rotation, aColourThatNobodySeesNeverBleeds) {
+  clsDIB source = test::dibOf(
+      9, 9, [](int x, int y) { return x > 2 && y > 2 && x < 6 && y < 6 ? Pixel32::opaque(kWhite) : Pixel32{}; });
+  source.setDIBhasAlpha(true);
+  const clsDIB result = turned(source, {9, 9}, 30, true);
+  int rims = 0;
+  for (int y = 0; y < 9; ++y) {
+    for (int x = 0; x < 9; ++x) {
+      const Pixel32 p = test::pixelAt(result, x, y);
+      if (p.alpha > 0) EXPECT_EQ(p.colour(), kWhite) << x << ' ' << y;
+      rims += p.alpha > 0 && p.alpha < 255;
+    }
+  }
+  EXPECT_GT(rims, 5);
+}
+
 TEST(Rotation, readsOtherDepthsAndLeavesWhatItCanNotDo) {
   clsDIB shallow = test::plainDib(2, 2, kBlack, 8), empty, target = test::plainDib(2, 2, kWhite);
   clsDIBFilter filter;
