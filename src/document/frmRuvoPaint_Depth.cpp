@@ -11,13 +11,14 @@ void frmRuvoPaint::Private::reduceColours(const ReductionItem& item) {
   // A reduction can be undone, so Enter may say Yes.
   if (!ask(qt(item.question), desktop::Buttons::YesNo)) return;
   setPixelPanel("");
-  changePicture([&](clsDIB& picture) {
+  const bool done = changePicture([&](clsDIB& picture) {
     const WaitCursor wait;
     const ProgressShown shown(link);
     const bool icon = upperCase(record.type) == "ICO" && !iconMask.dib.empty();
     return icon ? reduceIconColours(picture, iconMask.dib, item.reduction, shown.progress())
                 : ruvo::reduceColours(picture, item.reduction, shown.progress());
   });
+  if (!done) tellNoMemory();
 }
 
 }  // namespace ruvo
