@@ -70,7 +70,7 @@ bool clsDIBFilter::Pixelate(clsDIB& Target, int Block) {
   if (!workable(Target) || Block < 1) return true;
   raster::Surface& surface = Target.surface();
   const int width = Target.DIBWidth(), height = Target.DIBHeight();
-  if (width < 2 || height < 2) return true;
+  if (width < 2 || height < 2) return Filtertemp_ProgressEnd(), true;
   const Squares rows(Block, height), columns(Block, width);
   return forRows(height, [&](int y) {
     // A square's first pixel keeps its colour, so nothing needs a copy.

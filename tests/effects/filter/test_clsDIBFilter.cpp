@@ -246,15 +246,16 @@ TEST(clsDIBFilter, reportsOnceARowAndStopsWhenTold) {
   Heard heard;
   clsDIB line = greys({{1, 2, 3}});
   EXPECT_TRUE(clsDIBFilter(heard.progress()).Negative(line));
+  EXPECT_TRUE(clsDIBFilter(heard.progress()).Pixelate(line, 1));
   EXPECT_TRUE(heard.percents.empty());
-  EXPECT_EQ(heard.ends, 1);
+  EXPECT_EQ(heard.ends, 2);
 
   clsDIB tall = test::plainDib(3, 5, kWhite);
   EXPECT_TRUE(clsDIBFilter(heard.progress()).Soften(tall));
   EXPECT_EQ(heard.percents, (Levels{0, 25, 50, 75, 100}));
   heard.patience = 7;
   EXPECT_FALSE(clsDIBFilter(heard.progress()).Negative(tall));
-  EXPECT_EQ(heard.ends, 3);
+  EXPECT_EQ(heard.ends, 4);
   EXPECT_EQ(greens(tall, 1), (Levels{0, 0, 0}));
   EXPECT_EQ(greens(tall, 2), (Levels{255, 255, 255}));
   clsDIB empty, shallow = test::plainDib(2, 2, kBlack, 8);
@@ -287,6 +288,14 @@ TEST(clsDIBFilter, antialiasingFillsStepsAndNothingElse) {
   dib = test::dibOf(square);
   plain.doAntiAliasing(dib, 100);
   EXPECT_TRUE(test::samePicture(test::rowsOf(dib), square));
+  // A colour that nobody sees leaves no rim.
+  const auto stepped = [](int x, int y) { return y > x / 4 ? Pixel32::opaque(kWhite) : Pixel32{}; };
+  for (const bool hasAlpha : {false, true}) {
+    clsDIB cutOut = test::dibOf(8, 4, stepped);
+    cutOut.setDIBhasAlpha(hasAlpha);
+    plain.doAntiAliasing(cutOut, 100);
+    EXPECT_EQ(greens(cutOut, 1)[4] == 255, hasAlpha);
+  }
 }
 
 TEST(clsDIBFilter, shadowFallsOnTheBackgroundOnly) {
