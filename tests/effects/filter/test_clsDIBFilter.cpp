@@ -294,7 +294,7 @@ TEST(clsDIBFilter, antialiasingFillsStepsAndNothingElse) {
     clsDIB cutOut = test::dibOf(8, 4, stepped);
     cutOut.setDIBhasAlpha(hasAlpha);
     plain.doAntiAliasing(cutOut, 100);
-    EXPECT_EQ(greens(cutOut, 1)[4] == 255, hasAlpha);
+    EXPECT_EQ(greens(cutOut, 2)[3] == 255, hasAlpha);
   }
 }
 
