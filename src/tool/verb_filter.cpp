@@ -128,7 +128,7 @@ bool readValues(const Effect& effect, std::span<const std::string> words, std::v
     next = entry.place + 1;
     const EffectArgument& argument = effect.arguments[entry.place];
     if (argument.kind == EffectValueKind::Picture) {
-      ReadPicture read = readFile(std::string(entry.text), {}, console);
+      ReadPicture read = readFile(std::string(entry.text), {.keepAlpha = true}, console);
       if (!read) return false;
       values[entry.place].picture = std::make_shared<clsDIB>(std::move(read.dib));
       continue;

@@ -36,6 +36,14 @@ TEST_F(ToolEffects, FiltersByValuesInOrderByNameAndByStandards) {
   EXPECT_EQ(after({"filter", "tile", at("in.png")}), "3x3 #........");
 }
 
+TEST_F(ToolEffects, ASecondPictureCountsAsFarAsItIsSeen) {
+  clsDIB second = test::dibOf(2, 1, [](int x, int) { return x == 0 ? Pixel32{} : Pixel32::opaque(rgb(255, 0, 0)); });
+  second.setDIBhasAlpha(true);
+  putPng("second.png", second);
+  EXPECT_EQ(after({"filter", "layer", at("second.png")}), "3x3 #r.......");
+  EXPECT_EQ(after({"filter", "tile", at("second.png")}), "3x3 .r..r..r.");
+}
+
 TEST_F(ToolEffects, FilterRefusesInWordsAndWritesNothing) {
   for (const auto& [words, told] : std::vector<std::pair<std::vector<std::string>, std::string>>{
            {{"filter", "sparkle"}, "there is no filter \"sparkle\""},

@@ -51,11 +51,21 @@ bool grainize(clsDIB& picture, const EffectInput& input, const Progress& progres
   return clsDIBFilter(progress).Grainize(picture, static_cast<float>(input.real(0) / 100), random,
                                          input.colourOrNone(1));
 }
+// Hands on the second picture as it is seen: what is see-through is white, whatever colour nobody sees there.
+template <typename Act>
+bool withSeen(const clsDIB& second, const Act& act) {
+  if (!second.DIBhasAlpha()) return act(second);
+  clsDIB flat;
+  if (!flat.CreateBlankDIB(second.DIBWidth(), second.DIBHeight(), 32, kWhite, second.BottomUp())) return false;
+  clsDIB::Display_DIB_With_Alpha(second, flat.surface(), kWhite);
+  return act(flat);
+}
 bool texturize(clsDIB& picture, const EffectInput& input, const Progress& progress) {
-  return clsDIBFilter(progress).Texturize(picture, input.picture(0));
+  return withSeen(input.picture(0),
+                  [&](const clsDIB& relief) { return clsDIBFilter(progress).Texturize(picture, relief); });
 }
 bool tile(clsDIB& picture, const EffectInput& input, const Progress& progress) {
-  return clsDIBFilter(progress).Tile(picture, input.picture(0));
+  return withSeen(input.picture(0), [&](const clsDIB& one) { return clsDIBFilter(progress).Tile(picture, one); });
 }
 
 constexpr Effect kEffects[] = {
