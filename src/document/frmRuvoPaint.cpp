@@ -31,7 +31,8 @@ frmRuvoPaint::Private::Private(frmRuvoPaint& owner, MainWindowLink& mainWindow, 
   QObject::connect(menus->menu("mnuEdit"), &QMenu::aboutToShow, &self, [this] { self.updateEditButtons(); });
   effectHost.loadPicture = [this](QWidget*) -> std::shared_ptr<const clsDIB> {
     auto picture = std::make_shared<clsDIB>();
-    return loadCustomPicture(QStringLiteral("Effect"), *picture) ? picture : nullptr;
+    // What is see-through in it stays so.
+    return loadChosenPicture(QStringLiteral("Effect"), {.keepAlpha = true}, *picture) ? picture : nullptr;
   };
   connectCanvas();
   connectMeasures();

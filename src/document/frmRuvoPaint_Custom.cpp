@@ -35,30 +35,42 @@ bool frmRuvoPaint::Private::paintsEnough(const clsDIB& mask) {
 }
 
 // False when cancelled or refused (in words).
-bool frmRuvoPaint::Private::loadCustomPicture(const QString& folderKey, clsDIB& picture) {
+bool frmRuvoPaint::Private::loadChosenPicture(const QString& folderKey, const ReadRequest& request, clsDIB& picture) {
   const QString last = link.lastFolder(folderKey);
   const QString file = desktop::desktop().openFile(link.window(), tr("Load image"),
                                                    last.isEmpty() ? folderForFiles() : last, qt(openFilter()));
   if (file.isEmpty()) return false;
   const std::string path = file.toStdString();
+  const OpenPlan plan = planOpen(path);
   LoadedPicture loaded;
-  {
+  loaded.fault = plan.fault;
+  if (plan.fault == OpenFault::None) {
     const WaitCursor wait;
-    loaded = loadPicture(path);
-    // A tool knows no half transparency: the picture is taken as it looks on white.
-    if (loaded.fault == OpenFault::None && loaded.dib.DIBhasAlpha()) {
-      clsDIB flat;
-      if (!flattenedCopy(loaded.dib, flat)) loaded.fault = OpenFault::LoadFailed;
-      loaded.dib = std::move(flat);
-    }
+    loaded = loadPicture(path, plan, request);
   }
   if (loaded.fault != OpenFault::None) return refuseOpen(loaded.fault, path, false);
   link.setLastFolder(folderKey, file.section('/', 0, -2));
-  if (loaded.dib.DIBWidth() < kSmallestCustom.width || loaded.dib.DIBHeight() < kSmallestCustom.height) {
+  picture = std::move(loaded.dib);
+  return true;
+}
+
+// The same; and a tool knows no half transparency: the picture is taken as it looks on white.
+bool frmRuvoPaint::Private::loadCustomPicture(const QString& folderKey, clsDIB& picture) {
+  clsDIB loaded;
+  if (!loadChosenPicture(folderKey, {}, loaded)) return false;
+  if (loaded.DIBhasAlpha()) {
+    clsDIB flat;
+    if (!flattenedCopy(loaded, flat)) {
+      tellNoMemory();
+      return false;
+    }
+    loaded = std::move(flat);
+  }
+  if (loaded.DIBWidth() < kSmallestCustom.width || loaded.DIBHeight() < kSmallestCustom.height) {
     tell(tooSmallText());
     return false;
   }
-  picture = std::move(loaded.dib);
+  picture = std::move(loaded);
   return true;
 }
 

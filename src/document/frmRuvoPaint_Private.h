@@ -192,6 +192,7 @@ struct frmRuvoPaint::Private {
   void tellNoMemory();
   template <typename Step>
   void restoreState(Step step);
+  bool loadChosenPicture(const QString& folderKey, const ReadRequest& request, clsDIB& picture);
   bool loadCustomPicture(const QString& folderKey, clsDIB& picture);
   bool loadMaskedPicture(const QString& folderKey, clsDIB& picture, clsDIB& mask);
   bool paintsEnough(const clsDIB& mask);
