@@ -128,6 +128,24 @@ TEST_F(DocumentEffects, AFloatingPasteIsChangedWhereItFloats) {
   EXPECT_EQ(colourAt(20, 20), QColor(60, 80, 40).name());
 }
 
+TEST_F(DocumentEffects, ASecondPictureIsLaidWithItsAlpha) {
+  QImage second(2, 1, QImage::Format_ARGB32);
+  second.setPixelColor(0, 0, QColor(0, 0, 0, 0));
+  second.setPixelColor(1, 0, Qt::red);
+  const clsDIB before = copyOf(picture());
+  desktop.expectOpen(write("second.png", second));
+  run("mnuLayerSub", 0, "frmRuvoLayerOp", [](QWidget& window) {
+    press(window, "cmdPicture");
+    press(window, "cmdProceed");
+  });
+  int changes = 0;
+  for (int y = 0; y < before.DIBHeight(); ++y) {
+    for (int x = 0; x < before.DIBWidth(); ++x)
+      changes += test::pixelAt(picture(), x, y) != test::pixelAt(before, x, y);
+  }
+  EXPECT_EQ(changes, 1);
+}
+
 TEST_F(DocumentEffects, AnyAngleTurnsThePictureOrTheRegion) {
   run("mnuRotateSub", 5, "frmRuvoRotate", [](QWidget& window) { press(window, "cmdProceed"); });
   EXPECT_EQ(picture().size(), (Size{52, 52}));
