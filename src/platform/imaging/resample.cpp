@@ -80,6 +80,16 @@ void filterAcross(const Row& in, const Taps& taps, Row& out) {
   }
 }
 
+void addWeighted(const Row& in, float weight, Row& sum) {
+  const float* p = in.data();
+  float* s = sum.data();
+  const std::size_t count = sum.size();
+  for (std::size_t i = 0; i < count; ++i) s[i] += weight * p[i];
+}
+
+// More pixels than this are not kept filtered across at a time.
+constexpr std::size_t kMostKept = 2000000;
+
 // The source rows that the current target row needs, filtered across already; each source row is filtered once.
 class RowWindow {
  public:
@@ -112,12 +122,35 @@ class RowWindow {
   int next_ = 0;
 };
 
-void addWeighted(const Row& in, float weight, Row& sum) {
-  const float* p = in.data();
-  float* s = sum.data();
-  const std::size_t count = sum.size();
-  for (std::size_t i = 0; i < count; ++i) s[i] += weight * p[i];
-}
+// For a target row that many source rows go into: they are summed up first, and the sum is filtered across. Source rows
+// are read anew for each target row, but none is kept.
+class RowSums {
+ public:
+  RowSums(const raster::Surface& source, int targetWidth, bool hasAlpha)
+      : rows_(source),
+        sourceWidth_(source.width()),
+        hasAlpha_(hasAlpha),
+        across_(tapsFor(source.width(), targetWidth)),
+        wide_(static_cast<std::size_t>(source.width()) * 4),
+        sum_(wide_.size()) {}
+
+  void filter(const Taps& down, const Taps::Span& span, Row& out) {
+    std::fill(sum_.begin(), sum_.end(), 0.0f);
+    for (int k = 0; k < span.count; ++k) {
+      toFloats(rows_.row(span.first + k), sourceWidth_, hasAlpha_, wide_);
+      addWeighted(wide_, down.weights[span.at + static_cast<std::size_t>(k)], sum_);
+    }
+    filterAcross(sum_, across_, out);
+  }
+
+ private:
+  RowExpander rows_;
+  int sourceWidth_;
+  bool hasAlpha_;
+  Taps across_;
+  Row wide_;
+  Row sum_;
+};
 
 std::uint8_t roundedByte(float value) {
   return static_cast<std::uint8_t>(static_cast<int>(std::clamp(value, 0.0f, 255.0f) + 0.5f));
@@ -204,15 +237,26 @@ void resampleBicubic(const raster::Surface& source, raster::Surface& target, boo
   const Taps down = tapsFor(source.height(), target.height());
   int most = 1;
   for (const Taps::Span& span : down.spans) most = std::max(most, span.count);
-  RowWindow window(source, target.width(), alpha, most);
+  const bool keeps = static_cast<std::size_t>(most) * static_cast<std::size_t>(target.width()) <= kMostKept;
+  std::optional<RowWindow> window;
+  std::optional<RowSums> sums;
+  if (keeps) {
+    window.emplace(source, target.width(), alpha, most);
+  } else {
+    sums.emplace(source, target.width(), alpha);
+  }
   RowStore store(target);
   Row sum(static_cast<std::size_t>(target.width()) * 4);
   for (int y = 0; y < target.height(); ++y) {
     const Taps::Span& span = down.spans[y];
-    std::fill(sum.begin(), sum.end(), 0.0f);
-    // The last row first: the window is then filled as far as this target row needs and holds all of its rows.
-    window.row(span.first + span.count - 1);
-    for (int k = 0; k < span.count; ++k) addWeighted(window.row(span.first + k), down.weights[span.at + k], sum);
+    if (keeps) {
+      std::fill(sum.begin(), sum.end(), 0.0f);
+      // The last row first: the window is then filled as far as this target row needs and holds all of its rows.
+      window->row(span.first + span.count - 1);
+      for (int k = 0; k < span.count; ++k) addWeighted(window->row(span.first + k), down.weights[span.at + k], sum);
+    } else {
+      sums->filter(down, span, sum);
+    }
     toPixels(sum, alpha, store.begin(y), target.width());
     store.end(y);
     progress.report(static_cast<int>((y + 1LL) * 100 / target.height()));

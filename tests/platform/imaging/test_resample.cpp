@@ -73,6 +73,21 @@ TEST(Resample, ShrinkingCountsEverySourcePixel) {
   EXPECT_LE(farthest(&small, [](int, int) { return Pixel32{127, 127, 127, 0}; }), 3);
 }
 
+// So many rows go into each of so wide a target row that they can not be kept: a ramp down becomes its mean, the alpha too.
+TEST(Resample, AColumnBecomesALine) {
+  Surface column = surfaceOf(1, 32760, [](int, int y) {
+    const auto level = static_cast<std::uint8_t>(y * 200 / 32760);
+    return Pixel32{level, level, 30, 255};
+  });
+  Surface line = blank(32760, 1);
+  resampleBicubic(column, line, true);
+  for (const int x : {0, 16000, 32759}) {
+    EXPECT_NEAR(pixelAt(line, x, 0).blue, 100, 1);
+    EXPECT_EQ(pixelAt(line, x, 0).red, 30);
+    EXPECT_EQ(pixelAt(line, x, 0).alpha, 255);
+  }
+}
+
 TEST(Resample, SeeThroughColoursDoNotBleed) {
   const auto half = [](int x, int) { return x < 10 ? Pixel32{0, 0, 200, 255} : Pixel32{255, 255, 0, 0}; };
   Surface target = blank(7, 7);
