@@ -54,8 +54,10 @@ frmRuvoLayerOp::frmRuvoLayerOp(const EffectSubject& subject, EffectHost& host, Q
   auto* center = namedButton("cmdCenter", tr("&Center"), this);
   center->setToolTip(tr("Puts the second picture in the middle"));
   connect(center, &QPushButton::clicked, this, &frmRuvoLayerOp::centre);
-  controls()->insertWidget(1, center, 0, Qt::AlignLeft);
-  controls()->insertWidget(2, namedLabel("lblHint", tr("Drag the second picture on the sample to its place."), this));
+  auto* hint = namedLabel("lblHint", tr("Drag the second picture on the sample to its place."), this);
+  // Below the rows, above what stretches.
+  controls()->insertWidget(controls()->count() - 1, center, 0, Qt::AlignLeft);
+  controls()->insertWidget(controls()->count() - 1, hint);
   connect(&entered(), &EffectControls::changed, this, &frmRuvoLayerOp::limitPlace);
   for (QWidget* part : sample()->picture().findChildren<QWidget*>()) part->installEventFilter(this);
 }

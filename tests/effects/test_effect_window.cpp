@@ -4,6 +4,7 @@
 #include "effect_fixture.h"
 #include "effects/argument_window.h"
 #include "effects/model/effect_table.h"
+#include "effects/model/pixel_cover.h"
 
 namespace ruvo {
 namespace {
@@ -119,6 +120,22 @@ TEST_F(EffectWindowTest, RowsAreNotSqueezedOnASmallScreen) {
   show(window);
   for (const auto* label : window.findChildren<QLabel*>()) EXPECT_GE(label->width(), label->sizeHint().width());
   for (const auto* slider : window.findChildren<QSlider*>()) EXPECT_GE(slider->width(), slider->minimumWidth());
+}
+
+TEST_F(EffectWindowTest, AGradientOnWhatFloatsKeepsItsOutline) {
+  Pixel32* row = pixelRow(picture.surface(), 0);
+  for (int x = 0; x < picture.DIBWidth(); ++x) row[x].alpha = x == 0 ? 255 : x == 1 ? 90 : 0;
+  picture.setDIBhasAlpha(true);
+  EffectHost host;
+  ArgumentWindow window("frmRuvoGradient", *effectOf("gradient"), {picture, true}, host, nullptr);
+  show(window);
+  const Pixel32 before = row[1];
+  const clsDIB result = proceed(window);
+  const Pixel32* after = pixelRow(result.surface(), 0);
+  EXPECT_NE(after[1].colour(), before.colour());
+  EXPECT_EQ(after[0].alpha, 255);
+  EXPECT_EQ(after[1].alpha, 90);
+  EXPECT_EQ(after[2].alpha, 0);
 }
 
 TEST_F(EffectWindowTest, TheSampleIsReducedOrAtFullSize) {

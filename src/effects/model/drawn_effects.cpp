@@ -23,8 +23,8 @@ constexpr EffectArgument kGradientArguments[] = {
     {"first", "F&irst color", Kind::ColourOrNone, kNoColour, kWhite, rgb(66, 28, 122)},
     {"second", "&Second color", Kind::ColourOrNone, kNoColour, kWhite, rgb(255, 158, 96)},
     {"angle", "&Angle (0 is upwards)", Kind::Whole, 0, 359, 180, "degrees"},
-    {"across", "Centre a&cross", Kind::Whole, 0, 100, 50, "%"},
-    {"down", "Centre do&wn", Kind::Whole, 0, 100, 50, "%"},
+    {"across", "Center a&cross", Kind::Whole, 0, 100, 50, "%"},
+    {"down", "Center do&wn", Kind::Whole, 0, 100, 50, "%"},
     {"midpoint", "&Midpoint", Kind::Whole, 1, 99, 50, "%"},
     {"mixing", "Mi&xing", Kind::Choice, 0, 1, 0, "", kMixings},
     {"strength", "S&trength", Kind::Whole, 0, 100, 100, "%"},
@@ -41,7 +41,12 @@ bool applyGradient(clsDIB& picture, const EffectInput& input, const Progress& pr
   gradient.centreY = share(input, kDown);
   gradient.midpoint = share(input, kMidpoint);
   gradient.strength = share(input, kStrength);
-  return drawGradient(picture, gradient, progress);
+  // What floats in a region takes the colours and keeps its outline, letters above all.
+  const bool outlined = input.keepSize && picture.DIBhasAlpha();
+  if (outlined) picture.setDIBhasAlpha(false);
+  const bool done = drawGradient(picture, gradient, progress);
+  if (outlined) picture.setDIBhasAlpha(true);
+  return done;
 }
 
 // --- Grid
@@ -87,8 +92,8 @@ bool applyGrid(clsDIB& picture, const EffectInput& input, const Progress& progre
 enum SolidArgument { kSize, kSolidAcross, kSolidDown, kSolidColour, kOwnArguments };
 enum SolidEndArgument { kLightFrom, kLightHeight, kAmbient, kGloss, kShadow, kBackground };
 constexpr EffectArgument kSizeRow = {"size", "&Size", Kind::Whole, 1, 200, 70, "%"};
-constexpr EffectArgument kAcrossRow = {"across", "Centre a&cross", Kind::Whole, 0, 100, 50, "%"};
-constexpr EffectArgument kDownRow = {"down", "Centre do&wn", Kind::Whole, 0, 100, 50, "%"};
+constexpr EffectArgument kAcrossRow = {"across", "Center a&cross", Kind::Whole, 0, 100, 50, "%"};
+constexpr EffectArgument kDownRow = {"down", "Center do&wn", Kind::Whole, 0, 100, 50, "%"};
 constexpr EffectArgument colourRow(Colour standard) {
   return {"colour", "C&olor", Kind::PlainColour, 0, kWhite, static_cast<double>(standard)};
 }
