@@ -24,13 +24,13 @@ clsDIB frmRuvoPaint::Private::beneath(const Rect& box) const {
   return ground;
 }
 
-bool frmRuvoPaint::Private::changeSubject(const Make& make) {
+bool frmRuvoPaint::Private::changeSubject(const Make& make, bool movesPixels) {
   if (!hasPicture()) return false;
   if (!canvas->HasRegion()) {
     return changePicture([&](clsDIB& picture) {
       clsDIB result;
       if (!make({picture}, result)) return false;
-      if (result.size() != picture.size()) iconMask = {};
+      if (movesPixels || result.size() != picture.size()) iconMask = {};
       picture = std::move(result);
       return true;
     });
@@ -91,7 +91,7 @@ void frmRuvoPaint::Private::runEffect(const EffectItem& item) {
   if (effect && effect->reachesOut && hasPicture() && canvas->HasRegion()) {
     changeAroundRegion(make);
   } else {
-    changeSubject(make);
+    changeSubject(make, effect && effect->movesPixels);
   }
 }
 
@@ -103,7 +103,7 @@ void frmRuvoPaint::Private::rotateByAngle() {
   if (hasPicture() && canvas->HasRegion()) {
     turnRegion(make);
   } else {
-    changeSubject(make);
+    changeSubject(make, true);
   }
 }
 

@@ -119,7 +119,7 @@ struct frmRuvoPaint::Private {
   // The same for what may act on a part: `make` makes a new picture of what the region holds, else of the picture.
   // What floats in a region stays afloat, and is a state when it is put down.
   using Make = std::function<bool(const EffectSubject& subject, clsDIB& result)>;
-  bool changeSubject(const Make& make);
+  bool changeSubject(const Make& make, bool movesPixels = false);  // the latter of the whole picture
   // The same of what may fall beside the region, too: `make` gets room around what the region holds.
   bool changeAroundRegion(const Make& make);
   bool turnRegion(const Make& make);

@@ -86,7 +86,8 @@ struct Effect {
   // `progress` was stopped; then what is left of the picture is of no use. Byte 3 of a pixel stays as it is where the
   // effect works in place.
   bool (*apply)(clsDIB& picture, const EffectInput& input, const Progress& progress);
-  bool reachesOut = false;  // of a region: it falls on the picture around, too
+  bool reachesOut = false;   // of a region: it falls on the picture around, too
+  bool movesPixels = false;  // to other places, where nothing that belonged to the old ones fits
 };
 
 // A value for each argument: its standard.

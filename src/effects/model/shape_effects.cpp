@@ -130,8 +130,8 @@ bool applyShadow(clsDIB& picture, const EffectInput& input, const Progress& prog
 constexpr Effect kEffects[] = {
     {"bevel", "Bevel", "Makes the edges look raised or sunken", kBevelArguments, applyBevel},
     {"perspective", "Perspective", "Shows the picture as if one side were farther away", kPerspectiveArguments,
-     applyPerspective},
-    {"slant", "Slant", "Leans the picture to one side", kSlantArguments, applySlant},
+     applyPerspective, false, true},
+    {"slant", "Slant", "Leans the picture to one side", kSlantArguments, applySlant, false, true},
     {"border", "Create Border", "Puts a border around the picture or over its edges", kBorderArguments, applyBorder},
     {"shadow", "Add Dropdown Shadow", "Throws a soft shadow under what the picture shows", kShadowArguments,
      applyShadow, true},
