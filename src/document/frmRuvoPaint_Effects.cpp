@@ -78,7 +78,7 @@ bool frmRuvoPaint::Private::growTrimmed(const clsDIB& picture, Point corner) {
 }
 
 void frmRuvoPaint::Private::tellNoMemory() {
-  tell(tr("Not enough memory for this operation."));
+  tell(tr(kNoMemoryText));
 }
 
 void frmRuvoPaint::Private::runEffect(const EffectItem& item) {

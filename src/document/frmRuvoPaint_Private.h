@@ -70,7 +70,7 @@ struct frmRuvoPaint::Private {
   QPointer<frmRuvoPanoramic> panoramic;  // while it is shown
   std::vector<QString> dropped;          // files that wait for the end of a dialog
   EffectHost effectHost;
-  TextChoices floatingText;              // what floats, while it is a text
+  TextChoices floatingText;  // what floats, while it is a text
 
   SessionState& session() { return link.session(); }
   bool hasPicture() const { return !canvas->DIB().empty(); }

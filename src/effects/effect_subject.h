@@ -13,10 +13,13 @@ class QWidget;
 
 namespace ruvo {
 
+// Told when an effect, or another command that makes a new picture, has no room for it.
+inline constexpr const char* kNoMemoryText = "Not enough memory for this operation.";
+
 // What an effect is to change; the picture outlives the window.
 struct EffectSubject {
   const clsDIB& picture;
-  bool region = false;               // what a region holds, which keeps its size
+  bool region = false;              // what a region holds, which keeps its size
   const clsDIB* beneath = nullptr;  // of a region that can be seen through: what lies under it, of its size
 };
 

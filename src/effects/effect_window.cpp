@@ -126,7 +126,7 @@ void EffectWindow::accept() {
     result_ = std::move(work);
     QDialog::accept();
   } else if (!stopped_) {
-    desktop.message(this, tr("Not enough memory for this operation."), desktop::Icon::Exclamation);
+    desktop.message(this, tr(kNoMemoryText), desktop::Icon::Exclamation);
   }
 }
 

@@ -28,7 +28,8 @@ frmRuvoTile::frmRuvoTile(const EffectSubject& subject, EffectHost& host, QWidget
   canvas_->setSuspendCanvasResizeByEdgeDragging(true);
   auto* load = namedButton("cmdLoad", tr("&Load image ...."), this);
   auto* own = namedButton("cmdUsePicture", tr("&Use the picture itself"), this);
-  auto* hint = namedLabel("lblHint", tr("Mark the part that is to be repeated; without a mark it is the whole image."), this);
+  auto* hint =
+      namedLabel("lblHint", tr("Mark the part that is to be repeated; without a mark it is the whole image."), this);
   hint->setWordWrap(true);
   size_ = namedLabel("lblTileSize", {}, this);
 
@@ -75,14 +76,14 @@ void frmRuvoTile::takeTile() {
 }
 
 QString frmRuvoTile::refusal() {
-  return tile_.empty() ? tr("Not enough memory for this operation.") : QString();
+  return tile_.empty() ? tr(kNoMemoryText) : QString();
 }
 
 bool frmRuvoTile::apply(clsDIB& picture, double scale, const Progress& progress) {
   if (tile_.empty()) return false;
   auto tile = std::make_shared<clsDIB>();
-  const bool copied = scale == 1 ? clsDIB::CloneDIB(tile_, *tile, kWhite, tile_.BottomUp())
-                                 : reducedCopy(tile_, scale, *tile);
+  const bool copied =
+      scale == 1 ? clsDIB::CloneDIB(tile_, *tile, kWhite, tile_.BottomUp()) : reducedCopy(tile_, scale, *tile);
   if (!copied) return false;
   EffectInput input({{0, tile}});
   input.scale = scale;

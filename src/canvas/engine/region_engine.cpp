@@ -400,19 +400,12 @@ bool RegionEngine::erase() {
   return changes;
 }
 
-bool RegionEngine::copy(clsDIB& out) const {
+// The pixels of what floats, or those under a bare marquee; nothing is left out.
+bool RegionEngine::takeHeld(clsDIB& out) const {
   const CanvasBitmaps& b = bitmaps();
   if (!HasRegion() || !picture_.isStill(b.DIB)) return false;
-  const bool taken = floats() ? takeRegionPixels(b.DIBregion, b.DIBregion.surface().bounds(), out)
-                              : takeRegionPixels(b.DIB, box_, out);
-  if (!taken) return false;
-  // Letters keep their colour where they are see-through: white there would come back as a rim.
-  if (soft_ && !keyColour()) return true;
-  clsDIB made;
-  const clsDIB* mask = coverMask(out, made);
-  if (!mask) return false;
-  ClearAreasOutsideImageShape(out, *mask, kWhite, soft_ ? 0 : brush::writtenAlpha(out));
-  return true;
+  return floats() ? takeRegionPixels(b.DIBregion, b.DIBregion.surface().bounds(), out)
+                  : takeRegionPixels(b.DIB, box_, out);
 }
 
 // The mask of the pixels that the region holds; null without memory. What floats may have been turned, and its mask with
@@ -422,13 +415,20 @@ const clsDIB* RegionEngine::coverMask(const clsDIB& pixels, clsDIB& made) const 
   return makeMask(pixels, made) ? &made : nullptr;
 }
 
+bool RegionEngine::copy(clsDIB& out) const {
+  if (!takeHeld(out)) return false;
+  // Letters keep their colour where they are see-through: white there would come back as a rim.
+  if (soft_ && !keyColour()) return true;
+  clsDIB made;
+  const clsDIB* mask = coverMask(out, made);
+  if (!mask) return false;
+  ClearAreasOutsideImageShape(out, *mask, kWhite, soft_ ? 0 : brush::writtenAlpha(out));
+  return true;
+}
+
 bool RegionEngine::copyCovered(clsDIB& out) const {
-  clsDIB held, made;
-  if (!copy(out)) return false;
-  // A key colour is looked for in the pixels as they were, not where the copy has become white.
-  const bool taken = floats() ? takeRegionPixels(bitmaps().DIBregion, bitmaps().DIBregion.surface().bounds(), held)
-                              : takeRegionPixels(bitmaps().DIB, box_, held);
-  const clsDIB* mask = taken ? coverMask(held, made) : nullptr;
+  clsDIB made;
+  const clsDIB* mask = takeHeld(out) ? coverMask(out, made) : nullptr;
   if (!mask) return false;
   const bool alphaCounts = soft_ || bitmaps().DIB.DIBhasAlpha();
   for (int y = 0; y < out.DIBHeight(); ++y) {
@@ -436,6 +436,7 @@ bool RegionEngine::copyCovered(clsDIB& out) const {
     const auto* left = mask->empty() ? nullptr : reinterpret_cast<const Pixel32*>(mask->surface().pictureRow(y));
     for (int x = 0; x < out.DIBWidth(); ++x) {
       const bool covered = !left || left[x].colour() == kBlack;
+      if (!covered && !soft_) row[x] = Pixel32::plain(kWhite);
       row[x].alpha = !covered ? 0 : alphaCounts ? row[x].alpha : 255;
     }
   }

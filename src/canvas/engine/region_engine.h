@@ -147,6 +147,7 @@ class RegionEngine {
   void abandonDrag();
   void abandonFloat();
 
+  bool takeHeld(clsDIB& out) const;
   const clsDIB* coverMask(const clsDIB& pixels, clsDIB& made) const;
   bool replaceFloating(const clsDIB& pixels);
   bool growFloating(const clsDIB& pixels, Point corner);
@@ -167,9 +168,9 @@ class RegionEngine {
   Gesture gesture_ = Gesture::None;
   bool oval_ = false;
   bool liftedOval_ = false;  // the shape as it was lifted; one that has grown is a rectangle
-  Rect box_;       // image pixels; of the rubber band, too
-  Rect home_;      // where it was lifted
-  clsDIB lifted_;  // the pixels as they were lifted, once they have been turned
+  Rect box_;                 // image pixels; of the rubber band, too
+  Rect home_;                // where it was lifted
+  clsDIB lifted_;            // the pixels as they were lifted, once they have been turned
   RegionFlags flags_;
   bool pasteOn_ = false, pasteOnText_ = false;
   bool soft_ = false;

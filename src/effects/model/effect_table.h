@@ -16,8 +16,8 @@ std::span<const Effect> drawnEffects();    // gradient, grid, cube, sphere
 std::span<const Effect> layerEffects();    // a second picture
 
 // What many of them take last: a colour whose pixels stay as they are.
-inline constexpr EffectArgument kExclude = {"exclude", "E&xclude color", EffectValueKind::ColourOrNone, kNoColour,
-                                            kWhite,    kNoColour};
+inline constexpr EffectArgument kExclude = {"exclude", "E&xclude color", EffectValueKind::ColourOrNone,
+                                            kNoColour, kWhite,           kNoColour};
 
 // Every effect, in the order in which help lists them.
 std::span<const Effect> effectTable();
@@ -26,7 +26,7 @@ const Effect* effectOf(std::string_view name);
 
 // One item of the Effects menu, or of another to which an effect belongs.
 struct EffectItem {
-  const char* control;  // "mnuEffectsSub"
+  const char* control;                   // "mnuEffectsSub"
   int index;                             // -1 for the parent of others
   const char* parent;                    // control of the row above
   const char* text;                      // as shown; "-" is a separator, a parent of others has no effect
